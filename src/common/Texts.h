@@ -1,0 +1,89 @@
+#pragma once
+
+// The program's operator texts, exactly as the radio's original tools word them (spacing,
+// punctuation and spelling included: files, manuals and operators' habits depend on them).
+// Numbered texts keep the ids of the original string resource; the others are named.
+// Format texts keep their printf placeholders; fill them with koral::text::format.
+
+#include <string>
+#include <string_view>
+
+namespace koral::text {
+
+namespace id {
+inline constexpr int CommandInProgress = 1;
+inline constexpr int LinkEstablishedOnSilentNet = 2;
+inline constexpr int StationBusy = 3;
+inline constexpr int ChannelBusy = 4;
+inline constexpr int LinkEstablished = 5;
+inline constexpr int NoLinkEstablished = 6;
+inline constexpr int CommunicationTestPassed = 7;
+inline constexpr int CommunicationTestFailed = 9;
+inline constexpr int LastCommandFailed = 23;
+inline constexpr int TxOutOfRange = 61463;
+inline constexpr int RxOutOfRange = 61464;
+inline constexpr int CannotOpenPort = 61465;
+inline constexpr int NoResponse = 61466;
+inline constexpr int BothFrequenciesZero = 61467;
+inline constexpr int BaudRateDiffers = 61474;
+} // namespace id
+
+// The numbered string table; an id it does not hold gives an empty text.
+std::string_view byId(int id);
+
+// printf-style formatting of the texts below (they come from the original C formats).
+std::string format(const char* fmt, ...) __attribute__((format(printf, 1, 2)));
+
+// --- session, main view and transfer ---
+inline constexpr std::string_view kNoDatabaseRead = "You must read Data Base from radio!";
+inline constexpr std::string_view kBaudRateNotDefined = "The baud rate %d is not defined, is set to 1200";
+inline constexpr std::string_view kBaudRateIndexIncorrect = "Baud Rate Index is not correct!";
+inline constexpr std::string_view kBaudRateIncorrect = "Baud Rate is not correct!";
+inline constexpr std::string_view kStopEventNotSignaled = "m_Globals.incomingThreadEvent non signaled!";
+inline constexpr std::string_view kPleaseWait = "Please wait !  ";
+inline constexpr std::string_view kOperationCompleted = "The Operation Completed Successful";
+inline constexpr std::string_view kProgressDialogProblem = "LoadProgressDlg(): ProgressDlg problem!";
+inline constexpr std::string_view kUnknownReadWriteMode = "CProgressDlg::GetCaption: Unknown ReadWrite Mode!";
+inline constexpr std::string_view kCcirNotProgrammed = "The ccir data base was not programed";
+inline constexpr std::string_view kAleGlobalNotProgrammed = "The ale global data base was not programed";
+inline constexpr std::string_view kUpdateSocketFault = "UpdateSocket fault!";
+inline constexpr std::string_view kHelpFileNotFound = "The file %s was not found.";
+inline constexpr std::string_view kHelpPathNotFound = "The path %s was not found.";
+
+// --- radio database ---
+inline constexpr std::string_view kInvalidFrequency = " is an invalid frequency";
+inline constexpr std::string_view kTxFrequencyOutOfRange = " is out of range. TX frequency range is 1.6 to 30Mhz.";
+inline constexpr std::string_view kRxFrequencyOutOfRange = " is out of range. RX frequency range is 0.1 to 30Mhz.";
+inline constexpr std::string_view kBothFrequenciesZero = "Tx Frequency and Rx Frequency can't be both zero at the same time.";
+inline constexpr std::string_view kDuplexFrequenciesEqual = "Transmit frequency should differ from Receive frequency.";
+inline constexpr std::string_view kRssConfigErrorUndefined = "Rss Config Error is not defined!";
+inline constexpr std::string_view kChannelColorIncorrect = "Channel Color is not correct!";
+inline constexpr std::string_view kUnknownMouseButton = "Unknown mouse button!";
+inline constexpr std::string_view kRadioOptionsFault = "RadioOptions Programming fault!";
+inline constexpr std::string_view kWideInformationFault = "WideInformation Programming fault!";
+inline constexpr std::string_view kExternOptionFault = "ExternOption Programming fault!";
+inline constexpr std::string_view kStopProgrammingFault = "StopRADIOProgramming fault!";
+
+// --- built-in test ---
+inline constexpr std::string_view kConnectDummyLoad = "Connect a dummy load";
+inline constexpr std::string_view kConnectDummyLoadOrAntenna = "Connect a dummy load or an antenna";
+inline constexpr std::string_view kBiteSummary = "Summary: %d Passed, %d Failed, %d Not Performed";
+inline constexpr std::string_view kWaitForReset = "Wait to perform RESET!!!";
+
+// --- ALE database ---
+inline constexpr std::string_view kAleConfigErrorUndefined = "Ale Config Error is not defined!";
+inline constexpr std::string_view kScanRateIncorrect = "Scan Rate is not correct!";
+inline constexpr std::string_view kSoundingIncorrect = "Sounding is not correct!";
+inline constexpr std::string_view kSoundingValueIncorrect = "Sounding value is not correct!";
+inline constexpr std::string_view kOccupancyCheckIncorrect = "Occupancy check is not correct!";
+inline constexpr std::string_view kAllCallValueIncorrect = "All Call Value is not correct!";
+inline constexpr std::string_view kInvalidAddress = "'%s' is an invalid address.";
+inline constexpr std::string_view kIsNetName = "'%s' is net no. %d Net Name.";
+inline constexpr std::string_view kIsSelfAddress = "'%s' is net no. %d Self Address.";
+inline constexpr std::string_view kIsInDirectory = " is in the Directory.";
+inline constexpr std::string_view kDirectoryFull = "The Directory is full; cannot add new address.";
+inline constexpr std::string_view kMessageInvalid = "The message contains invalid characters";
+inline constexpr std::string_view kEmptyAddress = "*EMPTY ADDRESS*";
+inline constexpr std::string_view kEmptyMessage = "*EMPTY MESSAGE*";
+
+} // namespace koral::text

@@ -1,0 +1,50 @@
+#include "common/RecordingNotifier.h"
+#include "common/Texts.h"
+
+#include <QtTest>
+
+using namespace koral;
+
+class TextsTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void numberedTexts_data()
+    {
+        QTest::addColumn<int>("id");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("1") << 1 << "Command in progress, please wait!!!";
+        QTest::newRow("61465") << 61465 << "Can't open port.";
+        QTest::newRow("61466 keeps its two blanks")
+            << 61466
+            << "Radio does not respond to application messages. Check if the  \nradio is turned "
+               "on and is connected to the computer properly.";
+        QTest::newRow("unknown id") << 8 << "";
+    }
+    void numberedTexts()
+    {
+        QFETCH(int, id);
+        QFETCH(QString, expected);
+        QCOMPARE(QString::fromStdString(std::string(text::byId(id))), expected);
+    }
+
+    void formatFillsPlaceholders()
+    {
+        QCOMPARE(text::format(text::kBaudRateNotDefined.data(), 19200),
+                 std::string("The baud rate 19200 is not defined, is set to 1200"));
+    }
+
+    void recorderAnswersFromItsQueue()
+    {
+        RecordingNotifier notifier;
+        notifier.queueAnswer(Answer::No);
+        QCOMPARE(notifier.ask("first?", Buttons::YesNo), Answer::No);
+        QCOMPARE(notifier.ask("second?", Buttons::YesNo), Answer::Yes);
+        notifier.show("done", Icon::Information);
+        QCOMPARE(notifier.entries().size(), std::size_t(3));
+        QCOMPARE(notifier.entries().back().icon, Icon::Information);
+    }
+};
+
+QTEST_GUILESS_MAIN(TextsTest)
+#include "tst_texts.moc"
