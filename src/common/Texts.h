@@ -64,6 +64,16 @@ inline constexpr std::string_view kWideInformationFault = "WideInformation Progr
 inline constexpr std::string_view kExternOptionFault = "ExternOption Programming fault!";
 inline constexpr std::string_view kStopProgrammingFault = "StopRADIOProgramming fault!";
 
+// --- groups, radio options and wide information dialogs ---
+inline constexpr std::string_view kGroupsHint = "Click to select channel. Right Click to select guard channel.";
+inline constexpr std::string_view kChannelNotProgrammedHint = "%s %d %s";
+inline constexpr std::string_view kChannelNumber = "Channel number";
+inline constexpr std::string_view kIsNotProgrammed = "is not programmed";
+inline constexpr std::string_view kGuardEmpty = "Empty";
+inline constexpr std::string_view kOptionSoftwareInvalid = "Invalid software version for option";
+inline constexpr std::string_view kOptionHardwareInvalid = "Invalid hardware version for option";
+inline constexpr std::string_view kOptionStatusInvalid = "Invalid 'status' member of option";
+
 // --- built-in test ---
 inline constexpr std::string_view kConnectDummyLoad = "Connect a dummy load";
 inline constexpr std::string_view kConnectDummyLoadOrAntenna = "Connect a dummy load or an antenna";
