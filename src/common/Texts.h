@@ -95,5 +95,23 @@ inline constexpr std::string_view kDirectoryFull = "The Directory is full; canno
 inline constexpr std::string_view kMessageInvalid = "The message contains invalid characters";
 inline constexpr std::string_view kEmptyAddress = "*EMPTY ADDRESS*";
 inline constexpr std::string_view kEmptyMessage = "*EMPTY MESSAGE*";
+// ALE configuration check lines (net numbers from 1)
+inline constexpr std::string_view kAleNoNetName = "Net no. %d does not have Net Name.";
+inline constexpr std::string_view kAleNoScannedChannels = "Net no. %d does not have Scanned Channels.";
+inline constexpr std::string_view kAleNoSelfAddress = "Net no. %d does not have Self Address.";
+inline constexpr std::string_view kAleNoNetsConfigured = "No Nets configured.";
+inline constexpr std::string_view kAleSelfAddressIsNetName =
+    "Net no. %d Self Address ('%s') defined as Net no. %d Net Name";
+inline constexpr std::string_view kAleNetNameInDirectory =
+    "Net no. %d Net Name ('%s') defined in the Directory";
+inline constexpr std::string_view kAleSelfAddressInDirectory =
+    "Net no. %d Self Address ('%s') defined in the Directory";
+inline constexpr std::string_view kAleNoGlobalName = "Net no. %d no ALE global name";
+// ALE dialogs' fixed labels
+inline constexpr std::string_view kDirectoryMaximum = "Maximum Available:       100";
+inline constexpr std::string_view kDirectoryOccupied = "Occupied Addresses:";
+inline constexpr std::string_view kMessagesMaximum = "Maximum Available:         10";
+inline constexpr std::string_view kMessagesOccupied = "Occupied Messages:";
+inline constexpr std::string_view kDeleteAddressQuestion = "Delete the address '%s' from the Directory?";
 
 } // namespace koral::text

@@ -1,0 +1,263 @@
+#include "AleTestSupport.h"
+
+#include "aledb/AleNormalizer.h"
+#include "aledb/AleSlots.h"
+#include "aledb/AleText.h"
+
+#include <QtTest>
+
+#include <cstring>
+
+using namespace koral;
+using namespace koral::test;
+
+namespace {
+
+std::uint8_t* byteAt(ale_dbase& db, int offset)
+{
+    return reinterpret_cast<std::uint8_t*>(&db) + offset;
+}
+
+constexpr int kNet0 = 0;
+constexpr int kNet1 = 91;
+constexpr int kOptions = 1820;
+
+} // namespace
+
+class AleRecordTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void scannedChannelBitsAreMostSignificantFirst_data()
+    {
+        QTest::addColumn<int>("channel");
+        QTest::addColumn<int>("byteIndex");
+        QTest::addColumn<int>("byteValue");
+        QTest::newRow("channel 1") << 1 << 0 << 0x40;
+        QTest::newRow("channel 7") << 7 << 0 << 0x01;
+        QTest::newRow("channel 8") << 8 << 1 << 0x80;
+        QTest::newRow("channel 200") << 200 << 25 << 0x80;
+    }
+    void scannedChannelBitsAreMostSignificantFirst()
+    {
+        QFETCH(int, channel);
+        QFETCH(int, byteIndex);
+        QFETCH(int, byteValue);
+        ale_dbase db{};
+        db.nets[1].setScanned(channel, true);
+        QCOMPARE(*byteAt(db, kNet1 + 60 + byteIndex), std::uint8_t(byteValue));
+        QVERIFY(db.nets[1].isScanned(channel));
+        QVERIFY(!db.nets[1].isScanned(channel + 1));
+        db.nets[1].setScanned(channel, false);
+        QVERIFY(!db.nets[1].hasScannedChannel());
+    }
+
+    void allCallChannelIsLittleEndianAtOddOffset()
+    {
+        ale_dbase db{};
+        db.nets[1].allCallChannel.set(0x1234);
+        QCOMPARE(*byteAt(db, kNet1 + 49), std::uint8_t(0x34));
+        QCOMPARE(*byteAt(db, kNet1 + 50), std::uint8_t(0x12));
+    }
+
+    void cleaning_data()
+    {
+        QTest::addColumn<QByteArray>("field");
+        QTest::addColumn<bool>("message");
+        QTest::addColumn<QByteArray>("expected");
+        QTest::newRow("foreign characters close up")
+            << QByteArray("AB-12 x") << false << QByteArray("AB12x");
+        QTest::newRow("message keeps blanks, drops punctuation")
+            << QByteArray("Hello, World!") << true << QByteArray("Hello World");
+        QTest::newRow("unterminated address loses its last byte")
+            << QByteArray("ABCDEFGHIJKLMNOP") << false << QByteArray("ABCDEFGHIJKLMNO");
+        QTest::newRow("bytes after the terminator are zeroed")
+            << QByteArray("AB\0junk", 7) << false << QByteArray("AB");
+        QTest::newRow("message of 95 characters keeps 90")
+            << QByteArray(95, 'M') << true << QByteArray(90, 'M');
+        QTest::newRow("high bytes deleted") << QByteArray("\xe9t\xe9") << false << QByteArray("t");
+        QTest::newRow("empty stays empty") << QByteArray() << true << QByteArray();
+    }
+    void cleaning()
+    {
+        QFETCH(QByteArray, field);
+        QFETCH(bool, message);
+        QFETCH(QByteArray, expected);
+        ale_dbase db{};
+        std::span<char> target =
+            message ? std::span<char>(db.messages[3]) : std::span<char>(db.directory[3]);
+        std::memcpy(target.data(), field.constData(),
+                    std::min<std::size_t>(field.size(), target.size()));
+        cleanField(target, message ? kAleMessageCharacters : kAleAddressCharacters);
+        QCOMPARE(QByteArray(fieldText(target).data(), int(fieldText(target).size())), expected);
+        for (std::size_t i = fieldText(target).size(); i < target.size(); ++i)
+            QCOMPARE(target[i], '\0');
+    }
+
+    void setFieldTextTruncatesAndClears()
+    {
+        AleAddress field;
+        field.fill('x');
+        setFieldText(field, "0123456789ABCDEFGHIJ");
+        QCOMPARE(std::string(fieldText(field)), std::string("0123456789ABCDE"));
+        setFieldText(field, "AB");
+        QCOMPARE(field[2], '\0');
+        QCOMPARE(field[15], '\0');
+    }
+
+    void normalisation_data()
+    {
+        QTest::addColumn<int>("offset");
+        QTest::addColumn<int>("before");
+        QTest::addColumn<int>("after");
+        const int net = kNet1;
+        QTest::newRow("all call 4") << net + 48 << 4 << 3;
+        QTest::newRow("all call 2 kept") << net + 48 << 2 << 2;
+        QTest::newRow("tune time 21") << net + 51 << 21 << 0;
+        QTest::newRow("tune time 20 kept") << net + 51 << 20 << 20;
+        QTest::newRow("silent 2") << net + 52 << 2 << 1;
+        QTest::newRow("silent 0 kept") << net + 52 << 0 << 0;
+        QTest::newRow("home ack 9") << net + 53 << 9 << 1;
+        QTest::newRow("monitor ack 9") << net + 54 << 9 << 1;
+        QTest::newRow("scan rate 3") << net + 55 << 3 << 2;
+        QTest::newRow("scan rate 1") << net + 55 << 1 << 2;
+        QTest::newRow("scan rate 5 kept") << net + 55 << 5 << 5;
+        QTest::newRow("master/slave 2") << net + 56 << 2 << 0;
+        QTest::newRow("LQA request 2") << net + 57 << 2 << 1;
+        QTest::newRow("sounding 45") << net + 58 << 45 << 0;
+        QTest::newRow("sounding 90 kept") << net + 58 << 90 << 90;
+        QTest::newRow("occupancy 1") << net + 59 << 1 << 0;
+        QTest::newRow("occupancy 2") << net + 59 << 2 << 0;
+        QTest::newRow("occupancy 3 kept") << net + 59 << 3 << 3;
+        QTest::newRow("occupancy 31") << net + 59 << 31 << 0;
+        QTest::newRow("member slot untouched") << net + 32 << 200 << 200;
+        QTest::newRow("carried byte untouched") << net + 88 << 77 << 77;
+        QTest::newRow("PTT timeout 11") << kOptions + 0 << 11 << 0;
+        QTest::newRow("alert 2") << kOptions + 1 << 2 << 1;
+        QTest::newRow("min LQA 101") << kOptions + 5 << 101 << 0;
+        QTest::newRow("min LQA 100 kept") << kOptions + 5 << 100 << 100;
+        QTest::newRow("accept link 3") << kOptions + 6 << 3 << 0;
+        QTest::newRow("multinet 2") << kOptions + 7 << 2 << 0;
+        QTest::newRow("in link 2") << kOptions + 11 << 2 << 0;
+        QTest::newRow("wildcard 2") << kOptions + 9 << 2 << 1;
+        QTest::newRow("dial address 120") << 3432 + 2 << 120 << 255;
+        QTest::newRow("dial address 254") << 3432 + 2 << 254 << 255;
+        QTest::newRow("dial address 99 kept") << 3432 + 2 << 99 << 99;
+        QTest::newRow("dial message 10") << 3433 << 10 << 255;
+        QTest::newRow("carried after dials") << 3452 << 200 << 200;
+        QTest::newRow("carried at the end") << 4376 << 200 << 200;
+    }
+    void normalisation()
+    {
+        QFETCH(int, offset);
+        QFETCH(int, before);
+        QFETCH(int, after);
+        ale_dbase db = emptyProgramme().database;
+        *byteAt(db, offset) = static_cast<std::uint8_t>(before);
+        normalizeAleDatabase(db, 200);
+        QCOMPARE(int(*byteAt(db, offset)), after);
+    }
+
+    void normalisationIsIdempotentOnRandomBytes()
+    {
+        QRandomGenerator random(7);
+        for (int round = 0; round < 50; ++round) {
+            ale_dbase db;
+            auto* bytes = reinterpret_cast<std::uint8_t*>(&db);
+            for (std::size_t i = 0; i < sizeof db; ++i)
+                bytes[i] = static_cast<std::uint8_t>(random.bounded(256));
+            normalizeAleDatabase(db, 200);
+            const ale_dbase once = db;
+            normalizeAleDatabase(db, 200);
+            QVERIFY(std::memcmp(&once, &db, sizeof db) == 0);
+        }
+    }
+
+    void netChannels_data()
+    {
+        QTest::addColumn<int>("maxChannel");
+        QTest::addColumn<QList<int>>("scanned");
+        QTest::addColumn<int>("allCall");
+        QTest::addColumn<QList<int>>("expectedScanned");
+        QTest::addColumn<int>("expectedAllCall");
+        QTest::newRow("all call among scanned")
+            << 200 << QList<int>{3, 9} << 9 << QList<int>{3, 9} << 9;
+        QTest::newRow("all call not scanned")
+            << 200 << QList<int>{3, 9} << 4 << QList<int>{3, 9} << 0xFFFF;
+        QTest::newRow("all call 0") << 200 << QList<int>{0, 3} << 0 << QList<int>{3} << 0xFFFF;
+        QTest::newRow("above the maximum in force")
+            << 100 << QList<int>{50, 150} << 150 << QList<int>{50} << 0xFFFF;
+        QTest::newRow("bits past 200 cleared")
+            << 200 << QList<int>{200, 201, 207} << 200 << QList<int>{200} << 200;
+    }
+    void netChannels()
+    {
+        QFETCH(int, maxChannel);
+        QFETCH(QList<int>, scanned);
+        QFETCH(int, allCall);
+        QFETCH(QList<int>, expectedScanned);
+        QFETCH(int, expectedAllCall);
+        ale_net net{};
+        for (int channel : scanned) // 201..207 are spare bits of the last byte
+            net.scannedChannels[channel / 8] |= std::uint8_t(0x80 >> (channel % 8));
+        net.allCallChannel.set(static_cast<std::uint16_t>(allCall));
+        normalizeNetChannels(net, maxChannel);
+        QList<int> result;
+        for (int byte = 0; byte < 26; ++byte)
+            for (int bit = 0; bit < 8; ++bit)
+                if (net.scannedChannels[byte] & (0x80 >> bit))
+                    result << byte * 8 + bit;
+        QCOMPARE(result, expectedScanned);
+        QCOMPARE(int(net.allCallChannel.get()), expectedAllCall);
+    }
+
+    void slotMapping_data()
+    {
+        QTest::addColumn<QString>("self");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("slot");
+        QTest::newRow("directory entry") << "SELF"
+                                         << "BRAVO" << 1;
+        QTest::newRow("first of duplicates") << "SELF"
+                                             << "DUP" << 2;
+        QTest::newRow("self address") << "SELF"
+                                      << "SELF" << 254;
+        QTest::newRow("self wins over directory") << "ALPHA"
+                                                  << "ALPHA" << 254;
+        QTest::newRow("case matters") << "SELF"
+                                      << "bravo" << 255;
+        QTest::newRow("unknown") << "SELF"
+                                 << "ZULU" << 255;
+        QTest::newRow("empty") << "SELF"
+                               << "" << 255;
+        QTest::newRow("empty text, empty self") << ""
+                                                << "" << 254;
+    }
+    void slotMapping()
+    {
+        QFETCH(QString, self);
+        QFETCH(QString, text);
+        QFETCH(int, slot);
+        AleProgramme p = emptyProgramme();
+        setNet(p, 4, "NET", self.toStdString(), {});
+        setDirectory(p, 0, "ALPHA");
+        setDirectory(p, 1, "BRAVO");
+        setDirectory(p, 2, "DUP");
+        setDirectory(p, 3, "DUP");
+        QCOMPARE(int(slotFromText(p.database, 3, text.toStdString())), slot);
+        if (slot != 255 && !text.isEmpty())
+            QCOMPARE(QString::fromStdString(
+                         std::string(slotText(p.database, 3, static_cast<std::uint8_t>(slot)))),
+                     text);
+    }
+
+    void slotTextOfEmptyAndUnusedValues()
+    {
+        AleProgramme p = emptyProgramme();
+        QVERIFY(slotText(p.database, 0, 255).empty());
+        QVERIFY(slotText(p.database, 0, 180).empty());
+    }
+};
+
+QTEST_GUILESS_MAIN(AleRecordTest)
+#include "tst_alerecord.moc"
