@@ -1,0 +1,238 @@
+#include "common/RecordingNotifier.h"
+#include "radiodb/RadioOptionsEditor.h"
+#include "radiodb/WideInformationView.h"
+
+#include <QtTest>
+
+using namespace koral;
+
+namespace {
+
+dbase recordWith(void (*change)(dbase&))
+{
+    dbase record{};
+    record.radioOptions.priorityChannel.set(1);
+    record.radioOptions.cwPttHold = 50;
+    record.radioOptions.scanRate = 2;
+    record.radioOptions.dataPowerLevel = 5;
+    record.radioOptions.alternateDisplayTime = 5;
+    record.radioOptions.frequencyDisplay = 1;
+    record.radioOptions.baudRate = 3;
+    change(record);
+    return record;
+}
+
+using Acc = RadioOptionsEditor::Accessory;
+
+} // namespace
+
+class RadioOptionsEditorTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    // Stored byte -> the list index the dialog shows (-1: no selection).
+    void storedValuesShowAsIndices_data()
+    {
+        QTest::addColumn<int>("field");
+        QTest::addColumn<int>("stored");
+        QTest::addColumn<int>("index");
+        // field: 0 CW PTT hold, 1 alternate display, 2 data power, 3 alert tone, 4 scan rate
+        QTest::newRow("cw 150 ms") << 0 << 15 << 0;
+        QTest::newRow("cw 500 ms") << 0 << 50 << 1;
+        QTest::newRow("cw 20 unknown") << 0 << 20 << -1;
+        QTest::newRow("display 1 s") << 1 << 1 << 0;
+        QTest::newRow("display 10 s") << 1 << 10 << 9;
+        QTest::newRow("display 11 s") << 1 << 11 << -1;
+        QTest::newRow("display 0") << 1 << 0 << -1;
+        QTest::newRow("power Low") << 2 << 2 << 0;
+        QTest::newRow("power Max") << 2 << 5 << 3;
+        QTest::newRow("power 1") << 2 << 1 << -1;
+        QTest::newRow("alert High") << 3 << 1 << 1;
+        QTest::newRow("alert 2") << 3 << 2 << -1;
+        QTest::newRow("scan 5/s") << 4 << 5 << 4;
+    }
+    void storedValuesShowAsIndices()
+    {
+        QFETCH(int, field);
+        QFETCH(int, stored);
+        QFETCH(int, index);
+        dbase record{};
+        std::uint8_t* bytes[] = {&record.radioOptions.cwPttHold,
+                                 &record.radioOptions.alternateDisplayTime,
+                                 &record.radioOptions.dataPowerLevel,
+                                 &record.radioOptions.alertTone, &record.radioOptions.scanRate};
+        *bytes[field] = static_cast<std::uint8_t>(stored);
+        RadioOptionsEditor editor(record, false);
+        const int shown[] = {editor.cwPttHoldIndex(), editor.alternateDisplayIndex(),
+                             editor.dataPowerIndex(), editor.alertToneIndex(),
+                             editor.scanRateIndex()};
+        QCOMPARE(shown[field], index);
+    }
+
+    void chosenIndicesStoreValues()
+    {
+        dbase record = recordWith([](dbase&) {});
+        RadioOptionsEditor editor(record, false);
+        editor.setCwPttHoldIndex(0);
+        editor.setAlternateDisplayIndex(-1);
+        editor.setDataPowerIndex(-1);
+        editor.setScanRateIndex(4);
+        editor.setBaudRateIndex(1);
+        editor.setLanguageIndex(3);
+        editor.setHideFrequency(true);
+        editor.setIsb(true);
+        QVERIFY(!editor.priorityChanged());
+        editor.setPriorityIndex(11);
+        QVERIFY(editor.priorityChanged());
+
+        bool isb = false;
+        editor.apply(record, isb);
+        QCOMPARE(record.radioOptions.cwPttHold, 15);
+        QCOMPARE(record.radioOptions.alternateDisplayTime, 5);
+        QCOMPARE(record.radioOptions.dataPowerLevel, 2);
+        QCOMPARE(record.radioOptions.scanRate, 5);
+        QCOMPARE(record.radioOptions.baudRate, 1);
+        QCOMPARE(record.radioOptions.frequencyDisplay, 0);
+        QCOMPARE(record.radioOptions.priorityChannel.get(), 12);
+        QCOMPARE(record.language, 3);
+        QVERIFY(isb);
+
+        editor.setCwPttHoldIndex(1);
+        editor.apply(record, isb);
+        QCOMPARE(record.radioOptions.cwPttHold, 50);
+    }
+
+    // Each step checks or unchecks one box; the result is the boxes then shown.
+    void accessoriesAndTuner_data()
+    {
+        QTest::addColumn<int>("stored");
+        QTest::addColumn<QString>("steps");
+        QTest::addColumn<QString>("shown"); // amplifier, acc1, acc2, tuner as 0/1, then the byte
+        QTest::newRow("stored amplifier shows checked") << 1 << ""
+                                                        << "1000 1";
+        QTest::newRow("stored Accessory1 shows none") << 2 << ""
+                                                      << "0000 0";
+        QTest::newRow("stored Accessory2 shows none") << 3 << ""
+                                                      << "0000 0";
+        QTest::newRow("accessory 2 replaces amplifier") << 1 << "+3"
+                                                        << "0010 3";
+        QTest::newRow("unchecking the checked one clears") << 0 << "+2 -2"
+                                                           << "0000 0";
+        QTest::newRow("unchecking another leaves it") << 0 << "+2 -1"
+                                                      << "0100 2";
+        QTest::newRow("tuner clears the accessory") << 1 << "+T"
+                                                    << "0001 0";
+        QTest::newRow("amplifier clears the tuner") << 0 << "+T +1"
+                                                    << "1000 1";
+        QTest::newRow("accessory 1 keeps the tuner") << 0 << "+T +2"
+                                                     << "0101 2";
+    }
+    void accessoriesAndTuner()
+    {
+        QFETCH(int, stored);
+        QFETCH(QString, steps);
+        QFETCH(QString, shown);
+        dbase record{};
+        record.accessoryInstalled = static_cast<std::uint8_t>(stored);
+        RadioOptionsEditor editor(record, false);
+        for (const QString& step : steps.split(' ', Qt::SkipEmptyParts)) {
+            const bool on = step[0] == '+';
+            if (step[1] == 'T')
+                editor.setTuner(on);
+            else
+                editor.setAccessory(Acc(step.mid(1).toInt()), on);
+        }
+        const QString got = QStringLiteral("%1%2%3%4 %5")
+                                .arg(int(editor.accessory(Acc::Amplifier)))
+                                .arg(int(editor.accessory(Acc::Accessory1)))
+                                .arg(int(editor.accessory(Acc::Accessory2)))
+                                .arg(int(editor.tuner()))
+                                .arg(editor.accessoryInstalled());
+        QCOMPARE(got, shown);
+    }
+
+    void reopeningForgetsAccessory2()
+    {
+        dbase record{};
+        RadioOptionsEditor first(record, false);
+        first.setAccessory(Acc::Accessory2, true);
+        bool isb = false;
+        first.apply(record, isb);
+        QCOMPARE(record.accessoryInstalled, 3);
+        RadioOptionsEditor second(record, false);
+        QCOMPARE(second.accessoryInstalled(), 0);
+    }
+
+    void chosenBaudRate_data()
+    {
+        QTest::addColumn<int>("index");
+        QTest::addColumn<int>("rate");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("1200") << 0 << 1200 << "";
+        QTest::newRow("9600") << 3 << 9600 << "";
+        QTest::newRow("bad") << 4 << 0 << "Baud Rate Index is not correct!";
+    }
+    void chosenBaudRate()
+    {
+        QFETCH(int, index);
+        QFETCH(int, rate);
+        QFETCH(QString, message);
+        RecordingNotifier notifier;
+        RadioOptionsEditor editor(dbase{}, false);
+        editor.setBaudRateIndex(index);
+        QCOMPARE(editor.chosenBaudRate(notifier), rate);
+        QCOMPARE(QString::fromStdString(notifier.texts().empty() ? "" : notifier.texts()[0]),
+                 message);
+    }
+
+    void optionSlotCheck_data()
+    {
+        QTest::addColumn<QByteArray>("software");
+        QTest::addColumn<QByteArray>("hardware");
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QString>("complaint");
+        QTest::newRow("valid") << QByteArray("01.00") << QByteArray("1.2") << 1 << "";
+        QTest::newRow("software") << QByteArray("01a") << QByteArray("1") << 0
+                                  << "Invalid software version for option";
+        QTest::newRow("hardware") << QByteArray("01") << QByteArray("x") << 0
+                                  << "Invalid hardware version for option";
+        QTest::newRow("last failing wins")
+            << QByteArray("a") << QByteArray("b") << 2 << "Invalid 'status' member of option";
+    }
+    void optionSlotCheck()
+    {
+        QFETCH(QByteArray, software);
+        QFETCH(QByteArray, hardware);
+        QFETCH(int, status);
+        QFETCH(QString, complaint);
+        OptionRecord slot{};
+        setFieldText(slot.softwareVersion, software.toStdString());
+        setFieldText(slot.hardwareVersion, hardware.toStdString());
+        slot.status = static_cast<std::uint8_t>(status);
+        QCOMPARE(QString::fromStdString(RadioOptionsEditor::checkOptionSlot(slot)), complaint);
+    }
+
+    void wideInformationRows()
+    {
+        dbase record{};
+        setFieldText(record.serialNumber, "SN0123456789ABCD"); // full width, no NUL
+        setFieldText(record.ecn[0], "NET ONE");
+        setFieldText(record.ecn[7], "X");
+        setFieldText(record.sp[5], "SP6");
+        setFieldText(record.options[10].softwareVersion, "02.10");
+        record.options[10].status = 1;
+        record.options[0].status = 2;
+        const auto view = WideInformationView::of(record);
+        QCOMPARE(QString::fromStdString(view.serialNumber), QStringLiteral("SN0123456789ABCD"));
+        QCOMPARE(view.options.size(), std::size_t(15));
+        QCOMPARE(QString::fromStdString(view.options[10].name), QStringLiteral("Global ALE"));
+        QCOMPARE(QString::fromStdString(view.options[10].status), QStringLiteral("Enabled"));
+        QCOMPARE(QString::fromStdString(view.options[10].softwareVersion), QStringLiteral("02.10"));
+        QCOMPARE(QString::fromStdString(view.options[0].status), QStringLiteral("Disabled"));
+        QCOMPARE(view.ecn, (std::vector<std::string>{"NET ONE", "X"}));
+        QCOMPARE(view.sp, std::vector<std::string>{"SP6"});
+    }
+};
+
+QTEST_GUILESS_MAIN(RadioOptionsEditorTest)
+#include "tst_radiooptionseditor.moc"
