@@ -3,7 +3,7 @@
 // The value lists of every enumerated field of the radio database. The dialogs, the .rss file
 // and the print-out all take a value's text from here, so a text is never formatted twice.
 
-#include "radiodb/ValueList.h"
+#include "profile/ValueList.h"
 
 #include <array>
 

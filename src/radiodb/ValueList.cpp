@@ -1,4 +1,4 @@
-#include "radiodb/ValueList.h"
+#include "profile/ValueList.h"
 
 #include <algorithm>
 

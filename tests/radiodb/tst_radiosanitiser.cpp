@@ -1,0 +1,279 @@
+#include "radiodb/ProgrammedFlags.h"
+#include "radiodb/RadioSanitiser.h"
+
+#include <QtTest>
+
+#include <cstring>
+
+using namespace koral;
+
+namespace {
+
+// Field offsets inside the record, so the table below reads as the record's layout.
+constexpr int kChannel1 = 1688;
+constexpr int kChannel2 = kChannel1 + 13;
+constexpr int kRadioOptions = 4288;
+constexpr int kParameters = 1270;
+
+void poke(dbase& db, int offset, int width, quint32 value)
+{
+    std::memcpy(reinterpret_cast<unsigned char*>(&db) + offset, &value, std::size_t(width));
+}
+
+quint32 peek(const dbase& db, int offset, int width)
+{
+    quint32 value = 0;
+    std::memcpy(&value, reinterpret_cast<const unsigned char*>(&db) + offset, std::size_t(width));
+    return value;
+}
+
+// A record whose every field is valid, so that a row of the table changes one thing only.
+dbase validRecord()
+{
+    dbase db{};
+    sanitise(db);
+    return db;
+}
+
+} // namespace
+
+class RadioSanitiserTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void replacesOutOfRangeValues_data()
+    {
+        QTest::addColumn<int>("offset");
+        QTest::addColumn<int>("width");
+        QTest::addColumn<quint32>("stored");
+        QTest::addColumn<quint32>("expected");
+        auto row = [](const char* name, int offset, int width, quint32 stored, quint32 expected) {
+            QTest::newRow(name) << offset << width << stored << expected;
+        };
+        row("tx just below 1.6 MHz", kChannel1 + 3, 4, 1'599'999, 0);
+        row("tx 1.6 MHz", kChannel1 + 3, 4, 1'600'000, 1'600'000);
+        row("tx 30 MHz", kChannel1 + 3, 4, 30'000'000, 30'000'000);
+        row("tx above 30 MHz", kChannel1 + 3, 4, 30'000'001, 0);
+        row("rx 0.1 MHz", kChannel1 + 7, 4, 100'000, 100'000);
+        row("rx below 0.1 MHz", kChannel1 + 7, 4, 99'999, 0);
+        row("power 1", kChannel2 + 0, 1, 1, 5);
+        row("power 2", kChannel2 + 0, 1, 2, 2);
+        row("sideband 2", kChannel2 + 1, 1, 2, 1);
+        row("sideband LSB", kChannel2 + 1, 1, 0, 0);
+        row("bandwidth 6", kChannel2 + 2, 1, 6, 0);
+        row("bandwidth 2100", kChannel2 + 2, 1, 5, 5);
+        row("agc 2", kChannel2 + 11, 1, 2, 0);
+        row("agc off", kChannel2 + 11, 1, 255, 255);
+        row("modulation 4", kChannel2 + 12, 1, 4, 0);
+        row("modulation ISB", kChannel2 + 12, 1, 3, 3);
+        row("priority 0", kRadioOptions + 0, 2, 0, 1);
+        row("priority 200", kRadioOptions + 0, 2, 200, 200);
+        row("priority 201", kRadioOptions + 0, 2, 201, 1);
+        row("cw ptt hold 20", kRadioOptions + 2, 1, 20, 50);
+        row("cw ptt hold 15", kRadioOptions + 2, 1, 15, 15);
+        row("scan rate 7", kRadioOptions + 3, 1, 7, 2);
+        row("data power 6", kRadioOptions + 4, 1, 6, 5);
+        row("alert tone 2", kRadioOptions + 5, 1, 2, 0);
+        row("display time 0", kRadioOptions + 6, 1, 0, 5);
+        row("display time 10", kRadioOptions + 6, 1, 10, 10);
+        row("accessory side tone 2", kRadioOptions + 7, 1, 2, 0);
+        row("beep after key 3", kRadioOptions + 9, 1, 3, 1);
+        row("beep after ptt 3", kRadioOptions + 10, 1, 3, 1);
+        row("frequency display 2", kRadioOptions + 11, 1, 2, 1);
+        row("baud rate 4", kRadioOptions + 12, 1, 4, 3);
+        row("accessory installed 4", 4302, 1, 4, 0);
+        row("tuner 2", 4303, 1, 2, 0);
+        row("parameter byte 0", kParameters + 6 * 9 + 0, 1, 61, 30);
+        row("parameter byte 0 at limit", kParameters + 0, 1, 60, 60);
+        row("parameter byte 1", kParameters + 1, 1, 71, 35);
+        row("parameter byte 5", kParameters + 5, 1, 128, 63);
+        row("parameter word", 1330, 2, 4096, 2047);
+        row("parameter word at limit", 1330, 2, 4095, 4095);
+        row("parameter single byte", 1332, 1, 128, 63);
+        row("reserved block at 1222", 1222 + 47, 1, 0xAB, 0);
+        row("language is left alone", 1221, 1, 9, 9);
+        row("reserved at 1333 is left alone", 1333, 1, 0xAB, 0xAB);
+    }
+    void replacesOutOfRangeValues()
+    {
+        QFETCH(int, offset);
+        QFETCH(int, width);
+        QFETCH(quint32, stored);
+        QFETCH(quint32, expected);
+        dbase db = validRecord();
+        poke(db, offset, width, stored);
+        sanitise(db);
+        QCOMPARE(peek(db, offset, width), expected);
+    }
+
+    void cleansTexts_data()
+    {
+        QTest::addColumn<QByteArray>("field");
+        QTest::addColumn<QString>("allowed");
+        QTest::addColumn<QByteArray>("expected");
+        QTest::newRow("version keeps digits and points")
+            << QByteArray("1.2-b3\0\0", 8) << "0123456789." << QByteArray("1.23\0\0\0\0", 8);
+        QTest::newRow("nothing after the first NUL survives")
+            << QByteArray("12\0"
+                          "34\0\0\0",
+                          8)
+            << "0123456789." << QByteArray("12\0\0\0\0\0\0", 8);
+        QTest::newRow("full field stays full")
+            << QByteArray("AB12cd34", 8)
+            << "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"
+            << QByteArray("AB12cd34", 8);
+        QTest::newRow("space removed from alphanumerics")
+            << QByteArray("A B\0\0\0\0\0", 8) << "ABC" << QByteArray("AB\0\0\0\0\0\0", 8);
+    }
+    void cleansTexts()
+    {
+        QFETCH(QByteArray, field);
+        QFETCH(QString, allowed);
+        QFETCH(QByteArray, expected);
+        const std::string set = allowed.toStdString();
+        cleanText(std::span<char>(field.data(), std::size_t(field.size())), set);
+        QCOMPARE(field, expected);
+    }
+
+    void cleansEveryTextFieldToItsSet()
+    {
+        dbase db{};
+        setFieldText(db.ecn[3], "NET 1/A");
+        setFieldText(db.sp[0], "SP 1");
+        setFieldText(db.serialNumber, "SN-42");
+        setFieldText(db.option(OptionSlot::SelCall).hardwareVersion, "v1.0");
+        sanitise(db);
+        QCOMPARE(fieldText(db.ecn[3]), std::string_view("NET 1A"));
+        QCOMPARE(fieldText(db.sp[0]), std::string_view("SP1"));
+        QCOMPARE(fieldText(db.serialNumber), std::string_view("SN42"));
+        QCOMPARE(fieldText(db.option(OptionSlot::SelCall).hardwareVersion),
+                 std::string_view("1.0"));
+    }
+
+    void groupsKeepOnlyRealChannels_data()
+    {
+        QTest::addColumn<int>("channelCount");
+        QTest::addColumn<int>("guard");
+        QTest::addColumn<QList<int>>("members");
+        QTest::addColumn<int>("expectedGuard");
+        QTest::addColumn<QList<int>>("expectedMembers");
+        QTest::newRow("guard that is a member stays")
+            << 200 << 17 << QList<int>{3, 5, 17} << 17 << QList<int>{3, 5, 17};
+        QTest::newRow("guard that is no member is dropped")
+            << 200 << 100 << QList<int>{5} << 65535 << QList<int>{5};
+        QTest::newRow("empty bitmap drops the guard")
+            << 200 << 12 << QList<int>{} << 65535 << QList<int>{};
+        QTest::newRow("bit 0 is never a channel")
+            << 200 << 0 << QList<int>{0, 1} << 65535 << QList<int>{1};
+        QTest::newRow("channels above the radio's count go")
+            << 100 << 150 << QList<int>{99, 100, 101, 150, 200} << 65535 << QList<int>{99, 100};
+    }
+    void groupsKeepOnlyRealChannels()
+    {
+        QFETCH(int, channelCount);
+        QFETCH(int, guard);
+        QFETCH(QList<int>, members);
+        QFETCH(int, expectedGuard);
+        QFETCH(QList<int>, expectedMembers);
+        dbase db{};
+        Group& group = db.groups[2];
+        group.guardChannel.set(std::uint16_t(guard));
+        for (int member : members)
+            group.setMember(member, true);
+        group.members.back() |= 0x7F; // padding bits after channel 200
+        sanitise(db, channelCount);
+        QCOMPARE(int(group.guardChannel.get()), expectedGuard);
+        QList<int> kept;
+        for (int bit = 0; bit < 208; ++bit) {
+            if (group.members[std::size_t(bit / 8)] & (0x80 >> (bit % 8)))
+                kept << bit;
+        }
+        QCOMPARE(kept, expectedMembers);
+    }
+
+    void channelsAboveTheRadiosCountAreEmptied()
+    {
+        dbase db{};
+        for (channel& ch : db.channels)
+            ch.txFrequency.set(5'000'000);
+        sanitise(db, 120);
+        QVERIFY(db.channelNo(120).isProgrammed());
+        QVERIFY(!db.channelNo(121).isProgrammed());
+        QVERIFY(!db.channelNo(200).isProgrammed());
+        QCOMPARE(int(db.radioOptions.priorityChannel.get()), 1);
+    }
+
+    void deleteLsbForcesUpperSideband_data()
+    {
+        QTest::addColumn<int>("status");
+        QTest::addColumn<int>("sideband");
+        QTest::newRow("option enabled") << 1 << 1;
+        QTest::newRow("option disabled") << 0 << 0;
+    }
+    void deleteLsbForcesUpperSideband()
+    {
+        QFETCH(int, status);
+        QFETCH(int, sideband);
+        dbase db{};
+        db.option(OptionSlot::DeleteLsb).status = std::uint8_t(status);
+        db.channelNo(7).sideband = 0;
+        db.channelNo(200).sideband = 0;
+        sanitise(db);
+        QCOMPARE(int(db.channelNo(7).sideband), sideband);
+        QCOMPARE(int(db.channelNo(200).sideband), sideband);
+    }
+
+    void noiseBlankerFollowsItsOption_data()
+    {
+        QTest::addColumn<int>("status");
+        QTest::addColumn<int>("noiseBlanker");
+        QTest::newRow("option enabled") << 1 << 1;
+        QTest::newRow("option disabled") << 0 << 0;
+        QTest::newRow("option status out of range") << 2 << 0;
+    }
+    void noiseBlankerFollowsItsOption()
+    {
+        QFETCH(int, status);
+        QFETCH(int, noiseBlanker);
+        dbase db = validRecord();
+        db.option(OptionSlot::NoiseBlanker).status = std::uint8_t(status);
+        db.radioOptions.noiseBlanker = 1;
+        sanitise(db);
+        QCOMPARE(int(db.radioOptions.noiseBlanker), noiseBlanker);
+    }
+
+    void compareSanitisesBothSides()
+    {
+        dbase a = validRecord();
+        dbase b = a;
+        QCOMPARE(compare(a, b), 0);
+        b.channelNo(1).agc = 2; // sanitised to 0, as a holds
+        QCOMPARE(compare(a, b), 0);
+        b.channelNo(1).txFrequency.set(2'000'000);
+        QCOMPARE(compare(a, b), -1);
+        QCOMPARE(compare(b, a), 1);
+        // The original records are not touched.
+        QCOMPARE(int(b.channelNo(1).agc), 2);
+    }
+
+    void programmedFlags()
+    {
+        dbase db{};
+        setFieldText(db.ecn[49], "E");
+        setFieldText(db.sp[0], "S");
+        db.groups[4].setMember(3, true);
+        db.groups[0].guardChannel.set(3); // a guard alone does not make a group programmed
+        db.channelNo(1).rxFrequency.set(100'000);
+        db.channelNo(200).txFrequency.set(2'000'000);
+        const ProgrammedFlags flags = ProgrammedFlags::of(db);
+        QList<int> set;
+        for (std::size_t i = 0; i < flags.bytes.size(); ++i) {
+            if (flags.bytes[i])
+                set << int(i);
+        }
+        QCOMPARE(set, (QList<int>{0, 50, 51, 61, 62, 261}));
+    }
+};
+
+QTEST_GUILESS_MAIN(RadioSanitiserTest)
+#include "tst_radiosanitiser.moc"
