@@ -49,6 +49,43 @@ inline constexpr std::string_view kAleGlobalNotProgrammed = "The ale global data
 inline constexpr std::string_view kUpdateSocketFault = "UpdateSocket fault!";
 inline constexpr std::string_view kHelpFileNotFound = "The file %s was not found.";
 inline constexpr std::string_view kHelpPathNotFound = "The path %s was not found.";
+// status-bar panes and the progress dialog's captions
+inline constexpr std::string_view kComPane = "COM: %d,%d";
+inline constexpr std::string_view kSerialPane = "S/N: ";
+inline constexpr std::string_view kCodePane = "Code: ";
+inline constexpr std::string_view kReadingPrefix = "Reading ";
+inline constexpr std::string_view kWritingPrefix = "Writing ";
+inline constexpr std::string_view kRadioDataBase = "Radio Data Base";
+inline constexpr std::string_view kGroupsSection = "Groups Section";
+inline constexpr std::string_view kChannelsSection = "Channels Section";
+inline constexpr std::string_view kRadioOptionsSection = "Radio Options Section";
+inline constexpr std::string_view kExternalOptionsSection = "External Options Section";
+inline constexpr std::string_view kAleDataBase = "ALE Data Base";
+inline constexpr std::string_view kAleNetsSection = "ALE Nets Section";
+inline constexpr std::string_view kAleOptionsSection = "ALE Options Section";
+inline constexpr std::string_view kAleDirectorySection = "ALE Directory Section";
+inline constexpr std::string_view kAleAutodialsSection = "ALE Autodials Section";
+inline constexpr std::string_view kAleProgramWord = "ALE Program Word";
+inline constexpr std::string_view kAleMessages = "ALE Messages";
+inline constexpr std::string_view kGlobalMemberDataBase = "Global member Data Base";
+inline constexpr std::string_view kCcirDataBase = "CCIR Data Base";
+inline constexpr std::string_view kCcirChannelNumber = "CCIR Channel Number";
+// incoming calls and rejected commands
+inline constexpr std::string_view kIncomingStationCall = "Incoming Station Call.";
+inline constexpr std::string_view kIncomingNetCall = "Incoming Net Call.";
+inline constexpr std::string_view kIncomingPriorityCall = "Incoming Priority Call.";
+inline constexpr std::string_view kCallTypeStation = "Station";
+inline constexpr std::string_view kCallTypeNet = "Net";
+inline constexpr std::string_view kCallTypePriority = "Priority";
+inline constexpr std::string_view kCanNotPerform = "Can not perform ";
+inline constexpr std::string_view kRejectedSelfTest = "Self Test.";
+inline constexpr std::string_view kRejectedBiDirectionalStation = "BiDirectional To Station.";
+inline constexpr std::string_view kRejectedBiDirectionalNet = "BiDirectional To Net.";
+inline constexpr std::string_view kRejectedStationCall = "Station Call.";
+inline constexpr std::string_view kRejectedNetCall = "Net Call.";
+inline constexpr std::string_view kRejectedPriorityCall = "Priority Call.";
+inline constexpr std::string_view kRejectedSounding = "Sounding.";
+inline constexpr std::string_view kRejectedEnterNetwork = "Enter Network.";
 
 // --- radio database ---
 inline constexpr std::string_view kInvalidFrequency = " is an invalid frequency";
@@ -79,6 +116,27 @@ inline constexpr std::string_view kConnectDummyLoad = "Connect a dummy load";
 inline constexpr std::string_view kConnectDummyLoadOrAntenna = "Connect a dummy load or an antenna";
 inline constexpr std::string_view kBiteSummary = "Summary: %d Passed, %d Failed, %d Not Performed";
 inline constexpr std::string_view kWaitForReset = "Wait to perform RESET!!!";
+inline constexpr std::string_view kBiteSection = "BITE";
+inline constexpr std::string_view kBiteFullTest = "Full test";
+inline constexpr std::string_view kBiteChannelTest = "Channel Test";
+inline constexpr std::string_view kBiteLowRfTest = "Low RF Test";
+inline constexpr std::string_view kBitePassed = "Passed";
+inline constexpr std::string_view kBiteFailed = "Failed";
+inline constexpr std::string_view kBiteIgnored = "Ignored";
+inline constexpr std::string_view kBiteUnableToPerform = "Unable to perform";
+// The 39 test items, item n at index n - 1 (spacing as the radio's manuals print it).
+inline constexpr std::string_view kBiteItems[39] = {
+    "DSP - Boot Checksum", "DSP - PLL Lock", "DSP - External RAM", "IMIC- RAM",
+    "DSP - Internal RAM", "DSP - ABACUS", "DSP - DSM", "Main CPU -Flash Memory Checksum",
+    "Main CPU - RAM", "16.8Mhz Clock", "Backup Battery", "Control Head - Wakeup",
+    "Control Head - Response", "Radio Programmed", "Data Base", "VCO1 First Injection",
+    "VCO2 First Injection", "VCO3 First Injection", "VCO Second Injection", "Synthesizer Lock",
+    "Receiver", "Preselector - Range 1", "Preselector - Range 2", "Preselector - Range 3",
+    "Preselector - Range 4", "Preselector - Range 5", "Preselector - Range 6",
+    "Preselector - Range 7", "Preselector - Range 8", "Exciter", "Antenna Match",
+    "Harmonic Filter - Range 1", "Harmonic Filter - Range 2", "Harmonic Filter - Range 3",
+    "Harmonic Filter - Range 4", "Harmonic Filter - Range 5", "Harmonic Filter - Range 6",
+    "Harmonic Filter - Range 7", "PA - Power Amplifier"};
 
 // --- ALE database ---
 inline constexpr std::string_view kAleConfigErrorUndefined = "Ale Config Error is not defined!";
@@ -113,5 +171,9 @@ inline constexpr std::string_view kDirectoryOccupied = "Occupied Addresses:";
 inline constexpr std::string_view kMessagesMaximum = "Maximum Available:         10";
 inline constexpr std::string_view kMessagesOccupied = "Occupied Messages:";
 inline constexpr std::string_view kDeleteAddressQuestion = "Delete the address '%s' from the Directory?";
+
+// --- profile files ---
+inline constexpr std::string_view kProfileCannotRead = "Cannot read the file %s: %s";
+inline constexpr std::string_view kProfileCannotWrite = "Cannot write the file %s: %s";
 
 } // namespace koral::text

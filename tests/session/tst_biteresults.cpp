@@ -1,0 +1,95 @@
+#include "session/BiteResults.h"
+
+#include <QtTest>
+
+#include <array>
+
+using namespace koral;
+
+namespace {
+
+std::array<std::uint8_t, 262> reportOf(std::uint8_t code)
+{
+    std::array<std::uint8_t, 262> report{};
+    for (int item = 1; item <= kBiteItemCount; ++item)
+        report[kBiteFirstResultByte + item - 1] = code;
+    return report;
+}
+
+} // namespace
+
+class BiteResultsTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void summaries_data()
+    {
+        QTest::addColumn<int>("code");
+        QTest::addColumn<int>("rows");
+        QTest::addColumn<QString>("summary");
+        QTest::newRow("all passed")
+            << 0xAA << 39 << "Summary: 39 Passed, 0 Failed, 0 Not Performed";
+        QTest::newRow("all failed")
+            << 0x55 << 39 << "Summary: 0 Passed, 39 Failed, 0 Not Performed";
+        QTest::newRow("all unable")
+            << 0x3C << 39 << "Summary: 0 Passed, 0 Failed, 39 Not Performed";
+        QTest::newRow("all zero ignored")
+            << 0x00 << 0 << "Summary: 0 Passed, 0 Failed, 0 Not Performed";
+    }
+    void summaries()
+    {
+        QFETCH(int, code);
+        QFETCH(int, rows);
+        QFETCH(QString, summary);
+        const BiteSummary result = summarizeBite(reportOf(std::uint8_t(code)));
+        QCOMPARE(int(result.rows.size()), rows);
+        QCOMPARE(QString::fromStdString(biteSummaryText(result)), summary);
+    }
+
+    void mixedReportKeepsItemOrder()
+    {
+        auto report = reportOf(0);
+        report[kBiteFirstResultByte + 0] = 0xAA;  // item 1
+        report[kBiteFirstResultByte + 13] = 0x55; // item 14
+        report[kBiteFirstResultByte + 38] = 0x3C; // item 39
+        report[kBiteFirstResultByte - 1] = 0xAA;  // not an item
+        const BiteSummary result = summarizeBite(report);
+        const std::vector<BiteRow> expected{
+            {1, BiteResult::Passed}, {14, BiteResult::Failed}, {39, BiteResult::UnableToPerform}};
+        QVERIFY(result.rows == expected);
+        QCOMPARE(biteItemName(14), std::string_view("Radio Programmed"));
+        QCOMPARE(biteItemName(39), std::string_view("PA - Power Amplifier"));
+        QCOMPARE(biteItemName(4), std::string_view("IMIC- RAM"));
+        QCOMPARE(biteResultText(BiteResult::UnableToPerform),
+                 std::string_view("Unable to perform"));
+    }
+
+    void progressFromDots_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("position");
+        QTest::newRow("no dots") << "BITE" << -1;
+        QTest::newRow("one dot") << "BIT." << -1;
+        QTest::newRow("two dots") << "BIT.." << 3;
+        QTest::newRow("first three characters do not count") << "...." << -1;
+        QTest::newRow("five dots") << "T: ....." << 12;
+        QTest::newRow("dots between text") << "abc.d.e.f" << 6;
+    }
+    void progressFromDots()
+    {
+        QFETCH(QString, text);
+        QFETCH(int, position);
+        QCOMPARE(biteProgressFromText(text.toStdString()), position);
+    }
+
+    void setupHints()
+    {
+        QCOMPARE(biteSetupHint(BiteTestType::Full), std::string_view("Connect a dummy load"));
+        QCOMPARE(biteSetupHint(BiteTestType::Channel),
+                 std::string_view("Connect a dummy load or an antenna"));
+        QVERIFY(biteSetupHint(BiteTestType::LowRf).empty());
+    }
+};
+
+QTEST_GUILESS_MAIN(BiteResultsTest)
+#include "tst_biteresults.moc"

@@ -1,0 +1,129 @@
+#include "session/IncomingCall.h"
+
+#include <QtTest>
+
+#include <array>
+#include <cstring>
+
+using namespace koral;
+
+namespace {
+
+using Message = std::array<std::uint8_t, 262>;
+
+Message callReport(std::uint8_t channelHigh, std::uint8_t channelLow, std::uint8_t value,
+                   const char* address, const char* text = nullptr)
+{
+    Message message{};
+    message[0] = 0x24;
+    message[incoming_call::kChannel] = channelHigh;
+    message[incoming_call::kChannel + 1] = channelLow;
+    message[incoming_call::kChannelValue] = value;
+    std::memcpy(&message[incoming_call::kAddress], address,
+                std::min<std::size_t>(std::strlen(address), 16));
+    if (text) {
+        message[incoming_call::kMessageFlag] = 1;
+        const std::size_t start = incoming_call::kAddress + std::strlen(address) + 1;
+        std::memcpy(&message[start], text, std::strlen(text));
+    }
+    return message;
+}
+
+QString qs(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), text.size());
+}
+
+} // namespace
+
+class IncomingCallTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void titleAndCallType_data()
+    {
+        QTest::addColumn<int>("opcode");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("callType");
+        QTest::newRow("79") << 79 << "Incoming Station Call."
+                            << "Station";
+        QTest::newRow("90") << 90 << "Incoming Station Call."
+                            << "Station";
+        QTest::newRow("80") << 80 << "Incoming Net Call."
+                            << "Net";
+        QTest::newRow("82") << 82 << "Incoming Priority Call."
+                            << "Priority";
+        QTest::newRow("81 keeps the previous title") << 81 << ""
+                                                     << "";
+    }
+    void titleAndCallType()
+    {
+        QFETCH(int, opcode);
+        QFETCH(QString, title);
+        QFETCH(QString, callType);
+        const Message message = callReport(0, 5, 0, "ALPHA");
+        const IncomingCall call = decodeIncomingCall(opcode, message);
+        QCOMPARE(qs(call.title), title);
+        QCOMPARE(qs(call.callType), callType);
+    }
+
+    void channel_data()
+    {
+        QTest::addColumn<int>("high");
+        QTest::addColumn<int>("low");
+        QTest::addColumn<int>("channel");
+        QTest::newRow("text 12") << int('1') << int('2') << 12;
+        QTest::newRow("byte 12 after a zero") << 0 << 12 << 12;
+        QTest::newRow("single digit text") << int('7') << 0 << 7;
+        QTest::newRow("signed byte") << 0 << 0xFF << -1;
+        QTest::newRow("byte 200 as signed") << 0 << 200 << -56;
+    }
+    void channel()
+    {
+        QFETCH(int, high);
+        QFETCH(int, low);
+        QFETCH(int, channel);
+        const Message message = callReport(std::uint8_t(high), std::uint8_t(low), 0, "A");
+        QCOMPARE(decodeIncomingCall(79, message).channel, channel);
+    }
+
+    void addressValueAndMessage()
+    {
+        const Message message = callReport(0, 3, 42, "STATION7", "HELLO THERE");
+        const IncomingCall call = decodeIncomingCall(80, message);
+        QCOMPARE(call.channelValue, 42);
+        QCOMPARE(call.address, std::string("STATION7"));
+        QVERIFY(call.message.has_value());
+        QCOMPARE(*call.message, std::string("HELLO THERE"));
+    }
+
+    void noMessageWithoutFlag()
+    {
+        Message message = callReport(0, 3, 0, "STATION7", "HELLO");
+        message[incoming_call::kMessageFlag] = 0;
+        QVERIFY(!decodeIncomingCall(79, message).message.has_value());
+    }
+
+    void fullAddressIsCutAtSixteenAndMessageBounded()
+    {
+        Message message = callReport(0, 3, 0, "ABCDEFGHIJKLMNOP");
+        message[incoming_call::kMessageFlag] = 1;
+        // The address fills its field with no terminator; a message without an end runs to
+        // its limit, never past the message.
+        std::fill(message.begin() + incoming_call::kAddress + 16, message.end(), 'M');
+        const IncomingCall call = decodeIncomingCall(79, message);
+        QCOMPARE(call.address, std::string("ABCDEFGHIJKLMNOP"));
+        QCOMPARE(call.message->size(), incoming_call::kMessageLimit);
+    }
+
+    void shortMessageDecodesNothing()
+    {
+        const std::array<std::uint8_t, 8> tooShort{};
+        const IncomingCall call = decodeIncomingCall(79, tooShort);
+        QCOMPARE(call.channel, 0);
+        QVERIFY(call.address.empty());
+    }
+};
+
+QTEST_GUILESS_MAIN(IncomingCallTest)
+#include "tst_incomingcall.moc"
