@@ -6,7 +6,7 @@
 // by the radio's original tools load identically here and files written here load there:
 //  - a line is trimmed of blanks (tab, LF, VT, FF, CR, 0x1A, space) at both ends; CR, LF and
 //    CR LF all end a line; blank lines carry nothing;
-//  - "[name]" starts a section (name trimmed, text after the last ']' ignored); any other line
+//  - "[name]" starts a section (name trimmed, text after its ']' ignored); any other line
 //    splits at its first '=' into a trimmed key and a trimmed value; a line without '=' is a
 //    key without a value, which reads as missing;
 //  - section and key names match case-insensitively (Windows-1252 letters); the first of
