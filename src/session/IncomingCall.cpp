@@ -50,16 +50,15 @@ IncomingCall decodeIncomingCall(int opcode, std::span<const std::uint8_t> messag
     default:
         break;
     }
-    if (message.size() < kAddress + kAddressSize)
+    if (message.size() < kMessage)
         return call;
     call.channel = decodeChannel(message[kChannel], message[kChannel + 1]);
     call.channelValue = message[kChannelValue];
     const auto addressField = message.subspan(kAddress, kAddressSize);
     call.address = fieldText(addressField);
     if (message[kMessageFlag] == 1) {
-        const std::size_t start = kAddress + std::min(call.address.size() + 1, kAddressSize);
-        const std::size_t length = std::min(kMessageLimit, message.size() - start);
-        call.message = fieldText(message.subspan(start, length));
+        const std::size_t length = std::min(kMessageLimit, message.size() - kMessage);
+        call.message = fieldText(message.subspan(kMessage, length));
     }
     return call;
 }

@@ -20,14 +20,14 @@ struct IncomingCall
 };
 
 // Byte positions in the call report: the channel as two bytes, the channel's value, a flag
-// that announces a message, then the 16-byte calling address; the message follows the
-// address's terminating zero.
+// that announces a message, the 16-byte calling address, then the message.
 namespace incoming_call {
 inline constexpr std::size_t kChannel = 6;
 inline constexpr std::size_t kChannelValue = 8;
 inline constexpr std::size_t kMessageFlag = 9;
 inline constexpr std::size_t kAddress = 10;
 inline constexpr std::size_t kAddressSize = 16;
+inline constexpr std::size_t kMessage = 26;
 inline constexpr std::size_t kMessageLimit = 91;
 } // namespace incoming_call
 

@@ -23,8 +23,7 @@ Message callReport(std::uint8_t channelHigh, std::uint8_t channelLow, std::uint8
                 std::min<std::size_t>(std::strlen(address), 16));
     if (text) {
         message[incoming_call::kMessageFlag] = 1;
-        const std::size_t start = incoming_call::kAddress + std::strlen(address) + 1;
-        std::memcpy(&message[start], text, std::strlen(text));
+        std::memcpy(&message[incoming_call::kMessage], text, std::strlen(text));
     }
     return message;
 }
@@ -108,9 +107,9 @@ private slots:
     {
         Message message = callReport(0, 3, 0, "ABCDEFGHIJKLMNOP");
         message[incoming_call::kMessageFlag] = 1;
-        // The address fills its field with no terminator; a message without an end runs to
-        // its limit, never past the message.
-        std::fill(message.begin() + incoming_call::kAddress + 16, message.end(), 'M');
+        // The address fills its field with no terminator; a message without an end stops at
+        // its limit.
+        std::fill(message.begin() + incoming_call::kMessage, message.end(), 'M');
         const IncomingCall call = decodeIncomingCall(79, message);
         QCOMPARE(call.address, std::string("ABCDEFGHIJKLMNOP"));
         QCOMPARE(call.message->size(), incoming_call::kMessageLimit);
