@@ -100,6 +100,35 @@ inline constexpr std::string_view kRadioOptionsFault = "RadioOptions Programming
 inline constexpr std::string_view kWideInformationFault = "WideInformation Programming fault!";
 inline constexpr std::string_view kExternOptionFault = "ExternOption Programming fault!";
 inline constexpr std::string_view kStopProgrammingFault = "StopRADIOProgramming fault!";
+// Channel Configuration dialog
+inline constexpr std::string_view kChannelConfigTitle = "Channel Configuration";
+inline constexpr std::string_view kSimplexFrequency = "Simplex Frequency";
+inline constexpr std::string_view kHalfDuplexFrequencies = "Half Duplex Frequencies";
+inline constexpr std::string_view kTransmitOnlyFrequency = "Transmit Only Frequency";
+inline constexpr std::string_view kReceiveOnlyFrequency = "Receive Only Frequency";
+inline constexpr std::string_view kTxLabel = "Tx:";
+inline constexpr std::string_view kRxLabel = "Rx:";
+inline constexpr std::string_view kPowerLabel = "Power";
+inline constexpr std::string_view kBandLabel = "Band";
+inline constexpr std::string_view kModeLabel = "Mode";
+inline constexpr std::string_view kAgcLabel = "A.G.C";
+inline constexpr std::string_view kBwLabel = "BW";
+inline constexpr std::string_view kChannelNumLabel = "Channel Num";
+inline constexpr std::string_view kLengthDiagnostic = "iLength =";
+// RSS configuration check lines ("%s %d %s", "%s %d %s %c %s", "%s %d %s %d %s")
+inline constexpr std::string_view kCheckPriorityChannel = "Priority channel";
+inline constexpr std::string_view kCheckGuardChannel = "Guard channel";
+inline constexpr std::string_view kCheckChannel = "Channel";
+inline constexpr std::string_view kCheckIsNotProgrammed = "is not programmed.";
+inline constexpr std::string_view kCheckForGroup = "for group";
+inline constexpr std::string_view kCheckInGroup = "in group";
+inline constexpr std::string_view kCheckSelectedNotProgrammed = "selected but not programmed.";
+inline constexpr std::string_view kCheckAllCallChannel = "is All Call channel in net no.";
+inline constexpr std::string_view kCheckScannedChannel = "is scanned channel in net no.";
+inline constexpr std::string_view kCheckButNotProgrammed = "but not programmed.";
+// configuration summary grid headers
+inline constexpr std::string_view kSummaryHeaders[9] = {
+    "No.", "Tx. Freq.", "Rx. Freq.", "Tx Power", "Band", "Mode", "A.G.C.", "B.W.", "Ch. Num."};
 
 // --- groups, radio options and wide information dialogs ---
 inline constexpr std::string_view kGroupsHint = "Click to select channel. Right Click to select guard channel.";
