@@ -177,6 +177,7 @@ std::string formatField(Type type, std::size_t width, ValueList values,
     const bool hasList = !values.empty();
     switch (type) {
     case Type::Text:
+        return textField(bytes.first(width > 0 ? width - 1 : 0));
     case Type::FixedText:
         return textField(bytes);
     case Type::U32:
@@ -263,6 +264,20 @@ void parseField(Type type, std::size_t width, ValueList values, std::string_view
     }
 }
 
+bool fits(std::size_t at, std::size_t size, std::size_t recordSize)
+{
+    return at <= recordSize && size <= recordSize - at;
+}
+
+bool fits(const Row& row, std::size_t at, std::size_t recordSize)
+{
+    if (row.type != Type::Composite)
+        return fits(at, sizeOf(row.type, row.width), recordSize);
+    return std::all_of(row.fields.begin(), row.fields.end(), [&](const Field& field) {
+        return fits(at + field.offset, sizeOf(field.type, field.width), recordSize);
+    });
+}
+
 std::string_view sectionOf(const Row& row, const Options& options)
 {
     return row.section != nullptr ? std::string_view(row.section) : options.section;
@@ -323,7 +338,7 @@ void save(ProfileFile& file, std::span<const Row> rows, std::span<const std::uin
           std::span<const std::uint8_t> flags, const Options& options)
 {
     forEachElement(rows, options, [&](const Row& row, int element, std::size_t at) {
-        if (!present(flags, row.flag, element))
+        if (!present(flags, row.flag, element) || !fits(row, at, record.size()))
             return;
         file.write(sectionOf(row, options), keyOf(row, element),
                    formatField(row.type, row.width, row.values, record, at, row.fields));
