@@ -7,8 +7,7 @@
 // controls to this state and calls the setters from its change handlers.
 
 #include "profile/ValueList.h"
-#include "radiodb/ChannelNumbers.h"
-#include "radiodb/channel.h"
+#include "radiodb/ChannelTables.h"
 
 #include <array>
 #include <cstdint>
@@ -21,10 +20,6 @@
 namespace koral {
 
 class Notifier;
-
-using ChannelTable = std::array<channel, kChannelCount>;
-// CCIR channel numbers in host order, element n - 1 for channel n; 0 = none.
-using CcirChannelNumbers = std::array<std::uint16_t, kChannelCount>;
 
 class ChannelConfigEditor
 {
