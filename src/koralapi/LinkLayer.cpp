@@ -100,7 +100,8 @@ quint64 LinkLayer::send(std::span<const std::uint8_t> message)
     m_pending.push_back(std::move(out));
     const quint64 ticket = m_pending.back().ticket;
     if (!m_device) {
-        failInFlightAndPending();
+        // Reported later, never from inside send(), so a caller can file the ticket first.
+        QMetaObject::invokeMethod(this, &LinkLayer::cancelAll, Qt::QueuedConnection);
         return ticket;
     }
     pump();
