@@ -1,0 +1,415 @@
+#include "AleTestSupport.h"
+
+#include "aledb/AleFile.h"
+#include "aledb/AleNormalizer.h"
+#include "aledb/AleText.h"
+#include "profile/FileInfo.h"
+#include "profile/ProfileFile.h"
+#include "radiodb/dbase.h"
+
+#include <QtTest>
+
+#include <cstring>
+
+using namespace koral;
+using namespace koral::test;
+
+namespace {
+
+// Net 2 scans four channels and has three members; the directory has a gap; two dials.
+AleProgramme sampleProgramme()
+{
+    AleProgramme p = emptyProgramme();
+    setDirectory(p, 0, "ALPHA");
+    setDirectory(p, 2, "CHARLIE");
+    setMessage(p, 0, "CHECK IN");
+    p.database.autoDials[0] = {0, 0};
+    p.database.autoDials[3] = {2, kSlotEmpty};
+    setNet(p, 2, "NETB", "HOME", {1, 2, 5, 17});
+    ale_net& net = p.database.nets[1];
+    net.allCallChannel.set(5);
+    net.members[0] = 2;
+    net.members[1] = kSlotSelfAddress;
+    net.members[5] = 0;
+    net.tuneTime = 4;
+    net.sounding = 60;
+    net.occupancyCheck = 12;
+    p.database.options.multinet = 1;
+    p.database.options.minLqaScore = 40;
+    p.extraOptions = {0, 150, 1, 0};
+    p.globalMembers.nets[1].members[0] = 0x80 | 2;
+    p.globalMembers.nets[1].members[3] = 7;
+    setFieldText(p.globalMembers.nets[1].name, "GRPB");
+    return p;
+}
+
+dbase sampleRadio()
+{
+    dbase radio{};
+    std::memcpy(radio.serialNumber.data(), "SN000123", 8);
+    std::memcpy(radio.radioCode.data(), "RC77", 4);
+    std::memcpy(radio.softwareVersion.data(), "03.100", 6);
+    std::memcpy(radio.hardwareVersion.data(), "02.00", 5);
+    std::memcpy(radio.controlHeadSoftwareVersion.data(), "01.20", 5);
+    std::memcpy(radio.controlHeadHardwareVersion.data(), "01.00", 5);
+    return radio;
+}
+
+QByteArray written(const AleProgramme& p, bool globalMembers = true)
+{
+    ProfileFile file;
+    writeAleProfile(file, p, sampleRadio(), nullptr, {globalMembers, 200});
+    const std::string bytes = file.content();
+    return QByteArray(bytes.data(), int(bytes.size()));
+}
+
+AleProgramme readBack(const QByteArray& text, bool globalMembers = true)
+{
+    ProfileFile file;
+    file.setContent(std::string_view(text.constData(), std::size_t(text.size())));
+    AleProgramme p;
+    readAleProfile(file, &p, nullptr, nullptr, {globalMembers, 200}, true);
+    return p;
+}
+
+} // namespace
+
+bool sameRecords(const AleProgramme& a, const AleProgramme& b)
+{
+    return std::memcmp(&a.database, &b.database, sizeof a.database) == 0 &&
+           std::memcmp(&a.globalMembers, &b.globalMembers, sizeof a.globalMembers) == 0 &&
+           std::memcmp(&a.extraOptions, &b.extraOptions, sizeof a.extraOptions) == 0;
+}
+
+QByteArray crlf(const char* text)
+{
+    return QByteArray(text).replace("\n", "\r\n");
+}
+
+class AleFileTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void writesSectionsAndKeysInOrder()
+    {
+        const QByteArray expected = crlf("[ZOV]\n"
+                                         "ZOV_Version=2.01\n"
+                                         "Comment=\n"
+                                         "UserName=\n"
+                                         "[Wide Information]\n"
+                                         "Serial_Number=SN000123\n"
+                                         "Radio_Code=RC77\n"
+                                         "Software_Version=03.100\n"
+                                         "Hardware_Version=02.00\n"
+                                         "Control_Head_Software_Version=01.20\n"
+                                         "Control_Head_Hardware_Version=01.00\n"
+                                         "[Options]\n"
+                                         "PTT Timeout=No Timeout\n"
+                                         "Multinet=No\n"
+                                         "Anycall=Yes\n"
+                                         "Min. LQA Score=40\n"
+                                         "AMD message=Yes\n"
+                                         "External Alarm=Yes\n"
+                                         "Alert=Yes\n"
+                                         "Wildcard=Yes\n"
+                                         "Quick PTT Call=Yes\n"
+                                         "Auto Address=Yes\n"
+                                         "Accept Link Timeout=0\n"
+                                         "In link=No\n"
+                                         "Max Channel=150\n"
+                                         "Vcds=No\n"
+                                         "LinkAfterBidr=Yes\n"
+                                         "[Directory]\n"
+                                         "Address No. 1=ALPHA\n"
+                                         "Address No. 3=CHARLIE\n"
+                                         "[Messages]\n"
+                                         "Message No. 0=CHECK IN\n"
+                                         "[Automatic Dials]\n"
+                                         "Auto Dial No. 0=ALPHA,CHECK IN\n"
+                                         "Auto Dial No. 3=CHARLIE, \n"
+                                         "[Net No. 2]\n"
+                                         "Net Name=NETB\n"
+                                         "Self Address=HOME\n"
+                                         "Scan_Rate=2 Ch/Sec\n"
+                                         "Tune Time=4 Sec\n"
+                                         "Master/Slave=Master\n"
+                                         "Silent=No\n"
+                                         "Home Ack=Yes\n"
+                                         "Monitor Ack=Yes\n"
+                                         "All Call=Send and Receive\n"
+                                         "LQA Request=Yes\n"
+                                         "Sounding=Auto.-60 Min\n"
+                                         "Occupancy Check=1200 ms\n"
+                                         "All Call Channel=5\n"
+                                         "Scanned Channels=1,2,5,17\n"
+                                         "Member No. 1=CHARLIE\n"
+                                         "Member No. 2=HOME\n"
+                                         "Member No. 6=ALPHA\n"
+                                         "Global Member No. 1=130\n"
+                                         "Global Member No. 4=7\n"
+                                         "Global Members Name=GRPB\n");
+        QCOMPARE(written(sampleProgramme()), expected);
+    }
+
+    void globalMembersOnlyWhileInForce()
+    {
+        const QByteArray text = written(sampleProgramme(), false);
+        QVERIFY(!text.contains("Global Member"));
+        QVERIFY(text.endsWith("Member No. 6=ALPHA\r\n"));
+        const AleProgramme p = readBack(written(sampleProgramme()), false);
+        for (const auto& group : p.globalMembers.nets) {
+            QVERIFY(fieldText(group.name).empty());
+            QCOMPARE(group.members[0], kSlotEmpty);
+        }
+    }
+
+    void roundTrip_data()
+    {
+        QTest::addColumn<AleSetup>("setup");
+        QTest::newRow("sample") << AleSetup([](AleProgramme&) {});
+        QTest::newRow("full directory and messages") << AleSetup([](AleProgramme& p) {
+            for (int i = 0; i < kAleDirectorySize; ++i)
+                setDirectory(p, i, "STN" + std::to_string(i));
+            for (int i = 0; i < kAleMessageCount; ++i)
+                setMessage(p, i, "MSG " + std::to_string(i) + " lower case");
+            for (int i = 0; i < kAleAutoDialCount; ++i)
+                p.database.autoDials[i] = {std::uint8_t(i * 9), std::uint8_t(9 - i)};
+        });
+        QTest::newRow("twenty nets with every option") << AleSetup([](AleProgramme& p) {
+            for (int n = 1; n <= kAleNetCount; ++n) {
+                setNet(p, n, "NET" + std::to_string(n), "SELF" + std::to_string(n), {n, 200});
+                ale_net& net = p.database.nets[n - 1];
+                net.scanRate = n % 2 ? 2 : 5;
+                net.tuneTime = std::uint8_t(n);
+                net.silent = n % 2;
+                net.homeAck = net.monitorAck = net.lqaRequest = std::uint8_t(n % 2);
+                net.masterSlave = std::uint8_t(1 - n % 2);
+                net.allCall = std::uint8_t(n % 4);
+                net.sounding = std::uint8_t(n % 5 * 30);
+                net.occupancyCheck = std::uint8_t(n == 1 ? 0 : n + 2);
+                net.allCallChannel.set(std::uint16_t(n));
+                for (int m = 0; m < kAleMemberSlots; ++m)
+                    net.members[m] = kSlotSelfAddress;
+            }
+            p.database.options = {10, 0, 0, 0, 0, 100, 2, 1, 0, 0, 0, 1};
+            p.extraOptions = {1, 0, 0, 1};
+        });
+        QTest::newRow("dial to nothing with a message") << AleSetup([](AleProgramme& p) {
+            p.database.autoDials[5] = {kSlotEmpty, 0};
+        });
+    }
+    void roundTrip()
+    {
+        QFETCH(AleSetup, setup);
+        AleProgramme original = sampleProgramme();
+        setup(original);
+        const QByteArray text = written(original);
+        const AleProgramme loaded = readBack(text);
+        normalizeAleDatabase(original.database, 200);
+        // One "Multinet" key serves both records; the extra options' value is the one saved.
+        original.database.options.multinet = original.extraOptions.multinet;
+        QVERIFY(sameRecords(loaded, original));
+        QCOMPARE(written(loaded), text);
+    }
+
+    void loading_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<AleSetup>("expect");
+        QTest::newRow("no options section gives the defaults")
+            << QByteArray("[ZOV]\nZOV_Version=2.01\n") << AleSetup([](AleProgramme& p) {
+                   const ale_options& o = p.database.options;
+                   QCOMPARE(o.pttTimeout, 0);
+                   QCOMPARE(o.minLqaScore, 0);
+                   QCOMPARE(o.acceptLinkTimeout, 1);
+                   QCOMPARE(o.inLink, 0);
+                   QCOMPARE(o.multinet, 0);
+                   QVERIFY(o.anycall && o.amdMessage && o.externalAlarm && o.alert && o.wildcard &&
+                           o.quickPttCall && o.autoAddress);
+                   QCOMPARE(p.extraOptions.maxChannel, 0);
+               });
+        QTest::newRow("a missing net takes the net defaults")
+            << QByteArray() << AleSetup([](AleProgramme& p) {
+                   const ale_net& net = p.database.nets[19];
+                   QCOMPARE(net.scanRate, 2);
+                   QCOMPARE(net.silent, 1);
+                   QCOMPARE(net.allCall, 3);
+                   QCOMPARE(net.occupancyCheck, 0);
+                   QCOMPARE(net.lqaRequest, 1);
+                   QCOMPARE(net.allCallChannel.get(), kNoAllCallChannel);
+                   QCOMPARE(net.members[0], kSlotEmpty);
+                   QCOMPARE(p.globalMembers.nets[19].members[19], kSlotEmpty);
+                   QCOMPARE(p.database.autoDials[9].address, kSlotEmpty);
+                   QCOMPARE(p.database.autoDials[9].message, kSlotEmpty);
+               });
+        QTest::newRow("scan rate 3 is repaired to 2")
+            << QByteArray("[Net No. 1]\nScan_Rate=3 Ch/Sec\nScanned Channels=4\n")
+            << AleSetup([](AleProgramme& p) { QCOMPARE(p.database.nets[0].scanRate, 2); });
+        QTest::newRow("an unknown silent text means silent")
+            << QByteArray("[Net No. 1]\nSilent=Maybe\n")
+            << AleSetup([](AleProgramme& p) { QCOMPARE(p.database.nets[0].silent, 0); });
+        QTest::newRow("scanned channels out of range are skipped")
+            << QByteArray("[Net No. 3]\nScanned Channels=-1,0,5,200,300\nAll Call Channel=5\n")
+            << AleSetup([](AleProgramme& p) {
+                   const ale_net& net = p.database.nets[2];
+                   QVERIFY(!net.isScanned(0) && net.isScanned(5) && net.isScanned(200));
+                   QCOMPARE(net.allCallChannel.get(), 5);
+               });
+        QTest::newRow("member texts: self address, directory, unknown, missing")
+            << QByteArray("[Directory]\nAddress No. 4=DELTA\n"
+                          "[Net No. 2]\nSelf Address=HOME\nMember No. 1=HOME\n"
+                          "Member No. 2=DELTA\nMember No. 3=NOBODY\n")
+            << AleSetup([](AleProgramme& p) {
+                   const ale_net& net = p.database.nets[1];
+                   QCOMPARE(net.members[0], kSlotSelfAddress);
+                   QCOMPARE(net.members[1], 3);
+                   QCOMPARE(net.members[2], kSlotEmpty);
+                   QCOMPARE(net.members[3], kSlotEmpty);
+               });
+        QTest::newRow("an empty member text matches an empty self address")
+            << QByteArray("[Net No. 2]\nMember No. 1=\n") << AleSetup([](AleProgramme& p) {
+                   QCOMPARE(p.database.nets[1].members[0], kSlotSelfAddress);
+                   QCOMPARE(p.database.nets[1].members[1], kSlotEmpty);
+               });
+        QTest::newRow("automatic dials by text")
+            << QByteArray("[Directory]\nAddress No. 1=ALPHA\nAddress No. 2=BRAVO\n"
+                          "[Messages]\nMessage No. 4=HELLO\n"
+                          "[Automatic Dials]\nAuto Dial No. 0=BRAVO,HELLO\n"
+                          "Auto Dial No. 1=ALPHA, \nAuto Dial No. 2= ,HELLO\n"
+                          "Auto Dial No. 3=ZULU,NONE\n")
+            << AleSetup([](AleProgramme& p) {
+                   const auto& d = p.database.autoDials;
+                   QCOMPARE(d[0].address, 1);
+                   QCOMPARE(d[0].message, 4);
+                   QCOMPARE(d[1].address, 0);
+                   QCOMPARE(d[1].message, kSlotEmpty);
+                   QCOMPARE(d[2].address, kSlotEmpty);
+                   QCOMPARE(d[2].message, 4);
+                   QCOMPARE(d[3].address, kSlotEmpty);
+                   QCOMPARE(d[3].message, kSlotEmpty);
+               });
+        QTest::newRow("texts are cleaned and cut")
+            << QByteArray("[Directory]\nAddress No. 100=AB-12 x\n[Messages]\nMessage No. 9=") +
+                   QByteArray(95, 'M') + "\n"
+            << AleSetup([](AleProgramme& p) {
+                   QCOMPARE(std::string(fieldText(p.database.directory[99])), std::string("AB12x"));
+                   QCOMPARE(fieldText(p.database.messages[9]).size(), std::size_t(90));
+               });
+        QTest::newRow("extra options come back from Options")
+            << QByteArray("[Options]\nMultinet=Yes\nMax Channel=120\nVcds=Yes\n"
+                          "LinkAfterBidr=Yes\n")
+            << AleSetup([](AleProgramme& p) {
+                   QCOMPARE(p.extraOptions.multinet, 1);
+                   QCOMPARE(p.extraOptions.maxChannel, 120);
+                   QCOMPARE(p.extraOptions.vcds, 1);
+                   QCOMPARE(p.extraOptions.linkAfterBidr, 1);
+                   QCOMPARE(p.database.options.multinet, 1);
+               });
+        QTest::newRow("global members by number")
+            << QByteArray("[Net No. 5]\nGlobal Member No. 1=129\nGlobal Member No. 20=3\n"
+                          "Global Members Name=GRP\n")
+            << AleSetup([](AleProgramme& p) {
+                   const auto& group = p.globalMembers.nets[4];
+                   QCOMPARE(group.members[0], 129);
+                   QCOMPARE(group.members[1], kSlotEmpty);
+                   QCOMPARE(group.members[19], 3);
+                   QCOMPARE(std::string(fieldText(group.name)), std::string("GRP"));
+               });
+    }
+    void loading()
+    {
+        QFETCH(QByteArray, text);
+        QFETCH(AleSetup, expect);
+        AleProgramme p = readBack(text);
+        expect(p);
+    }
+
+    void versionCheck_data()
+    {
+        QTest::addColumn<QByteArray>("version");
+        QTest::addColumn<bool>("skip");
+        QTest::addColumn<int>("result");
+        QTest::newRow("same version") << QByteArray("2.01") << false << 0;
+        QTest::newRow("other version") << QByteArray("1.00") << false << 118;
+        QTest::newRow("longer text compared on five characters")
+            << QByteArray("2.01x") << false << 118;
+        QTest::newRow("other version, check skipped") << QByteArray("1.00") << true << 0;
+    }
+    void versionCheck()
+    {
+        QFETCH(QByteArray, version);
+        QFETCH(bool, skip);
+        QFETCH(int, result);
+        ProfileFile file;
+        file.setContent(("[ZOV]\r\nZOV_Version=" + version +
+                         "\r\n[Directory]\r\n"
+                         "Address No. 1=NEW\r\n")
+                            .toStdString());
+        AleProgramme p = sampleProgramme();
+        const AleProgramme before = p;
+        QCOMPARE(readAleProfile(file, &p, nullptr, nullptr, {}, skip), result);
+        QCOMPARE(sameRecords(p, before), result == 118);
+    }
+
+    void everyNetSectionIsRewritten()
+    {
+        ProfileFile file;
+        AleProgramme p = sampleProgramme();
+        writeAleProfile(file, p, sampleRadio(), nullptr, {});
+        QVERIFY(file.hasSection("Net No. 2"));
+        p.database.nets[1].scannedChannels.fill(0);
+        setNet(p, 4, "NETD", "HOME4", {7});
+        writeAleProfile(file, p, sampleRadio(), nullptr, {});
+        QVERIFY(!file.hasSection("Net No. 2"));
+        QCOMPARE(file.read("Net No. 4", "Net Name"), std::string("NETD"));
+    }
+
+    void fileKeepsIdentityAndInformation()
+    {
+        QTemporaryDir dir;
+        const std::filesystem::path path = dir.filePath("prog.ale").toStdString();
+        FileInfo info{"two\r\nlines", "OPERATOR", 0};
+        QCOMPARE(saveAleFile(path, sampleProgramme(), sampleRadio(), &info, {}), 0);
+        QVERIFY(info.modificationTime > 0);
+        dbase radio{};
+        FileInfo loadedInfo;
+        AleProgramme p;
+        QCOMPARE(loadAleFile(path, &p, &radio, &loadedInfo, {}, false), 0);
+        QCOMPARE(std::string(fieldText(radio.serialNumber)), std::string("SN000123"));
+        QCOMPARE(std::string(fieldText(radio.controlHeadHardwareVersion)), std::string("01.00"));
+        QCOMPARE(loadedInfo.comment, info.comment);
+        QCOMPARE(loadedInfo.userName, info.userName);
+    }
+
+    void unwritablePathFails()
+    {
+        QTemporaryDir dir;
+        const std::filesystem::path path = dir.filePath("missing/prog.ale").toStdString();
+        std::string error;
+        QCOMPARE(saveAleFile(path, sampleProgramme(), sampleRadio(), nullptr, {}, &error), 1);
+        QVERIFY(!error.empty());
+        QVERIFY(!std::filesystem::exists(path));
+    }
+
+    void brokenFilesLoadAndSaveStably()
+    {
+        const QByteArray good = written(sampleProgramme());
+        QRandomGenerator random(11);
+        for (int round = 0; round < 200; ++round) {
+            QByteArray text = good.left(random.bounded(good.size() + 1));
+            if (round % 2) {
+                text.resize(random.bounded(2000));
+                for (auto& c : text)
+                    c = char(random.bounded(256));
+                if (round % 3 == 0)
+                    text.replace(char(0), '=').prepend("[Net No. 1]\n");
+            }
+            const AleProgramme p = readBack(text);
+            const QByteArray once = written(p);
+            QCOMPARE(written(readBack(once)), once);
+        }
+    }
+};
+
+QTEST_GUILESS_MAIN(AleFileTest)
+#include "tst_alefile.moc"
