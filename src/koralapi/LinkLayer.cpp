@@ -45,6 +45,7 @@ LinkLayer::LinkLayer(QObject* parent) : QObject(parent)
 {
     m_clock.start();
     for (QTimer* timer : {&m_ackTimer, &m_byteTimer, &m_paceTimer}) {
+        timer->setParent(this); // so that they follow the link into its thread
         timer->setSingleShot(true);
         timer->setTimerType(Qt::PreciseTimer);
     }

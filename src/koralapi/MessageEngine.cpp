@@ -44,7 +44,7 @@ class IoWorker : public QObject
 public:
     explicit IoWorker(MessageEngine::Impl* engine) : m_engine(engine) {}
 
-    LinkLayer link;
+    LinkLayer link{this}; // a child, so that it moves to the I/O thread with the worker
     std::unique_ptr<QIODevice> device;
     std::shared_ptr<std::promise<bool>> pendingReset;
     std::map<quint64, std::shared_ptr<SendWait>> sends;

@@ -1,0 +1,384 @@
+#include "ScriptedRadio.h"
+
+#include "koralapi/KoralApi.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+
+#include <atomic>
+#include <cstring>
+#include <numeric>
+#include <thread>
+
+using namespace koral;
+
+namespace {
+constexpr int kBaud = 115200;
+
+std::vector<std::uint8_t> pattern(std::size_t size, int seed)
+{
+    std::vector<std::uint8_t> bytes(size);
+    for (std::size_t i = 0; i < size; ++i)
+        bytes[i] = static_cast<std::uint8_t>((i * 31 + static_cast<std::size_t>(seed)) ^ (i >> 8));
+    return bytes;
+}
+
+CRadioMessage query(int (*builder)(CRadioMessage*))
+{
+    CRadioMessage message;
+    message.prepareRequest();
+    builder(&message);
+    return message;
+}
+} // namespace
+
+class TestMessageEngine : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<ScriptedRadio> radio;
+    std::unique_ptr<MessageEngine> engine;
+
+    static void addTransports()
+    {
+        QTest::addColumn<QString>("transport");
+        QTest::newRow("in-process") << "pipe";
+        QTest::newRow("tcp") << "tcp";
+    }
+
+    bool open(const QString& transport)
+    {
+        if (transport == "pipe") {
+            ScriptedRadio* r = radio.get();
+            setVirtualRadioFactory([r](int) { return r->pipeEnd(); });
+            if (!engine->OpenComPort(1, kBaud))
+                return false;
+        } else {
+            const quint16 port = radio->listenTcp();
+            if (!engine->OpenPortByName("tcp:127.0.0.1:" + std::to_string(port), kBaud))
+                return false;
+        }
+        return engine->ConnectSocket(kBaud, 1) != 0;
+    }
+
+private slots:
+    void init()
+    {
+        radio = std::make_unique<ScriptedRadio>();
+        engine = std::make_unique<MessageEngine>();
+    }
+    void cleanup()
+    {
+        engine.reset();
+        radio.reset();
+        setVirtualRadioFactory({});
+    }
+
+    void answersQueries_data() { addTransports(); }
+    void answersQueries()
+    {
+        QFETCH(QString, transport);
+        QVERIFY(open(transport));
+        unsigned char word = 0;
+        QVERIFY(ReadProgramWord(engine.get(), &word));
+        QCOMPARE(word, 0x5A);
+        unsigned char version[8] = {};
+        QVERIFY(ReadSoftwareVersion(engine.get(), version));
+        QCOMPARE(std::strncmp(reinterpret_cast<char*>(version), "03.100", 8), 0);
+        QVERIFY(ReadRadioSoftwareVersion(engine.get(), version));
+        QCOMPARE(std::strncmp(reinterpret_cast<char*>(version), "03.8194", 8), 0);
+
+        std::array<std::uint8_t, 13> channel{};
+        QVERIFY(
+            ReadCurrentChannel(engine.get(), reinterpret_cast<koral::channel*>(channel.data())));
+        std::uint32_t tx = 0, rx = 0;
+        std::memcpy(&tx, channel.data() + 3, 4);
+        std::memcpy(&rx, channel.data() + 7, 4);
+        QCOMPARE(tx, 7000000u);
+        QCOMPARE(rx, 7100000u);
+        QCOMPARE(channel[12], 5);
+
+        CRadioMessage reply;
+        QVERIFY(engine->LockGetMessage());
+        const CRadioMessage ask = query(ReportActiveChannel);
+        QVERIFY(engine->SendRadioMessage(&ask));
+        QVERIFY(engine->GetMessageWithOpcode(&reply, op::ActiveChannel));
+        QCOMPARE(reply[7], 12);
+    }
+
+    // The worker's GetMessage never sees the reply the user-interface thread waits for, and
+    // the reports that come meanwhile are all delivered to the worker, in order.
+    void repliesStayApartFromUnsolicited_data() { addTransports(); }
+    void repliesStayApartFromUnsolicited()
+    {
+        QFETCH(QString, transport);
+        QVERIFY(open(transport));
+        std::atomic<bool> stop{false};
+        std::mutex seenMutex;
+        std::vector<int> seen;
+        std::thread worker([&] {
+            CRadioMessage message;
+            while (!stop) {
+                if (engine->GetMessage(&message, 1) == 1) {
+                    std::lock_guard lock(seenMutex);
+                    seen.push_back(message[6]);
+                    QCOMPARE(message.GetOpcode(), op::ChannelReport);
+                }
+            }
+        });
+        for (int round = 0; round < 5; ++round) {
+            radio->report(op::ChannelReport, {static_cast<std::uint8_t>(2 * round)});
+            engine->LockGetMessage();
+            radio->report(op::ChannelReport, {static_cast<std::uint8_t>(2 * round + 1)});
+            const CRadioMessage ask = query(ReportActiveChannel);
+            QVERIFY(engine->SendRadioMessage(&ask));
+            CRadioMessage reply;
+            QVERIFY(engine->GetMessageWithOpcode(&reply, op::ActiveChannel));
+            QCOMPARE(reply[7], 12);
+        }
+        QTRY_VERIFY_WITH_TIMEOUT(
+            [&] {
+                std::lock_guard lock(seenMutex);
+                return seen.size() == 10;
+            }(),
+            5000);
+        stop = true;
+        worker.join();
+        std::vector<int> expected(10);
+        std::iota(expected.begin(), expected.end(), 0);
+        QCOMPARE(seen, expected);
+    }
+
+    void getMessageWaitsThenReportsState()
+    {
+        QVERIFY(open("pipe"));
+        CRadioMessage message;
+        QElapsedTimer clock;
+        clock.start();
+        QCOMPARE(engine->GetMessage(&message, 1), 0);
+        QVERIFY(clock.elapsed() >= 100); // it waits, so a worker loop does not spin
+        QVERIFY(clock.elapsed() < 1000);
+        QCOMPARE(engine->GetMessage(&message, 0), 0);
+        QCOMPARE(engine->GetMessage(nullptr, 1), -1);
+        engine->DisconnectSocket(1);
+        engine->CloseComPort();
+        QCOMPARE(engine->IsPortOpen(), 0);
+        QCOMPARE(engine->GetMessage(&message, 1), -1);
+        QCOMPARE(engine->CloseComPort(), 1); // harmless when closed
+        QCOMPARE(engine->DisconnectSocket(1), 1);
+    }
+
+    void databaseRoundTrip_data()
+    {
+        QTest::addColumn<QString>("transport");
+        QTest::addColumn<int>("target");
+        for (const char* transport : {"pipe", "tcp"})
+            for (int target : {1, 2, 3, 4, 5, 6})
+                QTest::addRow("%s target %d", transport, target) << QString(transport) << target;
+    }
+    void databaseRoundTrip()
+    {
+        QFETCH(QString, transport);
+        QFETCH(int, target);
+        QVERIFY(open(transport));
+        const auto kind = static_cast<TransferTarget>(target);
+        const std::size_t size = targetSize(target);
+        std::vector<std::uint8_t> record = pattern(size, target);
+        if (kind == TransferTarget::Radio) {
+            const std::uint16_t priority = 1;
+            std::memcpy(record.data() + 4288, &priority, 2);
+        }
+        const auto original = record;
+        std::vector<int> steps;
+        const ProgressCallback progress = [&](int n) {
+            steps.push_back(n);
+            return 1;
+        };
+        int pumps = 0;
+        const PumpCallback pump = [&](int) { return ++pumps; };
+        QVERIFY(writeTarget(engine.get(), kind, record, 0, pump, progress, 10, 0));
+        QVERIFY(record == original); // never left in radio order
+        QCOMPARE(std::accumulate(steps.begin(), steps.end(), std::size_t{0}), size);
+        QCOMPARE(steps.size(), (size + 245) / 246);
+        {
+            std::lock_guard lock(radio->mutex);
+            auto stored = radio->databases[target];
+            if (kind == TransferTarget::Radio) {
+                QCOMPARE(stored[4288], 0x00); // a priority channel of 1 is 0x00 0x01 in the radio
+                QCOMPARE(stored[4289], 0x01);
+            }
+            convertByteOrder(kind, stored);
+            QVERIFY(stored == original);
+        }
+        steps.clear();
+        std::vector<std::uint8_t> back(size, 0xEE);
+        QVERIFY(readTarget(engine.get(), kind, back, 0, pump, progress, 10));
+        QVERIFY(back == original);
+        QCOMPARE(std::accumulate(steps.begin(), steps.end(), std::size_t{0}), size);
+    }
+
+    void typedCallsMoveWholeRecords()
+    {
+        QVERIFY(open("pipe"));
+        std::vector<std::uint8_t> radioRecord = pattern(record::kDbaseSize, 5);
+        std::vector<std::uint8_t> aleRecord = pattern(record::kAleDbaseSize, 6);
+        auto* dbaseRecord = reinterpret_cast<dbase*>(radioRecord.data());
+        auto* ale = reinterpret_cast<ale_dbase*>(aleRecord.data());
+        QVERIFY(WriteRadioDataBase(engine.get(), dbaseRecord, 0, {}, {}, 10));
+        QVERIFY(WriteAleDataBase(engine.get(), ale, {}, {}, 10, 0, 1, 1));
+        std::vector<std::uint8_t> radioBack(record::kDbaseSize), aleBack(record::kAleDbaseSize);
+        QVERIFY(ReadRadioDataBase(engine.get(), reinterpret_cast<dbase*>(radioBack.data()), 0, {},
+                                  {}, 10));
+        QVERIFY(ReadAleDataBase(engine.get(), reinterpret_cast<ale_dbase*>(aleBack.data()), {}, {},
+                                10));
+        QVERIFY(radioBack == radioRecord);
+        QVERIFY(aleBack == aleRecord);
+        QVERIFY(!ReadRadioDataBase(engine.get(), nullptr, 0, {}, {}, 10));
+    }
+
+    // A progress callback that answers 0 stops the transfer at once and the call fails; the
+    // radio keeps what it had and the link stays usable.
+    void progressZeroStopsTransfer_data()
+    {
+        QTest::addColumn<bool>("writing");
+        QTest::newRow("read") << false;
+        QTest::newRow("write") << true;
+    }
+    void progressZeroStopsTransfer()
+    {
+        QFETCH(bool, writing);
+        QVERIFY(open("pipe"));
+        int calls = 0;
+        const ProgressCallback stopSecond = [&](int) { return ++calls < 2 ? 1 : 0; };
+        std::vector<std::uint8_t> record = pattern(record::kAleDbaseSize, 9);
+        const int result =
+            writing
+                ? writeTarget(engine.get(), TransferTarget::Ale, record, 0, {}, stopSecond, 10, 0)
+                : readTarget(engine.get(), TransferTarget::Ale, record, 0, {}, stopSecond, 10);
+        QCOMPARE(result, 0);
+        QCOMPARE(calls, 2);
+        if (!writing)
+            QVERIFY(record == pattern(record::kAleDbaseSize, 9)); // untouched on failure
+        {
+            std::lock_guard lock(radio->mutex);
+            QVERIFY(radio->databases[2] == std::vector<std::uint8_t>(record::kAleDbaseSize, 0));
+        }
+        unsigned char word = 0;
+        QVERIFY(ReadProgramWord(engine.get(), &word));
+    }
+
+    // Every fault ends in a failure result within its bound, and the link recovers.
+    void silentRadioFailsWithinBounds_data() { addTransports(); }
+    void silentRadioFailsWithinBounds()
+    {
+        QFETCH(QString, transport);
+        QVERIFY(open(transport));
+        radio->setSilent(true);
+        const LinkTiming timing = engine->timing();
+        const qint64 sendBound = 2 * timing.sendBoundMs();
+        QElapsedTimer clock;
+
+        clock.start();
+        const CRadioMessage ask = query(ReportSquelchState);
+        QCOMPARE(engine->SendRadioMessage(&ask), 0);
+        QVERIFY(clock.elapsed() <= sendBound);
+
+        clock.restart();
+        unsigned char word = 0;
+        QCOMPARE(ReadProgramWord(engine.get(), &word), 0);
+        QVERIFY(clock.elapsed() <= sendBound + timing.replyMs());
+
+        clock.restart();
+        std::vector<std::uint8_t> record(record::kDbaseSize);
+        QCOMPARE(readTarget(engine.get(), TransferTarget::Radio, record, 0, {}, {}, 1), 0);
+        QVERIFY(clock.elapsed() <= sendBound + 1000);
+
+        radio->setSilent(false);
+        QVERIFY(ReadProgramWord(engine.get(), &word));
+        QCOMPARE(word, 0x5A);
+    }
+
+    void unansweredQueryFailsAfterReplyBound()
+    {
+        QVERIFY(open("pipe"));
+        radio->mute = true;
+        QElapsedTimer clock;
+        clock.start();
+        CRadioMessage reply;
+        engine->LockGetMessage();
+        const CRadioMessage ask = query(ReportActiveChannel);
+        QVERIFY(engine->SendRadioMessage(&ask)); // acknowledged, never answered
+        QCOMPARE(engine->GetMessageWithOpcode(&reply, op::ActiveChannel), 0);
+        QVERIFY(clock.elapsed() <= 2 * engine->timing().replyMs());
+    }
+
+    void noiseOnTheLineIsIgnored()
+    {
+        QVERIFY(open("pipe"));
+        radio->noise(QByteArray("\x7E\x01\x00\x00\x07garbage\x7E\x7E\xFF", 16));
+        radio->report(op::MonitorState, {1});
+        CRadioMessage message;
+        int got = 0;
+        for (int round = 0; round < 20 && got != 1; ++round)
+            got = engine->GetMessage(&message, 1);
+        QCOMPARE(got, 1);
+        QCOMPARE(message.GetOpcode(), op::MonitorState);
+        unsigned char word = 0;
+        QVERIFY(ReadProgramWord(engine.get(), &word));
+    }
+
+    void memoryProgrammingWritesBytesAsGiven()
+    {
+        QVERIFY(open("pipe"));
+        const std::array<unsigned char, 14> options{0x00, 0x01, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11};
+        QVERIFY(StartRADIOProgramming(engine.get()));
+        QVERIFY(WriteRADIOMemorySection(engine.get(), options.data(), 4288, options.size()));
+        QVERIFY(StopRADIOProgramming(engine.get()));
+        QVERIFY(!WriteRADIOMemorySection(engine.get(), options.data(), 4300, options.size()));
+        std::lock_guard lock(radio->mutex);
+        QVERIFY(std::equal(options.begin(), options.end(), radio->databases[16].begin() + 4288));
+    }
+
+    void programChannelSendsRadioOrder()
+    {
+        QVERIFY(open("pipe"));
+        std::array<std::uint8_t, 13> record{1, 2, 3};
+        const std::uint32_t tx = 12345678;
+        std::memcpy(record.data() + 3, &tx, 4);
+        QVERIFY(ProgramChannelNumberN(engine.get(), reinterpret_cast<channel*>(record.data()), 3));
+        QVERIFY(
+            !ProgramChannelNumberN(engine.get(), reinterpret_cast<channel*>(record.data()), 201));
+        std::lock_guard lock(radio->mutex);
+        const auto& stored = radio->databases[1];
+        QCOMPARE(stored[1688 + 26 + 3], 0x00);
+        QCOMPARE(stored[1688 + 26 + 4], 0xBC);
+        QCOMPARE(stored[1688 + 26 + 5], 0x61);
+        QCOMPARE(stored[1688 + 26 + 6], 0x4E);
+    }
+
+    void openFailures_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("no such port number") << "99";
+        QTest::newRow("no virtual radio installed") << "virtual";
+        QTest::newRow("missing device") << "/dev/koral-no-such-device";
+        QTest::newRow("nobody listening") << "tcp:127.0.0.1:1";
+        QTest::newRow("malformed tcp") << "tcp:nohost";
+    }
+    void openFailures()
+    {
+        QFETCH(QString, name);
+        QElapsedTimer clock;
+        clock.start();
+        QCOMPARE(engine->OpenPortByName(name.toStdString(), 9600), 0);
+        QVERIFY(clock.elapsed() < 6000);
+        QCOMPARE(engine->IsPortOpen(), 0);
+        QVERIFY(!engine->lastError().empty());
+        QCOMPARE(engine->ConnectSocket(9600, 1), 0);
+        const CRadioMessage ask = query(ReportSquelchState);
+        QCOMPARE(engine->SendRadioMessage(&ask), 0);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestMessageEngine)
+#include "tst_messageengine.moc"
