@@ -4,7 +4,12 @@
 #include "koralapi/Opcodes.h"
 #include "koralapi/RadioRecords.h"
 
+#include <QSocketNotifier>
 #include <QTcpSocket>
+
+#include <fcntl.h>
+#include <stdlib.h>
+#include <unistd.h>
 
 #include <cstring>
 #include <future>
@@ -22,6 +27,34 @@ void runIn(QObject* context, F f)
     });
     done.get_future().wait();
 }
+// The radio's side of a pseudo-terminal, raw, as a byte stream.
+class PtyMaster : public QIODevice
+{
+public:
+    explicit PtyMaster(int fd) : m_fd(fd), m_notifier(fd, QSocketNotifier::Read)
+    {
+        connect(&m_notifier, &QSocketNotifier::activated, this, [this] { emit readyRead(); });
+        open(QIODevice::ReadWrite | QIODevice::Unbuffered);
+    }
+    ~PtyMaster() override { ::close(m_fd); }
+    bool isSequential() const override { return true; }
+
+protected:
+    qint64 readData(char* data, qint64 maxSize) override
+    {
+        const auto n = ::read(m_fd, data, static_cast<std::size_t>(maxSize));
+        return n < 0 ? 0 : n;
+    }
+    qint64 writeData(const char* data, qint64 size) override
+    {
+        const auto n = ::write(m_fd, data, static_cast<std::size_t>(size));
+        return n < 0 ? size : n; // nobody at the other end yet: the bytes are lost
+    }
+
+private:
+    int m_fd;
+    QSocketNotifier m_notifier;
+};
 } // namespace
 
 ScriptedRadio::ScriptedRadio()
@@ -42,6 +75,8 @@ ScriptedRadio::~ScriptedRadio()
     runIn(this, [this] {
         m_link->detach();
         m_ownedDevice.reset();
+        if (m_ptySlave >= 0)
+            ::close(m_ptySlave);
         delete m_server;
         delete m_link;
     });
@@ -98,6 +133,23 @@ quint16 ScriptedRadio::listenTcp()
         });
     });
     return port;
+}
+
+QString ScriptedRadio::servePty()
+{
+    QString path;
+    runIn(this, [this, &path] {
+        const int fd = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
+        if (fd < 0 || grantpt(fd) != 0 || unlockpt(fd) != 0)
+            return;
+        path = QString::fromLocal8Bit(ptsname(fd));
+        // Keep the terminal side open too, so that bytes do not fail before the program opens.
+        m_ptySlave = ::open(ptsname(fd), O_RDWR | O_NOCTTY);
+        m_link->detach();
+        m_ownedDevice = std::make_unique<PtyMaster>(fd);
+        attach(m_ownedDevice.get());
+    });
+    return path;
 }
 
 void ScriptedRadio::report(int opcode, std::vector<std::uint8_t> payload)

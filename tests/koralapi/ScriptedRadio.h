@@ -27,6 +27,8 @@ public:
     std::unique_ptr<QIODevice> pipeEnd();
     // A loopback TCP port served by this radio; the name to open is tcp:127.0.0.1:PORT.
     quint16 listenTcp();
+    // A pseudo-terminal served by this radio; the path to open as a serial device.
+    QString servePty();
 
     // Sends a message of its own (an unsolicited report), from any thread.
     void report(int opcode, std::vector<std::uint8_t> payload);
@@ -56,6 +58,7 @@ private:
     QIODevice* m_device = nullptr;
     std::unique_ptr<QIODevice> m_ownedDevice;
     QTcpServer* m_server = nullptr;
+    int m_ptySlave = -1;
     struct Write
     {
         int target = 0;

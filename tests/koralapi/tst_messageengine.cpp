@@ -44,6 +44,7 @@ class TestMessageEngine : public QObject
         QTest::addColumn<QString>("transport");
         QTest::newRow("in-process") << "pipe";
         QTest::newRow("tcp") << "tcp";
+        QTest::newRow("pty") << "pty";
     }
 
     bool open(const QString& transport)
@@ -52,6 +53,10 @@ class TestMessageEngine : public QObject
             ScriptedRadio* r = radio.get();
             setVirtualRadioFactory([r](int) { return r->pipeEnd(); });
             if (!engine->OpenComPort(1, kBaud))
+                return false;
+        } else if (transport == "pty") {
+            const QString path = radio->servePty();
+            if (path.isEmpty() || !engine->OpenPortByName(path.toStdString(), kBaud))
                 return false;
         } else {
             const quint16 port = radio->listenTcp();
@@ -172,7 +177,7 @@ private slots:
     {
         QTest::addColumn<QString>("transport");
         QTest::addColumn<int>("target");
-        for (const char* transport : {"pipe", "tcp"})
+        for (const char* transport : {"pipe", "tcp", "pty"})
             for (int target : {1, 2, 3, 4, 5, 6})
                 QTest::addRow("%s target %d", transport, target) << QString(transport) << target;
     }
