@@ -1,0 +1,78 @@
+#include "gui/PanelRules.h"
+
+#include <QtTest>
+
+using namespace koral;
+
+namespace {
+const std::vector<Panel> kEvery{
+    Panel::ComputerInterface, Panel::Rss, Panel::RssAle, Panel::Koral, Panel::Ccir, Panel::Koral2E};
+
+QString names(const std::vector<Panel>& panels)
+{
+    QStringList list;
+    for (Panel p : panels)
+        list << QString::number(int(p));
+    return list.join(',');
+}
+} // namespace
+
+class PanelRulesTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void panelButtons_data()
+    {
+        QTest::addColumn<bool>("allPanels");
+        QTest::addColumn<bool>("ccir");
+        QTest::addColumn<int>("softwareClass");
+        QTest::addColumn<QString>("buttons");
+        QTest::newRow("ALE mode, class 2: KORAL panel") << true << false << 2 << "0,1,2,3";
+        QTest::newRow("ALE mode, class 1: KORAL-2E panel") << true << false << 1 << "0,1,2,5";
+        QTest::newRow("CCIR mode shows the CCIR panel") << true << true << 2 << "0,1,2,3,4";
+        QTest::newRow("unknown class counts as not 1") << true << true << 0 << "0,1,2,3,4";
+        QTest::newRow("panels not built are never offered") << false << true << 1 << "1";
+    }
+    void panelButtons()
+    {
+        QFETCH(bool, allPanels);
+        QFETCH(bool, ccir);
+        QFETCH(int, softwareClass);
+        QFETCH(QString, buttons);
+        PanelRules rules(allPanels ? kEvery : std::vector<Panel>{Panel::Rss});
+        QCOMPARE(names(rules.panelButtons(ccir, softwareClass)), buttons);
+    }
+
+    void startPanel()
+    {
+        QCOMPARE(PanelRules(kEvery).startPanel(), Panel::ComputerInterface);
+        QCOMPARE(PanelRules({Panel::RssAle, Panel::Rss}).startPanel(), Panel::Rss);
+        QVERIFY(!PanelRules({Panel::Rss}).isOffered(Panel::Ccir));
+    }
+
+    void titles_data()
+    {
+        QTest::addColumn<int>("panel");
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("title");
+        QTest::newRow("bare") << 1 << ""
+                              << "RSS Panel";
+        QTest::newRow("with file") << 1 << "/home/op/a.rss"
+                                   << "RSS Panel - /home/op/a.rss";
+        QTest::newRow("KORAL-2E") << 5 << ""
+                                  << "KORAL-2E Panel";
+        QTest::newRow("CI") << 0 << ""
+                            << "Computer Interface Panel";
+    }
+    void titles()
+    {
+        QFETCH(int, panel);
+        QFETCH(QString, path);
+        QFETCH(QString, title);
+        QCOMPARE(QString::fromStdString(PanelRules::title(Panel(panel), path.toStdString())),
+                 title);
+    }
+};
+
+QTEST_GUILESS_MAIN(PanelRulesTest)
+#include "tst_panelrules.moc"
