@@ -2,21 +2,15 @@
 
 namespace koral::radiosim {
 
-OperationMode RadioState::operationMode() const
+OperationMode RadioState::operationMode(bool ccirMode) const
 {
-    if (call == CallPhase::Linked) {
-        return OperationMode::Linked;
-    }
     if (groupScanning) {
         return OperationMode::GroupScan;
     }
-    if (aleScanning) {
-        return OperationMode::AleScan;
+    if (ccirMode) {
+        return OperationMode::SelectiveCall;
     }
-    if (justProgrammed) {
-        return OperationMode::Programmed;
-    }
-    return aleOn ? OperationMode::Ale : OperationMode::Channel;
+    return aleOn ? OperationMode::Ale : OperationMode::FixedChannel;
 }
 
 } // namespace koral::radiosim

@@ -7,12 +7,10 @@ namespace koral::radiosim {
 // Operation modes the radio reports (opcode 22).
 enum class OperationMode : std::uint8_t
 {
-    Channel = 0,
+    FixedChannel = 0,
     GroupScan = 1,
     Ale = 2,
-    AleScan = 4,
-    Linked = 6,
-    Programmed = 7,
+    SelectiveCall = 3,
 };
 
 // How the radio's ALE exchange stands.
@@ -51,10 +49,8 @@ struct RadioState
     CallPhase call = CallPhase::Idle;
     std::uint8_t linkChannel = 0;
     bool selfTestRunning = false;
-    bool justProgrammed = false;
-    unsigned menuPage = 0; // front-panel menu the display shows, 0 = channel display
 
-    OperationMode operationMode() const;
+    OperationMode operationMode(bool ccirMode) const;
 };
 
 } // namespace koral::radiosim

@@ -1,0 +1,467 @@
+// The virtual radio against the real radio library, in-process: every answer the program
+// relies on, state kept between requests, events, faults and the database transfer.
+
+#include "koralapi/KoralApi.h"
+#include "radiosim/BuiltInContents.h"
+#include "radiosim/BuiltInRadio.h"
+#include "radiosim/SelfTest.h"
+#include "radiosim/VirtualRadio.h"
+
+#include <QElapsedTimer>
+#include <QtTest>
+
+#include <atomic>
+#include <cstring>
+
+using namespace koral;
+using namespace koral::radiosim;
+using namespace std::chrono_literals;
+
+namespace {
+
+CRadioMessage request(const std::function<int(CRadioMessage*)>& build)
+{
+    CRadioMessage message;
+    message.prepareRequest();
+    build(&message);
+    return message;
+}
+
+QByteArray payload(const CRadioMessage& message)
+{
+    return QByteArray(reinterpret_cast<const char*>(message.payload()), message.GetLen());
+}
+
+ConsoleCommand console(const char* line)
+{
+    const ConsoleParse parsed = parseConsoleLine(line);
+    Q_ASSERT(parsed.command);
+    return *parsed.command;
+}
+} // namespace
+
+class VirtualRadioTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void init()
+    {
+        m_radio = nullptr;
+        installBuiltInRadio({false, [this](VirtualRadio& radio) {
+                                 radio.setStepInterval(20ms);
+                                 m_radio = &radio;
+                             }});
+        m_engine = std::make_unique<MessageEngine>();
+        QVERIFY(m_engine->OpenComPort(1, 9600));
+        QVERIFY(m_engine->ConnectSocket(9600, 1));
+        QVERIFY(m_radio.load() != nullptr);
+    }
+    void cleanup()
+    {
+        m_engine->DisconnectSocket(1);
+        m_engine->CloseComPort();
+        m_engine.reset();
+    }
+
+    // The first exchange of a session: capabilities, versions, the radio's current state.
+    void answersQueries_data()
+    {
+        QTest::addColumn<int>("query");
+        QTest::addColumn<int>("reply");
+        QTest::addColumn<QByteArray>("expected");
+        QTest::newRow("support mode: global members and extra options")
+            << op::QuerySupportMode << op::SupportMode << QByteArray("\x01", 1);
+        QTest::newRow("CCIR mode: ALE radio, ALE on")
+            << op::QueryCcirMode << op::CcirMode << QByteArray("\x00\x01", 2);
+        QTest::newRow("ISB off") << op::QueryIsbMode << op::IsbMode << QByteArray("\x00", 1);
+        QTest::newRow("operation mode ALE")
+            << op::QueryOperationMode << op::OperationMode << QByteArray("\x02", 1);
+        QTest::newRow("ALE on") << op::QueryAleOnOff << op::AleOnOff << QByteArray("\x01", 1);
+        QTest::newRow("active channel 1, not scanning")
+            << op::QueryActiveChannel << op::ActiveChannel << QByteArray("\x00\x01", 2);
+        QTest::newRow("squelch off")
+            << op::QuerySquelch << op::SquelchState << QByteArray("\x00", 1);
+        QTest::newRow("DSP: level 0, blanker on")
+            << op::QueryDspParameters << op::DspParameters << QByteArray("\x00\x00\x01\x00", 4);
+        QTest::newRow("clarifier off")
+            << op::QueryClarifier << op::ClarifierPosition << QByteArray("\x00\x00", 2);
+        QTest::newRow("program word")
+            << op::QueryProgramWord << op::ProgramWord << QByteArray("\x5A", 1);
+        QTest::newRow("software version")
+            << op::QuerySoftwareVersion << op::SoftwareVersion << QByteArray("03.100\0\0", 8);
+    }
+    void answersQueries()
+    {
+        QFETCH(int, query);
+        QFETCH(int, reply);
+        QFETCH(QByteArray, expected);
+        QCOMPARE(payload(ask(query, reply)), expected);
+    }
+
+    // A setting changed by one request is what the next query reports.
+    void keepsSettings_data()
+    {
+        QTest::addColumn<int>("setting");
+        QTest::addColumn<QByteArray>("settingPayload");
+        QTest::addColumn<int>("query");
+        QTest::addColumn<int>("reply");
+        QTest::addColumn<QByteArray>("expected");
+        QTest::newRow("squelch on")
+            << op::SetSquelch << QByteArray("\x00\x01", 2) << op::QuerySquelch << op::SquelchState
+            << QByteArray("\x02", 1);
+        QTest::newRow("DSP: 255 leaves a value unchanged")
+            << op::SetDspParameters << QByteArray("\x00\x04\xFF\x00\xFF\x01", 6)
+            << op::QueryDspParameters << op::DspParameters << QByteArray("\x04\x00\x00\x00", 4);
+        QTest::newRow("clarifier minus 20")
+            << op::SetClarifier << QByteArray("\x00\x02\x14", 3) << op::QueryClarifier
+            << op::ClarifierPosition << QByteArray("\x02\x14", 2);
+        QTest::newRow("channel 12")
+            << op::SetActiveChannel << QByteArray("\x00\x0C", 2) << op::QueryActiveChannel
+            << op::ActiveChannel << QByteArray("\x00\x0C", 2);
+        QTest::newRow("unprogrammed channel 150 is refused, channel stays")
+            << op::SetActiveChannel << QByteArray("\x00\x96", 2) << op::QueryActiveChannel
+            << op::ActiveChannel << QByteArray("\x00\x01", 2);
+        QTest::newRow("group scan B")
+            << op::SetScanMode << QByteArray("\x01\x01\x01", 3) << op::QueryOperationMode
+            << op::OperationMode << QByteArray("\x01", 1);
+        QTest::newRow("ISB channel 38 is not ISB")
+            << op::SetActiveChannel << QByteArray("\x00\x26", 2) << op::QueryIsbMode << op::IsbMode
+            << QByteArray("\x00", 1);
+    }
+    void keepsSettings()
+    {
+        QFETCH(int, setting);
+        QFETCH(QByteArray, settingPayload);
+        QFETCH(int, query);
+        QFETCH(int, reply);
+        QFETCH(QByteArray, expected);
+        QVERIFY(sendRaw(setting, settingPayload));
+        QCOMPARE(payload(ask(query, reply)), expected);
+    }
+
+    // Changing the channel reports it (46) with its frequencies; the monitor reports 89.
+    void reportsChannelChangeAndMonitor()
+    {
+        QVERIFY(send([](CRadioMessage* m) { return SetActiveChannel(m, 0, 7); }));
+        const CRadioMessage report = waitFor(op::ChannelReport);
+        QCOMPARE(report[6], std::uint8_t(0));
+        QCOMPARE(report[7], std::uint8_t(7));
+        QCOMPARE(report.get32(9), 4125000u);
+        QCOMPARE(report.get32(13), 4125000u);
+
+        QVERIFY(send([](CRadioMessage* m) { return SetMonitorOnOff(m, 0, 1); }));
+        QCOMPARE(waitFor(op::MonitorState)[6], std::uint8_t(1));
+    }
+
+    void readsCurrentChannelAndSoftwareVersions()
+    {
+        unsigned char text[16] = {};
+        QVERIFY(ReadSoftwareVersion(m_engine.get(), text));
+        QCOMPARE(QByteArray(reinterpret_cast<char*>(text)), QByteArray("03.100"));
+        QVERIFY(ReadRadioSoftwareVersion(m_engine.get(), text));
+        QCOMPARE(QByteArray(reinterpret_cast<char*>(text)), QByteArray("03.8200"));
+    }
+
+    // Every database crosses the link byte for byte, both ways; a write lands in the radio.
+    void databasesRoundTrip_data()
+    {
+        QTest::addColumn<int>("target");
+        QTest::newRow("radio") << int(TransferTarget::Radio);
+        QTest::newRow("ALE") << int(TransferTarget::Ale);
+        QTest::newRow("global members") << int(TransferTarget::GlobalMembers);
+        QTest::newRow("extra options") << int(TransferTarget::ExtraOptions);
+    }
+    void databasesRoundTrip()
+    {
+        QFETCH(int, target);
+        const auto kind = static_cast<TransferTarget>(target);
+        std::vector<std::uint8_t> bytes(targetSize(target));
+        int progressed = 0;
+        const auto progress = [&](int n) {
+            progressed += n;
+            return 1;
+        };
+        QVERIFY(readTarget(m_engine.get(), kind, bytes, 0, {}, progress, 10));
+        QCOMPARE(progressed, int(bytes.size()));
+        convertByteOrder(kind, bytes); // back to the radio's order
+        QVERIFY(bytes == memoryOf(builtInDatabases(), kind));
+
+        // Change every byte, write, read back.
+        for (auto& b : bytes) {
+            b = static_cast<std::uint8_t>(b ^ 0x5A);
+        }
+        std::vector<std::uint8_t> host = bytes;
+        convertByteOrder(kind, host);
+        QVERIFY(writeTarget(m_engine.get(), kind, host, 0, {}, {}, 10, 0x06));
+        std::vector<std::uint8_t> back(bytes.size());
+        QVERIFY(readTarget(m_engine.get(), kind, back, 0, {}, {}, 10));
+        QVERIFY(back == host);
+    }
+
+    // An ALE radio keeps no CCIR database; in CCIR mode it has one, and no ALE scanning.
+    void ccirDatabasesFollowTheMode()
+    {
+        std::vector<std::uint8_t> ccir(RadioDatabases::kCcirSize);
+        QVERIFY(!readTarget(m_engine.get(), TransferTarget::Ccir, ccir, 0, {}, {}, 10));
+        run("mode ccir");
+        QCOMPARE(payload(ask(op::QueryCcirMode, op::CcirMode)), QByteArray("\x01\x00", 2));
+        QCOMPARE(payload(ask(op::QueryOperationMode, op::OperationMode)), QByteArray("\x03", 1));
+        QVERIFY(readTarget(m_engine.get(), TransferTarget::Ccir, ccir, 0, {}, {}, 10));
+        QCOMPARE(readU16(ccir, 0), std::uint16_t(4417));
+    }
+
+    void supportModeOffRefusesExtendedDatabases()
+    {
+        run("support off");
+        QCOMPARE(payload(ask(op::QuerySupportMode, op::SupportMode)), QByteArray("\x00", 1));
+        std::array<std::uint8_t, 4> extra{};
+        QVERIFY(!readTarget(m_engine.get(), TransferTarget::ExtraOptions, extra, 0, {}, {}, 10));
+    }
+
+    // A reset brings the radio up as after switching it on.
+    void resetRestoresPowerOnState()
+    {
+        QVERIFY(send([](CRadioMessage* m) { return SetSquelchOnOff(m, 0, 1); }));
+        QVERIFY(send([](CRadioMessage* m) { return SetClarifier(m, 0, 1, 50); }));
+        QVERIFY(send([](CRadioMessage* m) { return PerformReset(m); }));
+        QCOMPARE(payload(ask(op::QuerySquelch, op::SquelchState)), QByteArray("\x00", 1));
+        QCOMPARE(payload(ask(op::QueryClarifier, op::ClarifierPosition)),
+                 QByteArray("\x00\x00", 2));
+    }
+
+    // Memory programming takes effect only when programming stops.
+    void memoryProgramming()
+    {
+        std::array<std::uint8_t, 14> options{};
+        options[1] = 5; // priority channel 5, radio order
+        QVERIFY(!WriteRADIOMemorySection(m_engine.get(), options.data(), 4288, 14));
+        QVERIFY(StartRADIOProgramming(m_engine.get()));
+        QVERIFY(WriteRADIOMemorySection(m_engine.get(), options.data(), 4288, 14));
+        QVERIFY(StopRADIOProgramming(m_engine.get()));
+        std::vector<std::uint8_t> radio(RadioDatabases::kRadioSize);
+        QVERIFY(readTarget(m_engine.get(), TransferTarget::Radio, radio, 0, {}, {}, 10));
+        QCOMPARE(radio[4288 + 0], std::uint8_t(5)); // host order again
+        QCOMPARE(radio[4288 + 1], std::uint8_t(0));
+    }
+
+    void incomingCalls_data()
+    {
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<int>("opcode");
+        QTest::addColumn<QByteArray>("address");
+        QTest::addColumn<QByteArray>("text");
+        QTest::newRow("station call with message")
+            << "call station STN1 \"HELLO\"" << op::IncomingStationCall << QByteArray("STN1")
+            << QByteArray("HELLO");
+        QTest::newRow("net call on channel 12")
+            << "call net HQ channel 12" << op::IncomingNetCall << QByteArray("HQ") << QByteArray();
+        QTest::newRow("all call") << "call all SHIP7 \"QSY NOW\"" << op::IncomingPriorityCall
+                                  << QByteArray("SHIP7") << QByteArray("QSY NOW");
+    }
+    void incomingCalls()
+    {
+        QFETCH(QString, line);
+        QFETCH(int, opcode);
+        QFETCH(QByteArray, address);
+        QFETCH(QByteArray, text);
+        run(line.toLatin1().constData());
+        const CRadioMessage call = waitFor(opcode);
+        QCOMPARE(call[6], std::uint8_t(0));
+        QCOMPARE(call[7], std::uint8_t(line.contains("channel 12") ? 12 : 1));
+        QCOMPARE(call[9], std::uint8_t(text.isEmpty() ? 0 : 1));
+        QCOMPARE(QByteArray(reinterpret_cast<const char*>(call.bytes.data() + 10)), address);
+        if (!text.isEmpty()) {
+            QCOMPARE(QByteArray(reinterpret_cast<const char*>(call.bytes.data() + 26)), text);
+        }
+    }
+
+    // A station call to a known station shows progress, then the link and its channel.
+    void stationCallLinks_data()
+    {
+        QTest::addColumn<QByteArray>("address");
+        QTest::addColumn<int>("result");
+        QTest::newRow("directory station") << QByteArray("STN2") << 1;
+        QTest::newRow("unknown station") << QByteArray("NOBODY") << 0;
+    }
+    void stationCallLinks()
+    {
+        QFETCH(QByteArray, address);
+        QFETCH(int, result);
+        const signed char pair[2] = {0, 4};
+        QVERIFY(send([&](CRadioMessage* m) {
+            return StationCall(m, address.constData(), int(address.size()) + 1, pair, "HI", 3);
+        }));
+        QCOMPARE(waitFor(op::StationCallProgress)[6], std::uint8_t(4));
+        QCOMPARE(int(waitFor(op::LinkResult)[6]), result);
+    }
+
+    void rejectsCommandOnRequest()
+    {
+        run("fault reject 69");
+        const signed char pair[2] = {-1, -1};
+        QVERIFY(send([&](CRadioMessage* m) { return StationCall(m, "STN1", 5, pair, "", 1); }));
+        QCOMPARE(waitFor(op::CommandRejected).get16(6), std::uint16_t(69));
+        run("fault clear");
+    }
+
+    // The built-in test reports growing progress, then one result byte per item.
+    void selfTest_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<int>("firstTested");
+        QTest::addColumn<int>("lastTested");
+        QTest::newRow("full") << 0 << 1 << 39;
+        QTest::newRow("channel") << 1 << 16 << 31;
+        QTest::newRow("low RF") << 2 << 1 << 29;
+    }
+    void selfTest()
+    {
+        QFETCH(int, type);
+        QFETCH(int, firstTested);
+        QFETCH(int, lastTested);
+        run("bite fail 20");
+        run("bite unable 21");
+        QVERIFY(send([&](CRadioMessage* m) { return PerformSelfTest(m, type); }));
+        int lastDots = 0;
+        for (;;) {
+            const CRadioMessage report = waitFor(op::DisplayReport);
+            if (report[6] == op::display::SelfTestProgress) {
+                const QByteArray text(reinterpret_cast<const char*>(report.bytes.data() + 7));
+                const int dots = int(text.mid(3).count('.'));
+                QVERIFY(dots > lastDots);
+                lastDots = dots;
+                continue;
+            }
+            QCOMPARE(report[6], std::uint8_t(op::display::SelfTestResult));
+            QCOMPARE(lastDots, 5);
+            for (int item = 1; item <= 39; ++item) {
+                const std::uint8_t expected = item < firstTested || item > lastTested ? 0x00
+                                              : item == 20                            ? 0x55
+                                              : item == 21                            ? 0x3C
+                                                                                      : 0xAA;
+                QCOMPARE(report[6 + item], expected);
+            }
+            break;
+        }
+    }
+
+    // The front panel: a key changes the display (three lines) and, with Enter, the radio.
+    void frontPanelKeys()
+    {
+        for (int key : {14, 24, 15, 24, 11}) { // "1", release, "2", release, Enter
+            QVERIFY(send([&](CRadioMessage* m) { return ReportControlHeadKeyboard(m, key); }));
+        }
+        QCOMPARE(waitFor(op::ChannelReport)[7], std::uint8_t(12));
+        QByteArray display;
+        for (int line = 0; line < 3; ++line) {
+            const CRadioMessage report = waitFor(op::DisplayReport);
+            QVERIFY(report[6] < 3);
+            display += QByteArray(reinterpret_cast<const char*>(report.bytes.data() + 7)) + "|";
+        }
+        QVERIFY2(display.contains("CH 012") && display.contains("RX 5.81500"), display.constData());
+    }
+
+    // Without an answer, a request fails within its bound instead of hanging.
+    void noAnswerFailsInTime()
+    {
+        run("fault no-answer");
+        QElapsedTimer clock;
+        clock.start();
+        QVERIFY(!send([](CRadioMessage* m) { return ReportSquelchState(m); }));
+        QVERIFY(clock.elapsed() < 10000);
+        run("fault clear");
+        QVERIFY(send([](CRadioMessage* m) { return ReportSquelchState(m); }));
+    }
+
+    void answerOnceThenSilence()
+    {
+        run("fault answer-once");
+        QVERIFY(ask(op::QuerySquelch, op::SquelchState).GetOpcode() == op::SquelchState);
+        m_engine->LockGetMessage();
+        QVERIFY(!send([](CRadioMessage* m) { return ReportSquelchState(m); }));
+    }
+
+    // A damaged frame is sent again by the link; the transfer still succeeds.
+    void corruptFramesAreRecovered()
+    {
+        run("fault corrupt 2");
+        std::vector<std::uint8_t> ale(RadioDatabases::kAleSize);
+        QVERIFY(readTarget(m_engine.get(), TransferTarget::Ale, ale, 0, {}, {}, 10));
+        convertByteOrder(TransferTarget::Ale, ale);
+        QVERIFY(ale == memoryOf(builtInDatabases(), TransferTarget::Ale));
+    }
+
+    void lineDropMidTransferFails()
+    {
+        run("fault drop-after 2000");
+        std::vector<std::uint8_t> radio(RadioDatabases::kRadioSize);
+        int progressed = 0;
+        QVERIFY(!readTarget(
+            m_engine.get(), TransferTarget::Radio, radio, 0, {},
+            [&](int n) { return progressed += n, 1; }, 10));
+        QVERIFY(progressed > 0 && progressed < int(radio.size()));
+    }
+
+private:
+    static std::vector<std::uint8_t> memoryOf(const RadioDatabases& db, TransferTarget target)
+    {
+        switch (target) {
+        case TransferTarget::Ale:
+            return {db.ale.begin(), db.ale.end()};
+        case TransferTarget::GlobalMembers:
+            return {db.globalMembers.begin(), db.globalMembers.end()};
+        case TransferTarget::ExtraOptions:
+            return {db.extraOptions.begin(), db.extraOptions.end()};
+        default:
+            return {db.radio.begin(), db.radio.end()};
+        }
+    }
+
+    void run(const char* line) { m_radio.load()->executeFromAnyThread(console(line)); }
+
+    bool send(const std::function<int(CRadioMessage*)>& build)
+    {
+        const CRadioMessage message = request(build);
+        return m_engine->SendRadioMessage(&message) != 0;
+    }
+
+    bool sendRaw(int opcode, const QByteArray& bytes)
+    {
+        return send([&](CRadioMessage* m) {
+            m->setOpcodeAndLength(opcode, std::size_t(bytes.size()));
+            std::memcpy(m->payload(), bytes.constData(), std::size_t(bytes.size()));
+            return 1;
+        });
+    }
+
+    CRadioMessage ask(int query, int reply)
+    {
+        CRadioMessage answer;
+        m_engine->LockGetMessage();
+        if (!sendRaw(query, {}) || !m_engine->GetMessageWithOpcode(&answer, reply)) {
+            qWarning("no answer %d to request %d", reply, query);
+        }
+        return answer;
+    }
+
+    // The next unsolicited message of that opcode (others are skipped), within 5 s.
+    CRadioMessage waitFor(int opcode)
+    {
+        QElapsedTimer clock;
+        clock.start();
+        CRadioMessage message;
+        while (clock.elapsed() < 5000) {
+            if (m_engine->GetMessage(&message, 1) == 1 && message.GetOpcode() == opcode) {
+                return message;
+            }
+        }
+        qWarning("no message %d", opcode);
+        return CRadioMessage{};
+    }
+
+    std::unique_ptr<MessageEngine> m_engine;
+    std::atomic<VirtualRadio*> m_radio{nullptr};
+};
+
+QTEST_GUILESS_MAIN(VirtualRadioTest)
+#include "tst_virtualradio.moc"
