@@ -19,8 +19,8 @@ struct FileInfo
     static constexpr std::size_t kCommentSize = 200; // read buffer: at most 199 characters
     static constexpr std::size_t kUserNameSize = 20; // read buffer: at most 19 characters
 
-    std::string comment; // line breaks as CR LF
-    std::string userName;
+    std::string comment{}; // line breaks as CR LF
+    std::string userName{};
     std::int64_t modificationTime = 0; // seconds since 1970, 0 when unknown
 };
 

@@ -9,6 +9,7 @@
 #include <fstream>
 #include <iterator>
 #include <random>
+#include <sstream>
 #include <system_error>
 
 namespace koral {
@@ -109,6 +110,17 @@ std::string_view unquoted(std::string_view value)
     return value;
 }
 
+// The text to store so that reading gives `value` back: a value with blanks at an end, or one
+// that reading would unquote, is put in double quotes (reading, here and in the original
+// system, removes exactly that pair).
+std::string storedValue(std::string_view value)
+{
+    const bool blankEnd = !value.empty() && (isBlank(value.front()) || isBlank(value.back()));
+    if (blankEnd || unquoted(value).size() != value.size())
+        return "\"" + std::string(value) + "\"";
+    return std::string(value);
+}
+
 std::string_view limited(std::string_view text, std::size_t bufferSize)
 {
     if (bufferSize == 0)
@@ -149,19 +161,24 @@ bool ProfileFile::load(std::filesystem::path path)
     std::error_code error;
     if (!std::filesystem::exists(m_path, error))
         return true; // a missing file reads as all defaults
-    std::ifstream in(m_path, std::ios::binary);
-    if (!in) {
+    if (std::filesystem::is_directory(m_path, error)) {
         m_error = describe(text::kProfileCannotRead, m_path,
-                           std::make_error_code(std::errc::permission_denied));
+                           std::make_error_code(std::errc::is_a_directory));
         return false;
     }
-    std::string bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-    if (in.bad()) {
-        m_error =
-            describe(text::kProfileCannotRead, m_path, std::make_error_code(std::errc::io_error));
+    errno = 0;
+    std::ifstream in(m_path, std::ios::binary);
+    std::ostringstream bytes;
+    // Streaming the buffer turns read errors into a failed state instead of an exception.
+    if (in && in.peek() != std::ifstream::traits_type::eof())
+        bytes << in.rdbuf();
+    if (!in || !bytes) {
+        const int reason = errno != 0 ? errno : EIO;
+        m_error = describe(text::kProfileCannotRead, m_path,
+                           std::error_code(reason, std::generic_category()));
         return false;
     }
-    parse(bytes);
+    parse(bytes.view());
     return true;
 }
 
@@ -275,8 +292,8 @@ void ProfileFile::write(std::string_view section, std::string_view key, std::str
 {
     section = trimmed(section);
     key = trimmed(key);
-    while (!value.empty() && isBlank(value.front()))
-        value.remove_prefix(1);
+    const std::string stored = storedValue(value);
+    value = stored;
     m_modified = true;
 
     // The line before an appended one must be ended first.

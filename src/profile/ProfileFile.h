@@ -71,8 +71,10 @@ public:
     // True when the section exists.
     bool hasSection(std::string_view section) const;
 
-    // Sets `key` in `section` to `value` (leading blanks of the value are dropped), creating
-    // the key or the section as needed. Only memory changes; see flush().
+    // Sets `key` in `section` to `value`, creating the key or the section as needed. A value
+    // with blanks at an end, or one that starts and ends with the same quote, is stored in
+    // double quotes, so that read() (and the original system) gives it back unchanged. The
+    // value must not hold a line break. Only memory changes; see flush().
     void write(std::string_view section, std::string_view key, std::string_view value);
     // Removes the first `key` line of `section`; nothing happens when it is missing.
     void removeKey(std::string_view section, std::string_view key);

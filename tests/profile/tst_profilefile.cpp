@@ -50,6 +50,7 @@ private slots:
     void failedSaveIsReportedAndChangesNothing_data();
     void failedSaveIsReportedAndChangesNothing();
     void modificationTime();
+    void unreadableFileIsReported();
 };
 
 void TestProfileFile::read_data()
@@ -184,8 +185,9 @@ void TestProfileFile::edit_data()
     QTest::newRow("new section after unended line")
         << QByteArray("[S]\r\na=1") << QStringList{"w|T|b|2"}
         << QByteArray("[S]\r\na=1\r\n[T]\r\nb=2\r\n");
-    QTest::newRow("value's leading blanks dropped")
-        << QByteArray() << QStringList{"w| S | k |  v "} << QByteArray("[S]\r\nk=v \r\n");
+    QTest::newRow("values that reading would change are quoted")
+        << QByteArray() << QStringList{"w| S | k |  v ", "w|S|q|'x'", "w|S|r|\"", "w|S|e|"}
+        << QByteArray("[S]\r\nk=\"  v \"\r\nq=\"'x'\"\r\nr=\"\r\ne=\r\n");
     QTest::newRow("remove key") << QByteArray("[S]\r\na=1\r\nb=2\r\nc=3\r\n")
                                 << QStringList{"dk|S|B", "dk|S|missing", "dk|X|a"}
                                 << QByteArray("[S]\r\na=1\r\nc=3\r\n");
@@ -222,6 +224,12 @@ void TestProfileFile::edit()
             file.removeSection(bytesOf(parts[1]));
     }
     QCOMPARE(file.content(), bytesOf(after));
+    // Every value written reads back as written.
+    for (const QString& operation : operations) {
+        const QList<QByteArray> parts = operation.toLatin1().split('|');
+        if (parts[0] == "w" && !operations.contains("ds|" + parts[1]))
+            QCOMPARE(file.read(bytesOf(parts[1]), bytesOf(parts[2])), bytesOf(parts[3]));
+    }
 }
 
 void TestProfileFile::missingFileReadsDefaults()
@@ -316,6 +324,22 @@ void TestProfileFile::modificationTime()
     writeFile(path, "x");
     const std::int64_t now = QDateTime::currentSecsSinceEpoch();
     QVERIFY(qAbs(koral::fileModificationTime(path) - now) < 60);
+}
+
+void TestProfileFile::unreadableFileIsReported()
+{
+    QTemporaryDir dir;
+    const std::filesystem::path empty = dir.filePath("empty.ini").toStdString();
+    writeFile(empty, "");
+    ProfileFile file(empty);
+    QVERIFY(file.errorString().empty());
+    QCOMPARE(file.content(), std::string());
+
+    file.write("S", "k", "v");
+    const std::filesystem::path folder = dir.path().toStdString();
+    QVERIFY(!file.load(folder));
+    QCOMPARE(file.errorString(), "Cannot read the file " + folder.string() + ": Is a directory");
+    QCOMPARE(file.read("S", "k", "d"), std::string("d"));
 }
 
 QTEST_GUILESS_MAIN(TestProfileFile)

@@ -1,0 +1,516 @@
+#include "radiodb/RadioSanitiser.h"
+#include "radiodb/RssFile.h"
+
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <cstring>
+#include <fstream>
+#include <iterator>
+
+using namespace koral;
+
+namespace {
+
+std::string fileBytes(const std::filesystem::path& path)
+{
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+void writeFile(const std::filesystem::path& path, std::string_view bytes)
+{
+    std::ofstream(path, std::ios::binary) << bytes;
+}
+
+// The first line where two files differ, both versions; empty when they are equal.
+QString firstDifference(const std::string& a, const std::string& b)
+{
+    const QList<QByteArray> left = QByteArray::fromStdString(a).split('\n');
+    const QList<QByteArray> right = QByteArray::fromStdString(b).split('\n');
+    for (qsizetype i = 0; i < qMax(left.size(), right.size()); ++i) {
+        const QByteArray l = left.value(i, "<end>");
+        const QByteArray r = right.value(i, "<end>");
+        if (l != r)
+            return QString::fromLatin1(l + " | " + r);
+    }
+    return {};
+}
+
+void setChannel(dbase& db, int number, std::uint32_t tx, std::uint32_t rx)
+{
+    channel& ch = db.channelNo(number);
+    ch.power = 4;
+    ch.sideband = 0;
+    ch.bandwidth = 1;
+    ch.txFrequency.set(tx);
+    ch.rxFrequency.set(rx);
+    ch.agc = 255;
+    ch.modulation = 2;
+}
+
+QString members(const Group& group)
+{
+    QStringList list;
+    for (int n = 0; n <= kGroupBitCount; ++n) {
+        if (group.isMember(n))
+            list << QString::number(n);
+    }
+    return list.join(',');
+}
+
+// One field of a loaded record, as the test tables name it.
+QString describe(const dbase& db, bool isb, const QString& field)
+{
+    const auto text = [](auto& array) {
+        return QString::fromLatin1(fieldText(array).data(), qsizetype(fieldText(array).size()));
+    };
+    if (field.startsWith("channel")) {
+        const channel& ch = db.channelNo(field.mid(7).toInt());
+        return QStringLiteral("%1,%2,%3,%4,%5,%6,%7")
+            .arg(ch.power)
+            .arg(ch.sideband)
+            .arg(ch.bandwidth)
+            .arg(ch.txFrequency.get())
+            .arg(ch.rxFrequency.get())
+            .arg(ch.agc)
+            .arg(ch.modulation);
+    }
+    if (field.startsWith("group")) {
+        const Group& group = db.groups[std::size_t(field.back().toLatin1() - 'A')];
+        return QStringLiteral("%1:%2").arg(group.guardChannel.get()).arg(members(group));
+    }
+    if (field.startsWith("option")) {
+        const OptionRecord& option = db.options[std::size_t(field.mid(6).toInt())];
+        return text(option.softwareVersion) + "," + text(option.hardwareVersion) + "," +
+               QString::number(option.status);
+    }
+    if (field.startsWith("ecn"))
+        return text(db.ecn[std::size_t(field.mid(3).toInt() - 1)]);
+    if (field == "serial")
+        return text(db.serialNumber);
+    if (field == "radio options") {
+        const RadioOptions& o = db.radioOptions;
+        return QStringLiteral("%1 %2 %3 %4 %5 %6 %7 %8 %9 %10 %11 %12 %13 %14")
+            .arg(o.priorityChannel.get())
+            .arg(o.cwPttHold)
+            .arg(o.scanRate)
+            .arg(o.dataPowerLevel)
+            .arg(o.alertTone)
+            .arg(o.alternateDisplayTime)
+            .arg(o.accessorySideTone)
+            .arg(o.microphoneSideTone)
+            .arg(o.beepAfterKeyboardPress)
+            .arg(o.beepAfterPttRelease)
+            .arg(o.frequencyDisplay)
+            .arg(o.baudRate)
+            .arg(o.noiseBlanker)
+            .arg(db.language);
+    }
+    if (field == "accessories")
+        return QStringLiteral("%1 %2 isb %3").arg(db.accessoryInstalled).arg(db.tuner).arg(isb);
+    return "unknown field " + field;
+}
+
+} // namespace
+
+class TestRssFile : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { QVERIFY(m_dir.isValid()); }
+
+    void savedLayout();
+    void load_data();
+    void load();
+    void versionCheck_data();
+    void versionCheck();
+    void fileInformation();
+    void saveReplacesTheWholeFile();
+    void failedSaveKeepsTheOldFile();
+    void savedFilesReloadToTheSameBytes();
+    void brokenFilesLoadSanitised_data();
+    void brokenFilesLoadSanitised();
+    void ccirChannelNumbers();
+
+private:
+    std::filesystem::path path(const char* name) const
+    {
+        return m_dir.filePath(name).toStdString();
+    }
+    QTemporaryDir m_dir;
+};
+
+void TestRssFile::savedLayout()
+{
+    dbase db{};
+    setFieldText(db.serialNumber, "SN42");
+    setFieldText(db.softwareVersion, "1.2");
+    setFieldText(db.option(OptionSlot::DeleteLsb).softwareVersion, "01.00");
+    db.option(OptionSlot::NoiseBlanker).status = 1;
+    setFieldText(db.ecn[2], "EC N");
+    setChannel(db, 1, 12345000, 12345000);
+    setChannel(db, 200, 0, 5000000);
+    db.groups[1].setMember(1, true);
+    db.groups[1].setMember(200, true);
+    db.groups[1].guardChannel.set(200);
+    db.radioOptions.scanRate = 4;
+    db.radioOptions.noiseBlanker = 1;
+    db.tuner = 1;
+    FileInfo info{.comment = "first\r\nsecond", .userName = "Op"};
+    const CcirChannelNumbers ccir{7};
+
+    const std::string expected =
+        "[ZOV]\r\nZOV_Version=2.01\r\nComment=first\\rsecond\r\nUserName=Op\r\n"
+        "[Wide Information]\r\nSerial_Number=SN42\r\nRadio_Code=\r\nSoftware_Version=1.2\r\n"
+        "Hardware_Version=\r\nControl_Head_Software_Version=\r\n"
+        "Control_Head_Hardware_Version=\r\n"
+        "[Options]\r\nHigh Stability Oscillator=,,Disabled\r\nDelete LSB=01.00,,Disabled\r\n"
+        "Noise Blanker=,,Enabled\r\nRemote Control=,,Disabled\r\nSelCall=,,Disabled\r\n"
+        "Delete ALE=,,Disabled\r\nDelete Data=,,Disabled\r\nAccessory Stop Scan=,,Disabled\r\n"
+        "Amateure Ferq Restriction=,,Disabled\r\nMultyNet Enable=,,Disabled\r\n"
+        "Broad Band Filter Enable=,,Disabled\r\nRead Programmed Memory=,,Disabled\r\n"
+        "VP Option Enable=,,Disabled\r\nPPS Option Enable=,,Disabled\r\n"
+        "Input Password Enable=,,Disabled\r\n"
+        "[ECN List]\r\nECN3=EC N\r\n"
+        "[Groups Guard Channels]\r\nGroup_B=200,1,200\r\n"
+        "[Channels]\r\nChannel1=High,LSB,12345000,12345000,Off,AME,3300\r\n"
+        "Channel200=High,LSB,0,5000000,Off,AME,3300\r\n"
+        "[Radio Options]\r\nPriority_Channel=1\r\nScan_Rate=4 Ch/Sec\r\nBaud_Rate=1200\r\n"
+        "Alert_Tone=Low\r\nCW_PTT_Hold=500 mSec\r\nAlternate_Display_Time=5 Sec\r\n"
+        "Data_Power_Level=Max\r\nLanguage=ENGLISH\r\nBeep_After_Keyboard_Press=No\r\n"
+        "Beep_After_PTT_Release=No\r\nAccessory_Side_Tone=No\r\nMicrophone_Side_Tone=No\r\n"
+        "Frequency_Display=Hide\r\nNoise_Blanker=Yes\r\nISB=Yes\r\n"
+        "[Accessories]\r\nAccessory_Installed=None\r\nTuner=Yes\r\n"
+        "[Ccir Channel Number]\r\nChannel1=7\r\n";
+
+    RssFile file(path("a.rss"));
+    QCOMPARE(file.save(info, db, true, &ccir), RssFile::kOk);
+    QCOMPARE(QByteArray::fromStdString(fileBytes(path("a.rss"))), QByteArray(expected.c_str()));
+    QVERIFY(info.modificationTime > 0);
+
+    // Printing writes the same text with the CCIR channel numbers first.
+    const std::string printed = RssFile::content(info, db, true, &ccir, kChannelCount, true);
+    QVERIFY(printed.starts_with("[Ccir Channel Number]\r\nChannel1=7\r\n[ZOV]\r\n"));
+    QCOMPARE(printed.size(), expected.size());
+}
+
+void TestRssFile::load_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<QString>("expected");
+
+    QTest::newRow("missing option loads disabled") << QByteArray("") << "option0"
+                                                   << ",,0";
+    QTest::newRow("option") << QByteArray("[Options]\r\nSelCall=01.00,02.5,Enabled\r\n")
+                            << "option4"
+                            << "01.00,02.5,1";
+    QTest::newRow("defaults of the radio options") << QByteArray("") << "radio options"
+                                                   << "1 50 2 5 0 5 0 0 1 0 1 3 0 0";
+    QTest::newRow("radio options")
+        << QByteArray("[Radio Options]\r\nPriority_Channel=150\r\nCW_PTT_Hold=150 mSec\r\n"
+                      "Scan_Rate=5 Ch/Sec\r\nData_Power_Level=Low\r\nAlert_Tone=High\r\n"
+                      "Alternate_Display_Time=10 Sec\r\nAccessory_Side_Tone=Yes\r\n"
+                      "Microphone_Side_Tone=Yes\r\nBeep_After_Keyboard_Press=No\r\n"
+                      "Beep_After_PTT_Release=Yes\r\nFrequency_Display=Hide\r\n"
+                      "Baud_Rate=2400\r\nLanguage=BAHASA\r\n")
+        << "radio options"
+        << "150 15 5 2 1 10 1 1 0 1 0 1 0 3";
+    QTest::newRow("unknown scan rate repaired")
+        << QByteArray("[Radio Options]\r\nScan_Rate=7 Ch/Sec\r\n") << "radio options"
+        << "1 50 2 5 0 5 0 0 1 0 1 3 0 0";
+    QTest::newRow("priority beyond the channels repaired")
+        << QByteArray("[Radio Options]\r\nPriority_Channel=201\r\n") << "radio options"
+        << "1 50 2 5 0 5 0 0 1 0 1 3 0 0";
+    QTest::newRow("noise blanker needs its option")
+        << QByteArray("[Options]\r\nNoise Blanker=,,Enabled\r\n"
+                      "[Radio Options]\r\nNoise_Blanker=Yes\r\nBeep_After_Keyboard_Press=No")
+        << "radio options"
+        << "1 50 2 5 0 5 0 0 0 0 1 3 1 0";
+    QTest::newRow("accessories and isb")
+        << QByteArray("[Accessories]\r\nAccessory_Installed=Accessory2\r\nTuner=Yes\r\n"
+                      "[Radio Options]\r\nISB=Yes")
+        << "accessories"
+        << "3 1 isb 1";
+    QTest::newRow("unknown isb is off") << QByteArray("[Radio Options]\r\nISB=yes") << "accessories"
+                                        << "0 0 isb 0";
+    QTest::newRow("channel") << QByteArray("[Channels]\r\nChannel7=Low,LSB,2000000,3000000,Fast,"
+                                           "PLT,CW")
+                             << "channel7"
+                             << "2,0,3,2000000,3000000,1,1";
+    QTest::newRow("old channel line without bandwidth")
+        << QByteArray("[Channels]\r\nChannel7=Low,USB,2000000,3000000,Fast,ISB") << "channel7"
+        << "2,1,0,2000000,3000000,1,3";
+    QTest::newRow("transmit-only channel")
+        << QByteArray("[Channels]\r\nChannel3=High,LSB,2000000") << "channel3"
+        << "4,0,0,2000000,0,0,0";
+    QTest::newRow("missing channel is empty") << QByteArray("") << "channel3"
+                                              << "5,1,0,0,0,0,0";
+    QTest::newRow("frequency below range cleared")
+        << QByteArray("[Channels]\r\nChannel9=Max,USB,1599999,100000,Off,SSB,2100") << "channel9"
+        << "5,1,5,0,100000,255,0";
+    QTest::newRow("unknown texts repaired")
+        << QByteArray("[Channels]\r\nChannel9=max,usb,2000000,2000000,2,SSB,9") << "channel9"
+        << "5,0,0,2000000,2000000,0,0";
+    QTest::newRow("delete LSB forces USB")
+        << QByteArray("[Options]\r\nDelete LSB=,,Enabled\r\n"
+                      "[Channels]\r\nChannel9=Max,LSB,2000000,2000000,Slow,SSB,2700")
+        << "channel9"
+        << "5,1,0,2000000,2000000,0,0";
+    QTest::newRow("group") << QByteArray("[Groups Guard Channels]\r\nGroup_A=17,3,5,17") << "groupA"
+                           << "17:3,5,17";
+    QTest::newRow("group guard not a member")
+        << QByteArray("[Groups Guard Channels]\r\nGroup_B=100,5,250") << "groupB"
+        << "65535:5";
+    QTest::newRow("group without members")
+        << QByteArray("[Groups Guard Channels]\r\nGroup_C=9") << "groupC"
+        << "65535:";
+    QTest::newRow("missing group") << QByteArray("") << "groupE"
+                                   << "65535:";
+    QTest::newRow("ecn keeps blanks inside") << QByteArray("[ECN List]\r\nECN2=A B,C") << "ecn2"
+                                             << "A B";
+    QTest::newRow("ecn cut to its field")
+        << QByteArray("[ECN List]\r\nECN50=0123456789ABCDEFGH") << "ecn50"
+        << "0123456789ABCDEF";
+    QTest::newRow("serial cleaned")
+        << QByteArray("[Wide Information]\r\nSerial_Number=AB-12 cd") << "serial"
+        << "AB12cd";
+}
+
+void TestRssFile::load()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QString, field);
+    QFETCH(QString, expected);
+
+    writeFile(path("in.rss"), content.toStdString());
+    dbase db{};
+    bool isb = false;
+    QCOMPARE(RssFile(path("in.rss")).load(nullptr, &db, &isb), RssFile::kOk);
+    QCOMPARE(describe(db, isb, field), expected);
+}
+
+void TestRssFile::versionCheck_data()
+{
+    QTest::addColumn<QByteArray>("version");
+    QTest::addColumn<bool>("check");
+    QTest::addColumn<int>("result");
+    QTest::newRow("same version checked") << QByteArray("2.01") << true << RssFile::kOk;
+    QTest::newRow("other version checked")
+        << QByteArray("1.00") << true << RssFile::kVersionMismatch;
+    QTest::newRow("other version unchecked") << QByteArray("1.00") << false << RssFile::kOk;
+}
+
+void TestRssFile::versionCheck()
+{
+    QFETCH(QByteArray, version);
+    QFETCH(bool, check);
+    QFETCH(int, result);
+
+    writeFile(path("v.rss"), "[ZOV]\r\nZOV_Version=" + version.toStdString() +
+                                 "\r\nComment=c\r\n[Channels]\r\nChannel1=Max,USB,2000000,0\r\n");
+    dbase db{};
+    db.tuner = 7; // an unsanitised marker: a refused load must not touch the record
+    FileInfo info{.comment = "before"};
+    bool isb = true;
+    QCOMPARE(RssFile(path("v.rss")).load(&info, &db, &isb, check), result);
+    if (result == RssFile::kOk) {
+        QCOMPARE(db.channelNo(1).txFrequency.get(), 2000000u);
+        QCOMPARE(info.comment, std::string("c"));
+        QVERIFY(!isb);
+    } else {
+        QCOMPARE(db.tuner, std::uint8_t{7});
+        QCOMPARE(info.comment, std::string("before"));
+        QVERIFY(isb);
+    }
+}
+
+void TestRssFile::fileInformation()
+{
+    writeFile(path("i.rss"),
+              "[zov]\r\ncomment=one\\rtwo\\r\r\nUserName=" + std::string(30, 'u') + "\r\n");
+    FileInfo info;
+    QCOMPARE(RssFile(path("i.rss")).load(&info, nullptr, nullptr), RssFile::kOk);
+    QCOMPARE(info.comment, std::string("one\r\ntwo\r\n"));
+    QCOMPARE(info.userName, std::string(19, 'u'));
+    QCOMPARE(info.modificationTime, fileModificationTime(path("i.rss")));
+    QVERIFY(info.modificationTime > 0);
+
+    FileInfo missing{.comment = "x", .modificationTime = 5};
+    QCOMPARE(RssFile(path("none.rss")).load(&missing, nullptr, nullptr), RssFile::kOk);
+    QCOMPARE(missing.comment, std::string());
+    QCOMPARE(missing.modificationTime, std::int64_t{0});
+}
+
+void TestRssFile::saveReplacesTheWholeFile()
+{
+    writeFile(path("r.rss"), "[RSS]\r\nold=1\r\n[Channels]\r\nChannel5=Max,USB,2000000,2000000\r\n"
+                             "[Groups Guard Channels]\r\nGroup_A=5,5\r\n");
+    FileInfo info;
+    RssFile file(path("r.rss"));
+    QCOMPARE(file.save(info, dbase{}, false), RssFile::kOk);
+    const std::string saved = fileBytes(path("r.rss"));
+    QVERIFY(saved.find("[RSS]") == std::string::npos);
+    QVERIFY(saved.find("Channel5") == std::string::npos);
+    QVERIFY(saved.find("[Channels]") == std::string::npos);
+    QVERIFY(saved.find("Group_A") == std::string::npos);
+    QVERIFY(saved.find("[Ccir Channel Number]") == std::string::npos);
+
+    dbase loaded{};
+    loaded.channelNo(5).txFrequency.set(1);
+    QCOMPARE(file.load(nullptr, &loaded, nullptr), RssFile::kOk);
+    QVERIFY(!loaded.channelNo(5).isProgrammed());
+}
+
+void TestRssFile::failedSaveKeepsTheOldFile()
+{
+    const std::filesystem::path target = path("missing-folder/x.rss");
+    FileInfo info{.modificationTime = 3};
+    RssFile file(target);
+    QCOMPARE(file.save(info, dbase{}, false), RssFile::kWriteFailed);
+    QCOMPARE(file.errorString(),
+             "Cannot write the file " + target.string() + ": No such file or directory");
+    QCOMPARE(info.modificationTime, std::int64_t{3});
+
+    // A folder standing where the file should go stays as it was.
+    QVERIFY(QDir(m_dir.path()).mkdir("busy.rss"));
+    RssFile blocked(path("busy.rss"));
+    QCOMPARE(blocked.save(info, dbase{}, false), RssFile::kWriteFailed);
+    QVERIFY(std::filesystem::is_directory(path("busy.rss")));
+    QVERIFY(std::filesystem::is_empty(path("busy.rss")));
+    for (const auto& entry : std::filesystem::directory_iterator(m_dir.path().toStdString()))
+        QVERIFY(entry.path().filename().string().find(".tmp") == std::string::npos);
+}
+
+// Whatever a database holds, its saved file loads back to a database that saves the same bytes.
+void TestRssFile::savedFilesReloadToTheSameBytes()
+{
+    QRandomGenerator random(4304);
+    for (int round = 0; round < 25; ++round) {
+        dbase db;
+        auto* bytes = reinterpret_cast<std::uint8_t*>(&db);
+        for (std::size_t i = 0; i < sizeof db; ++i)
+            bytes[i] = static_cast<std::uint8_t>(random.bounded(256));
+        // The sanitiser leaves option states and the language alone, and a value outside its
+        // list is saved as an empty text, which loads as the list's first value: keep them
+        // listed.
+        for (OptionRecord& option : db.options)
+            option.status = static_cast<std::uint8_t>(random.bounded(2));
+        db.language = static_cast<std::uint8_t>(random.bounded(4));
+        // Most channels programmed with real frequencies, so the channel lines carry values.
+        for (int number = 1; number <= kChannelCount; number += 1 + random.bounded(3))
+            setChannel(db, number, 1600000 + random.bounded(28400000), random.bounded(30000000));
+        CcirChannelNumbers ccir;
+        for (auto& n : ccir)
+            n = static_cast<std::uint16_t>(random.bounded(65536));
+        const bool isb = random.bounded(2) == 1;
+        FileInfo info{.comment = "a\r\nb", .userName = "me"};
+
+        RssFile first(path("first.rss"));
+        QCOMPARE(first.save(info, db, isb, &ccir), RssFile::kOk);
+        dbase loaded{};
+        bool loadedIsb = false;
+        FileInfo loadedInfo;
+        CcirChannelNumbers loadedCcir{};
+        RssFile reread(path("first.rss"));
+        QCOMPARE(reread.load(&loadedInfo, &loaded, &loadedIsb), RssFile::kOk);
+        QVERIFY(reread.loadCcirChannelNumbers(loadedCcir));
+        QCOMPARE(loadedIsb, isb);
+        QCOMPARE(loadedInfo.comment, info.comment);
+
+        RssFile second(path("second.rss"));
+        QCOMPARE(second.save(loadedInfo, loaded, loadedIsb, &loadedCcir), RssFile::kOk);
+        QCOMPARE(firstDifference(fileBytes(path("second.rss")), fileBytes(path("first.rss"))),
+                 QString());
+    }
+}
+
+void TestRssFile::brokenFilesLoadSanitised_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    dbase db{};
+    setChannel(db, 3, 2000000, 2000000);
+    db.groups[0].setMember(3, true);
+    const CcirChannelNumbers ccir{};
+    const QByteArray good = QByteArray::fromStdString(RssFile::content({}, db, false, &ccir));
+    for (int cut : {1, 7, 100, 400, 900})
+        QTest::newRow(qPrintable(QStringLiteral("cut at %1").arg(cut))) << good.left(cut);
+    QTest::newRow("binary") << QByteArray("\0\xFF[\x01]=\r\n\0=\0[Channels]\r\nChannel3=\0\0", 30);
+    QTest::newRow("only separators") << QByteArray("[Channels]\r\nChannel1=,,,,,,,,,,,\r\n"
+                                                   "[Groups Guard Channels]\r\nGroup_A=,,,,");
+    QTest::newRow("huge numbers") << QByteArray(
+        "[Channels]\r\nChannel1=Max,USB,99999999999999,-5\r\n"
+        "[Groups Guard Channels]\r\nGroup_A=-70000,99999999999,201,200\r\n"
+        "[Radio Options]\r\nPriority_Channel=-1");
+    QRandomGenerator random(262);
+    for (int i = 0; i < 5; ++i) {
+        QByteArray noise = good;
+        for (int j = 0; j < 40; ++j)
+            noise[random.bounded(int(noise.size()))] = char(random.bounded(256));
+        QTest::newRow(qPrintable(QStringLiteral("noise %1").arg(i))) << noise;
+    }
+}
+
+void TestRssFile::brokenFilesLoadSanitised()
+{
+    QFETCH(QByteArray, content);
+    writeFile(path("broken.rss"), content.toStdString());
+    dbase db{};
+    FileInfo info;
+    bool isb = false;
+    RssFile file(path("broken.rss"));
+    QCOMPARE(file.load(&info, &db, &isb), RssFile::kOk);
+    const dbase repaired = sanitised(db);
+    QCOMPARE(std::memcmp(&db, &repaired, sizeof db), 0);
+
+    CcirChannelNumbers ccir{};
+    file.loadCcirChannelNumbers(ccir);
+    RssFile out(path("clean.rss"));
+    QCOMPARE(out.save(info, db, isb, &ccir), RssFile::kOk);
+    dbase again{};
+    QCOMPARE(RssFile(path("clean.rss")).load(nullptr, &again, nullptr), RssFile::kOk);
+    QCOMPARE(std::memcmp(&db, &again, sizeof db), 0);
+}
+
+void TestRssFile::ccirChannelNumbers()
+{
+    dbase db{};
+    setChannel(db, 1, 2000000, 3000000);
+    setChannel(db, 2, 2000000, 0); // transmit only: no number
+    setChannel(db, 3, 0, 3000000); // receive only: no number
+    setChannel(db, 200, 2000000, 2000000);
+    CcirChannelNumbers numbers{};
+    numbers[0] = 11;
+    numbers[1] = 22;
+    numbers[2] = 33;
+    numbers[199] = 65535;
+
+    writeFile(path("c.rss"), "[ZOV]\r\nComment=kept\r\n[Ccir Channel Number]\r\nChannel5=9\r\n");
+    RssFile file(path("c.rss"));
+    QCOMPARE(file.saveCcirChannelNumbers(db.channels, numbers), 1);
+    QCOMPARE(fileBytes(path("c.rss")), std::string("[ZOV]\r\nComment=kept\r\n"
+                                                   "[Ccir Channel Number]\r\nChannel1=11\r\n"
+                                                   "Channel200=65535\r\n"));
+
+    CcirChannelNumbers loaded;
+    loaded.fill(1);
+    QVERIFY(RssFile(path("c.rss")).loadCcirChannelNumbers(loaded));
+    CcirChannelNumbers expected{};
+    expected[0] = 11;
+    expected[199] = 65535;
+    QCOMPARE(loaded, expected);
+
+    writeFile(path("none.rss"), "[Ccir Channel Number]\r\nChannel1=\r\nChannel201=4\r\n");
+    QVERIFY(!RssFile(path("none.rss")).loadCcirChannelNumbers(loaded));
+    QCOMPARE(loaded, CcirChannelNumbers{});
+
+    RssFile unwritable(path("no/such/c.rss"));
+    QCOMPARE(unwritable.saveCcirChannelNumbers(db.channels, numbers), 0);
+    QVERIFY(!unwritable.errorString().empty());
+}
+
+QTEST_GUILESS_MAIN(TestRssFile)
+#include "tst_rssfile.moc"
