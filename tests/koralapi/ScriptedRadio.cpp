@@ -1,5 +1,7 @@
 #include "ScriptedRadio.h"
 
+#include "RunIn.h"
+
 #include "koralapi/InProcessPipe.h"
 #include "koralapi/Opcodes.h"
 #include "koralapi/RadioRecords.h"
@@ -17,16 +19,6 @@
 using namespace koral;
 
 namespace {
-template <class F>
-void runIn(QObject* context, F f)
-{
-    std::promise<void> done;
-    QMetaObject::invokeMethod(context, [&] {
-        f();
-        done.set_value();
-    });
-    done.get_future().wait();
-}
 // The radio's side of a pseudo-terminal, raw, as a byte stream.
 class PtyMaster : public QIODevice
 {
