@@ -1,0 +1,271 @@
+// The link suite against the virtual radio, written once and run over the in-process pipe
+// (the built-in port 1), a real pseudo-terminal and TCP.
+
+#include "RunIn.h"
+
+#include "koralapi/KoralApi.h"
+#include "radiosim/BuiltInRadio.h"
+#include "radiosim/ConsoleCommand.h"
+#include "radiosim/PtyLine.h"
+#include "radiosim/TcpLine.h"
+#include "radiosim/VirtualRadio.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+#include <QThread>
+
+#include <atomic>
+#include <future>
+#include <numeric>
+#include <thread>
+
+using namespace koral;
+using namespace koral::radiosim;
+
+namespace {
+constexpr int kBaud = 115200;
+
+CRadioMessage built(const std::function<int(CRadioMessage*)>& build)
+{
+    CRadioMessage message;
+    message.prepareRequest();
+    build(&message);
+    return message;
+}
+
+// A virtual radio serving a pseudo-terminal or a TCP port from a thread of its own.
+class RadioHost
+{
+public:
+    explicit RadioHost(const QString& transport)
+    {
+        m_thread.start();
+        m_context.moveToThread(&m_thread);
+        runIn(&m_context, [&] {
+            if (transport == "pty") {
+                auto* line = new PtyLine(&m_context);
+                if (line->open())
+                    m_portName = line->path().toStdString();
+                m_line = line;
+            } else {
+                auto* line = new TcpLine(&m_context);
+                if (line->listen(0))
+                    m_portName = "tcp:127.0.0.1:" + std::to_string(line->port());
+                m_line = line;
+            }
+            m_radio = new VirtualRadio(m_line, &m_context);
+            m_radio->setBaud(0);
+        });
+    }
+    ~RadioHost()
+    {
+        runIn(&m_context, [&] {
+            delete m_radio;
+            delete m_line;
+        });
+        m_thread.quit();
+        m_thread.wait();
+    }
+    const std::string& portName() const { return m_portName; }
+    VirtualRadio* radio() const { return m_radio; }
+
+private:
+    QThread m_thread;
+    QObject m_context;
+    RadioLine* m_line = nullptr;
+    VirtualRadio* m_radio = nullptr;
+    std::string m_portName;
+};
+} // namespace
+
+class TestLinkRadio : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<RadioHost> host;
+    std::unique_ptr<MessageEngine> engine;
+    std::atomic<VirtualRadio*> builtIn{nullptr};
+
+    VirtualRadio* radio() const { return host ? host->radio() : builtIn.load(); }
+    void command(const ConsoleCommand& console) { radio()->executeFromAnyThread(console); }
+
+    static void addTransports()
+    {
+        QTest::addColumn<QString>("transport");
+        QTest::newRow("in-process") << "pipe";
+        QTest::newRow("pty") << "pty";
+        QTest::newRow("tcp") << "tcp";
+    }
+
+    bool open(const QString& transport)
+    {
+        if (transport == "pipe") {
+            installBuiltInRadio({false, [this](VirtualRadio& r) { builtIn = &r; }});
+            if (!engine->OpenComPort(1, kBaud))
+                return false;
+        } else {
+            host = std::make_unique<RadioHost>(transport);
+            if (host->portName().empty() || !engine->OpenPortByName(host->portName(), kBaud))
+                return false;
+        }
+        return engine->ConnectSocket(kBaud, 1) != 0;
+    }
+
+private slots:
+    void init() { engine = std::make_unique<MessageEngine>(); }
+    void cleanup()
+    {
+        engine.reset();
+        host.reset();
+        builtIn = nullptr;
+        setVirtualRadioFactory({});
+    }
+
+    // Every query the program makes is answered with the opcode it waits for.
+    void everyQueryIsAnswered_data() { addTransports(); }
+    void everyQueryIsAnswered()
+    {
+        QFETCH(QString, transport);
+        QVERIFY(open(transport));
+        const std::pair<int (*)(CRadioMessage*), int> queries[] = {
+            {ReportSquelchState, op::SquelchState},
+            {ReportDspMenuParameters, op::DspParameters},
+            {ReportClarifierPosition, op::ClarifierPosition},
+            {ReportRadioOperationMode, op::OperationMode},
+            {ReportAleON_OFF, op::AleOnOff},
+            {ReportRadioSupportMode, op::SupportMode},
+            {ReportCcirMode, op::CcirMode},
+            {ReportIsbMode, op::IsbMode},
+            {ReportActiveChannel, op::ActiveChannel},
+            {ReportMonitorState, op::MonitorState},
+        };
+        for (const auto& [build, reply] : queries) {
+            CRadioMessage answer;
+            QVERIFY2(engine->request(built(build), reply, &answer),
+                     qPrintable(QString("no answer %1").arg(reply)));
+        }
+        unsigned char word = 0;
+        QVERIFY(ReadProgramWord(engine.get(), &word));
+        unsigned char version[8] = {};
+        QVERIFY(ReadSoftwareVersion(engine.get(), version));
+        QVERIFY(ReadRadioSoftwareVersion(engine.get(), version));
+        std::array<std::uint8_t, 13> channel{};
+        QVERIFY(
+            ReadCurrentChannel(engine.get(), reinterpret_cast<koral::channel*>(channel.data())));
+    }
+
+    // A channel change brings an unsolicited channel report to the worker, while the reply
+    // the user-interface thread waits for never reaches it.
+    void repliesStayApartFromReports_data() { addTransports(); }
+    void repliesStayApartFromReports()
+    {
+        QFETCH(QString, transport);
+        QVERIFY(open(transport));
+        std::atomic<bool> stop{false};
+        std::atomic<int> reports{0}, stolen{0};
+        std::thread worker([&] {
+            CRadioMessage message;
+            while (!stop) {
+                if (engine->GetMessage(&message, 1) != 1)
+                    continue;
+                reports += message.GetOpcode() == op::ChannelReport;
+                stolen += message.GetOpcode() == op::ActiveChannel;
+            }
+        });
+        for (int channel : {3, 5, 7}) {
+            QVERIFY(engine->SendRadioMessage(
+                std::make_unique<CRadioMessage>(built([channel](CRadioMessage* m) {
+                    return SetActiveChannel(m, 0, channel);
+                })).get()));
+            CRadioMessage reply;
+            QVERIFY(engine->request(built(ReportActiveChannel), op::ActiveChannel, &reply));
+            QCOMPARE(int(reply[7]), channel);
+        }
+        QTRY_VERIFY_WITH_TIMEOUT(reports >= 3, 5000);
+        stop = true;
+        worker.join();
+        QCOMPARE(stolen.load(), 0);
+    }
+
+    // What is written comes back byte for byte; the progress counts every record byte.
+    void databasesRoundTrip_data() { addTransports(); }
+    void databasesRoundTrip()
+    {
+        QFETCH(QString, transport);
+        QVERIFY(open(transport));
+        for (const TransferTarget target : {TransferTarget::Radio, TransferTarget::Ale}) {
+            std::vector<std::uint8_t> record(targetSize(static_cast<int>(target)));
+            int moved = 0;
+            const ProgressCallback count = [&](int n) { return moved += n, 1; };
+            QVERIFY(readTarget(engine.get(), target, record, 0, {}, count, 10));
+            QCOMPARE(moved, static_cast<int>(record.size()));
+            // A changed channel name / frequency byte in the middle of the record.
+            record[2000] ^= 0x01;
+            moved = 0;
+            QVERIFY(writeTarget(engine.get(), target, record, 0, {}, count, 10, 0));
+            QCOMPARE(moved, static_cast<int>(record.size()));
+            std::vector<std::uint8_t> back(record.size());
+            QVERIFY(readTarget(engine.get(), target, back, 0, {}, {}, 10));
+            QVERIFY(back == record);
+        }
+    }
+
+    void abortThroughProgress_data() { addTransports(); }
+    void abortThroughProgress()
+    {
+        QFETCH(QString, transport);
+        QVERIFY(open(transport));
+        std::vector<std::uint8_t> record(record::kDbaseSize);
+        int calls = 0;
+        QCOMPARE(readTarget(
+                     engine.get(), TransferTarget::Radio, record, 0, {},
+                     [&](int) { return ++calls < 3 ? 1 : 0; }, 10),
+                 0);
+        QCOMPARE(calls, 3);
+        unsigned char word = 0;
+        QVERIFY(ReadProgramWord(engine.get(), &word)); // the link is still usable
+    }
+
+    // Faults end in failures within their bounds; the link recovers when they clear.
+    void faultsFailWithinBounds_data() { addTransports(); }
+    void faultsFailWithinBounds()
+    {
+        QFETCH(QString, transport);
+        QVERIFY(open(transport));
+        command(FaultCommand{FaultKind::NoAnswer, 0});
+        QTest::qWait(50);
+        QElapsedTimer clock;
+        clock.start();
+        unsigned char word = 0;
+        QCOMPARE(ReadProgramWord(engine.get(), &word), 0);
+        QVERIFY(clock.elapsed() <= 2 * engine->timing().sendBoundMs() + engine->timing().replyMs());
+        clock.restart();
+        std::vector<std::uint8_t> record(record::kDbaseSize);
+        QCOMPARE(readTarget(engine.get(), TransferTarget::Radio, record, 0, {}, {}, 1), 0);
+        QVERIFY(clock.elapsed() <= 2 * engine->timing().sendBoundMs() + 1000);
+        command(ClearFaults{});
+        QTest::qWait(50);
+        QVERIFY(ReadProgramWord(engine.get(), &word));
+    }
+
+    void rejectedRequestIsReported()
+    {
+        QVERIFY(open("pipe"));
+        command(FaultCommand{FaultKind::Reject, static_cast<unsigned>(op::StationCall)});
+        QTest::qWait(50);
+        const signed char automatic[2] = {-1, -1};
+        const CRadioMessage call =
+            built([&](CRadioMessage* m) { return StationCall(m, "STN1", 5, automatic, "", 0); });
+        QVERIFY(engine->SendRadioMessage(&call));
+        CRadioMessage message;
+        bool rejected = false;
+        for (int round = 0; round < 20 && !rejected; ++round) {
+            if (engine->GetMessage(&message, 1) == 1 && message.GetOpcode() == op::CommandRejected)
+                rejected = static_cast<std::int16_t>(message.get16(6)) == op::StationCall;
+        }
+        QVERIFY(rejected);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestLinkRadio)
+#include "tst_linkradio.moc"
