@@ -18,9 +18,21 @@ std::tm localNow()
 
 } // namespace
 
+std::string TraceWriter::fileName() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_fileName;
+}
+
+std::string TraceWriter::lastLine() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_lastLine;
+}
+
 int TraceWriter::traceLine(const char* format, ...)
 {
-    if (m_fileName.empty())
+    if (fileName().empty())
         return 0;
     char text[kTextLimit];
     va_list args;
@@ -31,13 +43,17 @@ int TraceWriter::traceLine(const char* format, ...)
     char line[kTextLimit + 32];
     std::snprintf(line, sizeof line, "<p>%02d:%02d:%02d  %s ", now.tm_hour, now.tm_min, now.tm_sec,
                   text);
+    const std::lock_guard lock(m_mutex);
     m_lastLine = line;
     return 1;
 }
 
 void TraceWriter::startTraceLog(const std::string& fileName)
 {
-    m_fileName = fileName;
+    {
+        const std::lock_guard lock(m_mutex);
+        m_fileName = fileName;
+    }
     const auto ms = static_cast<long>(std::clock() * 1000 / CLOCKS_PER_SEC);
     traceLine("<p>---------------------------------------------------<p> S T A R T     N e w   "
               "L o g   %03ld.%03ld",

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <mutex>
 #include <string>
 
 namespace koral {
 
 // Formats diagnostic lines with a time stamp and drops them: the program keeps no trace file.
-// Nothing is formatted while no trace has been started.
+// Nothing is formatted while no trace has been started. Both threads of the session trace, so
+// the writer keeps its state under a lock.
 class TraceWriter
 {
 public:
@@ -16,11 +18,12 @@ public:
     // Names a new trace and formats its two opening lines.
     void startTraceLog(const std::string& fileName);
 
-    const std::string& fileName() const { return m_fileName; }
+    std::string fileName() const;
     // The last line formatted (kept only so that the formatting can be inspected).
-    const std::string& lastLine() const { return m_lastLine; }
+    std::string lastLine() const;
 
 private:
+    mutable std::mutex m_mutex;
     std::string m_fileName;
     std::string m_lastLine;
 };

@@ -1,0 +1,423 @@
+#include "session/DatabaseTransfer.h"
+
+#include "common/Notifier.h"
+#include "common/Texts.h"
+#include "koralapi/KoralApi.h"
+#include "radiodb/RadioOptionsEditor.h"
+#include "radiodb/RadioSanitiser.h"
+#include "session/BaudRate.h"
+#include "session/ProgressView.h"
+#include "session/RadioLink.h"
+#include "session/TraceWriter.h"
+#include "session/VersionGate.h"
+#include "session/ViewCommands.h"
+
+#include <QElapsedTimer>
+
+#include <cstring>
+
+namespace koral {
+
+namespace {
+
+// How many seconds the radio may take to start answering a transfer.
+constexpr int kPatience = 10;
+
+CRadioMessage freshRequest()
+{
+    CRadioMessage message;
+    message.prepareRequest();
+    return message;
+}
+
+std::string fieldString(const std::array<char, 16>& field)
+{
+    return std::string(fieldText(field));
+}
+
+} // namespace
+
+DatabaseTransfer::DatabaseTransfer(RadioLink& link, ViewCommands& commands, ViewState& view,
+                                   CapabilityFlags& flags, SessionRecords& records,
+                                   Notifier& notifier, TraceWriter& trace, QObject* parent)
+    : QObject(parent), m_link(link), m_commands(commands), m_view(view), m_flags(flags),
+      m_records(records), m_notifier(notifier), m_trace(trace)
+{}
+
+PumpCallback DatabaseTransfer::pump()
+{
+    return [this](int value) { return pumpCallback(value); };
+}
+
+ProgressCallback DatabaseTransfer::progress()
+{
+    return [this](int value) { return progressCallback(value); };
+}
+
+int DatabaseTransfer::pumpCallback(int)
+{
+    m_link.pump();
+    return 1;
+}
+
+int DatabaseTransfer::progressCallback(int value)
+{
+    if (m_abort)
+        return 0;
+    m_steps += value;
+    updateCaption();
+    return m_abort ? 0 : 1;
+}
+
+void DatabaseTransfer::updateCaption()
+{
+    const int position = progressPosition(m_steps, m_mode, m_flags.ccirMode);
+    const ProgressSection section = progressSectionAt(position, m_flags.aleGlobalSupported);
+    m_caption = progressCaption(m_mode, section, m_notifier);
+    if (m_progressView) {
+        m_progressView->setTitle(section.title);
+        m_progressView->setCaption(m_caption);
+        m_progressView->setPosition(position);
+    }
+}
+
+int DatabaseTransfer::loadProgressDlg()
+{
+    if (m_running) {
+        m_notifier.show(text::kProgressDialogProblem);
+        return 0;
+    }
+    m_running = true;
+    m_abort = false;
+    m_steps = 0;
+    if (m_progressView)
+        m_progressView->open();
+    updateCaption();
+    const int result = m_mode == TransferMode::Write ? writeWork() : readWork();
+    if (m_progressView)
+        m_progressView->close();
+    m_running = false;
+    m_mode = TransferMode::None;
+    return result;
+}
+
+bool DatabaseTransfer::sendQuery(int (*build)(CRadioMessage*))
+{
+    CRadioMessage message = freshRequest();
+    build(&message);
+    return m_link.sendToRadio(message) != 0;
+}
+
+void DatabaseTransfer::awaitAnswer(const std::atomic<int>& answers, int before)
+{
+    // The answer comes through the incoming worker; the queries after it depend on what it
+    // says, so give it its time (bounded) before going on.
+    QElapsedTimer elapsed;
+    elapsed.start();
+    while (answers.load() == before && elapsed.elapsed() < m_answerWaitMs)
+        m_link.waitPumping(1);
+}
+
+// Support-mode and CCIR queries and the software-version gate. 1 to go on, 0 to fail, -1 when
+// the version is unknown (the dialog then ends with Cancel).
+int DatabaseTransfer::capabilityQueries(bool readMode)
+{
+    const int supportBefore = m_flags.supportAnswers;
+    m_flags.extraOptionsSupported = false;
+    m_flags.aleGlobalSupported = false;
+    m_flags.supportModeAnswered = sendQuery(&ReportRadioSupportMode);
+    if (m_flags.supportModeAnswered)
+        awaitAnswer(m_flags.supportAnswers, supportBefore);
+
+    m_flags.ccirMode = false;
+    m_flags.ccirFileLoaded = false;
+    const int ccirBefore = m_flags.ccirAnswers;
+    if (!sendQuery(&ReportCcirMode)) {
+        // A radio that cannot say is taken to be a CCIR radio.
+        m_flags.ccirMode = true;
+        return 0;
+    }
+    awaitAnswer(m_flags.ccirAnswers, ccirBefore);
+
+    unsigned char version[9] = {};
+    const bool known = ReadSoftwareVersion(m_link.engine(), version) != 0;
+    const std::uint8_t softwareClass = softwareClassOf(
+        known ? std::optional<std::string_view>(reinterpret_cast<char*>(version)) : std::nullopt);
+    if (softwareClass == 0)
+        return readMode ? -1 : 0;
+    m_flags.softwareClass = softwareClass;
+    emit softwareClassChanged(softwareClass);
+    return 1;
+}
+
+int DatabaseTransfer::readWork()
+{
+    if (m_progressView)
+        m_progressView->setCancelEnabled(true);
+    const int gate = capabilityQueries(true);
+    if (gate == 0)
+        return 0;
+    // An unknown version ends the dialog with Cancel, but the databases are read all the same.
+    const bool cancelled = gate < 0;
+    if (!readDataBases())
+        return 0;
+    if (!sendQuery(&ReportIsbMode))
+        return 0;
+    return cancelled ? 0 : 1;
+}
+
+int DatabaseTransfer::writeWork()
+{
+    if (m_progressView)
+        m_progressView->setCancelEnabled(false);
+    const bool wasCcir = m_flags.ccirMode;
+    const bool wasAleGlobal = m_flags.aleGlobalSupported;
+    m_flags.ccirMode = false;
+    m_flags.aleGlobalSupported = false;
+    m_flags.ccirFileLoaded = false;
+    const bool slowLink = m_link.settings().baudRate == 1200;
+    if (!slowLink) {
+        if (capabilityQueries(false) != 1)
+            return 0;
+        if (m_flags.ccirMode)
+            emit ccirSelectionReset();
+    } else {
+        // At 1200 baud the queries would take too long: write what the radio was last
+        // known to keep.
+        m_flags.extraOptionsSupported = false;
+    }
+    if (!writeDataBases()) {
+        m_notifier.show(text::byId(text::id::NoResponse), Icon::Warning);
+        return 0;
+    }
+    if (wasCcir && wasCcir != m_flags.ccirMode)
+        m_notifier.show(text::kCcirNotProgrammed);
+    if (wasAleGlobal && wasAleGlobal != m_flags.aleGlobalSupported)
+        m_notifier.show(text::kAleGlobalNotProgrammed);
+    if (slowLink) {
+        m_flags.ccirMode = wasCcir;
+        m_flags.aleGlobalSupported = wasAleGlobal;
+    }
+    return 1;
+}
+
+int DatabaseTransfer::readDataBases()
+{
+    m_view.databaseRead = false;
+    if (const int special = m_commands.enableSpecialReport(); !special)
+        return special;
+    m_records.radio = dbase{};
+    m_records.ale = ale_dbase{};
+    m_records.ccir = {};
+    m_records.channelNames = {};
+    m_records.globalMembers = ale_dbase_global_members{};
+    if (m_flags.extraOptionsSupported)
+        m_records.extraOptions = AleExtraOptions{};
+    if (!m_flags.aleGlobalSupported)
+        emit globalMembersCleared();
+
+    MessageEngine* engine = m_link.engine();
+    m_trace.traceLine("BEFORE ReadRadioDataBase()");
+    bool ok = ReadRadioDataBase(engine, &m_records.radio, 0, pump(), progress(), kPatience);
+    if (ok) {
+        m_trace.traceLine("BEFORE ReadAleDataBase()");
+        ok = ReadAleDataBase(engine, &m_records.ale, pump(), progress(), kPatience);
+    }
+    if (!m_flags.ccirMode) {
+        if (m_flags.aleGlobalSupported && ok) {
+            m_trace.traceLine("BEFORE ReadGlobalMemberDataBase()");
+            ok = ReadGlobalMemberDataBase(engine, &m_records.globalMembers, pump(), progress(),
+                                          kPatience);
+        }
+    } else if (ok) {
+        m_trace.traceLine("BEFORE ReadCcirDataBase()");
+        ok = ReadCcirDataBase(engine, reinterpret_cast<ccir_dbase*>(m_records.ccir.data()), pump(),
+                              progress(), kPatience);
+        if (ok) {
+            m_trace.traceLine("BEFORE ReadChannelNameDataBase()");
+            ok = ReadChannelNameDataBase(
+                engine, reinterpret_cast<channel_name*>(m_records.channelNames.data()), pump(),
+                progress(), kPatience);
+        }
+    }
+    if (ok && m_flags.extraOptionsSupported) {
+        m_trace.traceLine("BEFORE ReadExtraOptionDataBase()");
+        ok =
+            ReadExtraOptionDataBase(engine, &m_records.extraOptions, pump(), progress(), kPatience);
+    }
+    m_view.serialNumber = fieldString(m_records.radio.serialNumber);
+    m_view.radioCode = fieldString(m_records.radio.radioCode);
+    if (!ok) {
+        if (!m_view.quiet)
+            m_notifier.show(text::byId(text::id::NoResponse), Icon::Warning);
+        return 0;
+    }
+    m_view.databaseRead = true;
+    m_view.radioBaudIndex = m_records.radio.radioOptions.baudRate;
+    return 1;
+}
+
+int DatabaseTransfer::writeDataBases()
+{
+    m_commands.setRadioCommandsEnabled(false);
+    sanitise(m_records.radio);
+    MessageEngine* engine = m_link.engine();
+    const unsigned char ccir = m_flags.ccirMode ? 1 : 0;
+    const unsigned char aleGlobal = m_flags.aleGlobalSupported ? 1 : 0;
+    const unsigned char extra = m_flags.extraOptionsSupported ? 1 : 0;
+    bool ok = WriteRadioDataBase(engine, &m_records.radio, 0, pump(), progress(), kPatience);
+    ok = ok && WriteAleDataBase(engine, &m_records.ale, pump(), progress(), kPatience, ccir,
+                                aleGlobal, extra);
+    if (ccir) {
+        ok = ok &&
+             WriteCcirDataBase(engine, reinterpret_cast<const ccir_dbase*>(m_records.ccir.data()),
+                               pump(), progress(), kPatience);
+        ok = ok && WriteChannelNameDataBase(
+                       engine, reinterpret_cast<const channel_name*>(m_records.channelNames.data()),
+                       pump(), progress(), kPatience, extra);
+    } else if (aleGlobal) {
+        ok = ok && WriteGlobalMemberDataBase(engine, &m_records.globalMembers, pump(), progress(),
+                                             kPatience, extra);
+    }
+    if (extra)
+        ok = ok && WriteExtraOptionDataBase(engine, &m_records.extraOptions, pump(), progress(),
+                                            kPatience);
+    m_commands.setRadioCommandsEnabled(true);
+    if (ok)
+        m_view.radioBaudIndex = m_records.radio.radioOptions.baudRate;
+    return ok ? 1 : 0;
+}
+
+int DatabaseTransfer::queryByte(int (*build)(CRadioMessage*), int replyOpcode, int byteIndex,
+                                int& value)
+{
+    m_link.lockGetMessage();
+    if (!sendQuery(build))
+        return 0;
+    CRadioMessage reply = freshRequest();
+    if (!m_link.waitForRadioReply(reply, replyOpcode))
+        return 0;
+    value = reply[std::size_t(byteIndex)];
+    return 1;
+}
+
+int DatabaseTransfer::fillChannelList()
+{
+    m_programmedChannels.clear();
+    for (int number = 1; number <= kChannelCount; ++number)
+        if (m_records.radio.channelNo(number).isProgrammed())
+            m_programmedChannels.push_back(number);
+    emit channelListChanged();
+    return static_cast<int>(m_programmedChannels.size());
+}
+
+int DatabaseTransfer::readDevice()
+{
+    m_mode = TransferMode::Read;
+    if (loadProgressDlg() != 1)
+        return 0;
+    m_view.radioReady = true;
+    m_trace.traceLine("BEFORE PerformReset()");
+    if (!sendQuery(&PerformReset))
+        return 0;
+    m_records.reference = m_records.radio;
+
+    m_commands.showNotice(ViewCommands::Notice::PleaseWait);
+    m_link.waitPumping(1000);
+    m_view.databaseRead = true;
+    m_commands.enableSpecialReport();
+
+    int mode = 0;
+    if (!queryByte(&ReportRadioOperationMode, op::OperationMode, 6, mode))
+        return 0;
+    m_view.operationMode = mode;
+    if (mode == 2) {
+        int aleState = 0;
+        if (!queryByte(&ReportAleON_OFF, op::AleOnOff, 6, aleState))
+            return 0;
+        m_flags.aleState = static_cast<std::uint8_t>(aleState);
+        m_flags.aleOff = aleState != 1;
+    }
+    int active = 0;
+    if (!queryByte(&ReportActiveChannel, op::ActiveChannel, 7, active) || active < 1 ||
+        active > kChannelCount)
+        return 0;
+    m_activeChannel = active;
+    const int programmed = fillChannelList();
+
+    m_trace.traceLine("BEFORE UpdateToolBarAndSliders()");
+    if (!m_commands.updateToolBarAndSliders())
+        return 0;
+    if (m_view.radioReady)
+        m_commands.setRadioCommandsEnabled(true);
+
+    const OptionRecord& blanker = m_records.radio.option(OptionSlot::NoiseBlanker);
+    if (!RadioOptionsEditor::checkOptionSlot(blanker).empty()) {
+        m_notifier.show(text::byId(text::id::NoResponse), Icon::Warning);
+        return 0;
+    }
+    m_view.noiseBlankerOption = blanker.enabled();
+    emit panelsRefreshRequested();
+    return programmed + 1;
+}
+
+void DatabaseTransfer::readDeviceCommand()
+{
+    if (m_view.busy)
+        return;
+    m_view.radioReady = false;
+    m_commands.setRadioCommandsEnabled(false);
+    m_commands.beginBusy();
+    const int result = readDevice();
+    m_commands.closeNotice(ViewCommands::Notice::PleaseWait);
+    m_commands.showNotice(ViewCommands::Notice::Completed);
+    m_commands.endBusy();
+    // 201 (all 200 channels programmed) counts as a failure, as it always has.
+    if (result >= 1 && result <= kChannelCount) {
+        m_view.radioReady = true;
+        m_commands.setRadioCommandsEnabled(true);
+        emit channelRefreshRequested();
+        emit panelsRefreshRequested();
+    } else {
+        m_view.radioReady = false;
+    }
+}
+
+void DatabaseTransfer::writeDeviceCommand()
+{
+    m_commands.beginBusy();
+    emit storeEditsRequested();
+    m_mode = TransferMode::Write;
+    const bool sameBaud =
+        baudRateToIndex(m_link.settings().baudRate, m_notifier) == m_view.radioBaudIndex;
+    if (!sameBaud &&
+        m_notifier.ask(text::byId(text::id::BaudRateDiffers), Buttons::YesNo) == Answer::No) {
+        m_mode = TransferMode::None;
+        m_commands.endBusy();
+        return;
+    }
+    if (loadProgressDlg() != 1) {
+        m_commands.endBusy();
+        return;
+    }
+    const int newBaud = baudRateOfIndex(m_records.radio.radioOptions.baudRate);
+    if (!m_link.changeRadioLink(m_link.settings().commPort, newBaud)) {
+        m_notifier.show(text::kUpdateSocketFault);
+        m_commands.endBusy();
+        return;
+    }
+    if (sameBaud && m_view.databaseRead) {
+        m_commands.showNotice(ViewCommands::Notice::PleaseWait);
+        m_link.waitPumping(1000);
+        fillChannelList();
+        emit panelsRefreshRequested();
+    } else {
+        m_notifier.show(text::kNoDatabaseRead);
+        m_view.radioReady = false;
+    }
+    m_commands.closeNotice(ViewCommands::Notice::PleaseWait);
+    m_commands.showNotice(ViewCommands::Notice::Completed);
+    m_commands.endBusy();
+}
+
+} // namespace koral
