@@ -43,10 +43,10 @@ using CcirMessage = std::array<char, kCcirMessageSize>;
 
 struct ccir_dbase
 {
-    BigEndian<std::uint16_t> selfId4; // the 4-digit self identity
-    BigEndian<std::uint32_t> selfId6; // the 6-digit self identity
+    BigEndian<std::uint16_t> selfId4;                                   // the 4-digit self identity
+    BigEndian<std::uint32_t> selfId6;                                   // the 6-digit self identity
     std::array<BigEndian<std::uint32_t>, kCcirDirectorySize> directory; // 0 = empty entry
-    CcirMessage message1; // NUL-terminated
+    CcirMessage message1;                                               // NUL-terminated
     CcirMessage message2;
     std::uint8_t preamble;
     std::uint8_t beacon;

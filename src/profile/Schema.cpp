@@ -349,8 +349,11 @@ void load(const ProfileFile& file, std::span<const Row> rows, std::span<std::uin
           const Options& options)
 {
     forEachElement(rows, options, [&](const Row& row, int element, std::size_t at) {
-        const std::string text = file.read(sectionOf(row, options), keyOf(row, element),
-                                           row.defaultText != nullptr ? row.defaultText : "");
+        const std::string text =
+            file.read(sectionOf(row, options), keyOf(row, element),
+                      row.defaultText != nullptr ? row.defaultText : "", options.bufferSize);
+        if (row.emptyKeeps && text.empty())
+            return;
         if (row.type == Type::Composite)
             parseComposite(row.fields, text, record, at);
         else

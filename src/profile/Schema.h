@@ -88,6 +88,8 @@ struct Row
     int firstNumber = 1;
     std::span<const Field> fields = {}; // Composite only
     ValueList values = {};              // U16 and U8 only
+    // Loading a key that is present with an empty value leaves the field as it was.
+    bool emptyKeeps = false;
 };
 
 struct Options
@@ -97,6 +99,8 @@ struct Options
     std::size_t firstRow = 0;
     // The section of rows whose section is nullptr.
     std::string_view section = {};
+    // The read buffer of each key when loading: at most bufferSize - 1 characters are read.
+    std::size_t bufferSize = 4096;
 };
 
 // Writes the rows into `file` (in memory) in table order. `flags` holds the presence flags
