@@ -1,0 +1,79 @@
+#include "session/ControlCenterSession.h"
+
+#include "common/Texts.h"
+
+namespace koral {
+
+ControlCenterSession::ControlCenterSession(Notifier& notifier, std::filesystem::path dataDirectory,
+                                           QObject* parent)
+    : QObject(parent), m_notifier(notifier), m_records(std::make_unique<SessionRecords>()),
+      m_calls(std::move(dataDirectory)), m_link(notifier, m_flags, m_trace),
+      m_commands(m_link, m_view, m_flags, notifier, m_trace),
+      m_dispatcher(m_link, m_commands, m_view, m_flags, m_calls, notifier),
+      m_transfer(m_link, m_commands, m_view, m_flags, *m_records, notifier, m_trace),
+      m_memory(m_link, notifier), m_bite(m_link, notifier)
+{
+    connect(&m_dispatcher, &MessageDispatcher::selfTestReport, &m_bite, &BiteRunner::onReport);
+    connect(&m_dispatcher, &MessageDispatcher::selfTestRejected, &m_bite, &BiteRunner::close);
+}
+
+ControlCenterSession::~ControlCenterSession()
+{
+    m_link.closeRadioLink();
+    m_calls.save();
+}
+
+int ControlCenterSession::initSession(const std::filesystem::path& startDirectory)
+{
+    m_link.initSession(startDirectory);
+    m_calls.load();
+    QMetaObject::invokeMethod(this, &ControlCenterSession::startUpExchange, Qt::QueuedConnection);
+    return 1;
+}
+
+void ControlCenterSession::startUpExchange()
+{
+    m_view.radioReady = false;
+    m_commands.setRadioCommandsEnabled(false);
+    m_commands.beginBusy();
+    if (m_link.openRadioLink()) {
+        const int remote = m_commands.remoteModeExchange();
+        m_commands.setRadioCommandsEnabled(true);
+        if (remote) {
+            const int result = m_transfer.readDevice();
+            m_commands.closeNotice(ViewCommands::Notice::PleaseWait);
+            emit m_commands.panelsRefreshRequested();
+            if (result > 0) {
+                m_view.radioReady = true;
+                m_commands.setRadioCommandsEnabled(true);
+            }
+        }
+    }
+    emit channelDisplayRefreshRequested();
+    m_commands.endBusy();
+    emit startUpFinished(m_view.radioReady);
+}
+
+CommPortEditor& ControlCenterSession::beginCommPortSetup()
+{
+    m_commands.setRadioCommandsEnabled(false);
+    m_commands.beginBusy();
+    m_setupPort = m_link.settings().commPort;
+    m_setupBaud = m_link.settings().baudRate;
+    return m_commPortEditor.emplace(m_link, m_notifier);
+}
+
+void ControlCenterSession::endCommPortSetup(bool accepted)
+{
+    if (!accepted) {
+        m_commands.setStatusText(std::string(text::byId(text::id::CommandInProgress)));
+        m_link.changeRadioLink(m_setupPort, m_setupBaud);
+    }
+    m_commands.endBusy();
+    m_commPortEditor.reset();
+    m_view.radioReady = m_link.testCommunication() != 0;
+    if (m_view.radioReady && m_view.databaseRead)
+        m_commands.setRadioCommandsEnabled(true);
+}
+
+} // namespace koral
