@@ -26,7 +26,9 @@ int LinkTiming::ackMs(std::size_t bytesInFlight) const
 
 int LinkTiming::replyMs() const
 {
-    return 1500 + wireMs(2 * frame::kMaxFrame);
+    // The answer may queue behind a window of frames the radio had already started (the tail of
+    // an aborted transfer), then cross the wire itself.
+    return 1500 + wireMs((LinkLayer::kWindow + 2) * frame::kMaxFrame);
 }
 
 int LinkTiming::blockGapMs() const

@@ -54,7 +54,7 @@ public:
                 m_line = line;
             }
             m_radio = new VirtualRadio(m_line, &m_context);
-            m_radio->setBaud(0);
+            m_radio->execute(SetBaud{kBaud});
         });
     }
     ~RadioHost()
