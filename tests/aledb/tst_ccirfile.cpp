@@ -1,27 +1,15 @@
 #include "aledb/CcirFile.h"
 
+#include "ProfileTestFiles.h"
+
 #include <QRandomGenerator>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <cstring>
-#include <fstream>
-#include <iterator>
 
 using namespace koral;
 
 namespace {
-
-std::string fileBytes(const std::filesystem::path& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
-void writeFile(const std::filesystem::path& path, std::string_view bytes)
-{
-    std::ofstream(path, std::ios::binary) << bytes;
-}
 
 void setText(CcirMessage& message, std::string_view text)
 {
@@ -66,11 +54,8 @@ private slots:
     void channelNumbersPresence();
 
 private:
-    std::filesystem::path path(const char* name) const
-    {
-        return m_dir.filePath(name).toStdString();
-    }
-    QTemporaryDir m_dir;
+    std::filesystem::path path(const char* name) const { return m_dir.path(name); }
+    test::TestFolder m_dir;
 };
 
 void TestCcirFile::numbersAreMostSignificantByteFirst()
@@ -112,7 +97,7 @@ void TestCcirFile::savedLayout()
 
     CcirFile file(path("a.ccr"));
     QCOMPARE(file.save(info, record), 1);
-    QCOMPARE(fileBytes(path("a.ccr")),
+    QCOMPARE(test::readBytes(path("a.ccr")),
              std::string("[Ccir Option]\r\nCcir 6 Digits Id=123456\r\nCcir 4 Digits Id=1234\r\n"
                          "Ccir Alarm=1\r\nCcir Beacon=2\r\nCcir Preamble=6\r\n"
                          "Ccir Message1=HELLO STATION\r\nCcir Message2=\r\n"
@@ -159,7 +144,7 @@ void TestCcirFile::load()
     QFETCH(QByteArray, content);
     QFETCH(QString, expected);
 
-    writeFile(path("in.ccr"), content.toStdString());
+    test::writeBytes(path("in.ccr"), content.toStdString());
     ccir_dbase record{};
     record.selfId6.set(999);
     record.selfId4.set(99);
@@ -207,8 +192,8 @@ void TestCcirFile::roundTrip()
 
 void TestCcirFile::failedSave()
 {
-    writeFile(path("old.ccr"), "[Ccir Option]\r\nCcir Alarm=1\r\n");
-    QVERIFY(QDir(m_dir.path()).mkdir("old.ccr.dir"));
+    test::writeBytes(path("old.ccr"), "[Ccir Option]\r\nCcir Alarm=1\r\n");
+    QVERIFY(std::filesystem::create_directory(path("old.ccr.dir")));
     FileInfo info;
     CcirFile file(path("missing/x.ccr"));
     QCOMPARE(file.save(info, ccir_dbase{}), 0);

@@ -1,10 +1,9 @@
 #include "profile/ProfileFile.h"
 
+#include "ProfileTestFiles.h"
+
 #include <QTemporaryDir>
 #include <QtTest>
-
-#include <fstream>
-#include <iterator>
 
 using koral::ProfileFile;
 
@@ -13,17 +12,6 @@ namespace {
 std::string bytesOf(const QByteArray& data)
 {
     return std::string(data.constData(), static_cast<std::size_t>(data.size()));
-}
-
-std::string fileBytes(const std::filesystem::path& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
-void writeFile(const std::filesystem::path& path, std::string_view bytes)
-{
-    std::ofstream(path, std::ios::binary) << bytes;
 }
 
 ProfileFile profileOf(const QByteArray& content)
@@ -249,13 +237,14 @@ void TestProfileFile::saveKeepsUntouchedBytes()
     QTemporaryDir dir;
     const std::filesystem::path path = dir.filePath("a.ini").toStdString();
     const std::string original = "; made elsewhere\n[S]  \r\n  a = 1  \rb=2\r\n\r\n[T]\nc=\"3\"";
-    writeFile(path, original);
+    koral::test::writeBytes(path, original);
 
     ProfileFile file(path);
     file.write("S", "b", "20");
     QVERIFY(file.flush());
-    QCOMPARE(fileBytes(path), std::string("; made elsewhere\n[S]  \r\n  a = 1  \rb=20\r\n\r\n"
-                                          "[T]\nc=\"3\""));
+    QCOMPARE(koral::test::readBytes(path),
+             std::string("; made elsewhere\n[S]  \r\n  a = 1  \rb=20\r\n\r\n"
+                         "[T]\nc=\"3\""));
     // The folder holds the file only: the temporary file was renamed, not left behind.
     QCOMPARE(std::distance(std::filesystem::directory_iterator(dir.path().toStdString()),
                            std::filesystem::directory_iterator()),
@@ -270,18 +259,18 @@ void TestProfileFile::flushWritesOnlyChanges()
 {
     QTemporaryDir dir;
     const std::filesystem::path path = dir.filePath("a.ini").toStdString();
-    writeFile(path, "[S]\r\na=1\r\n");
+    koral::test::writeBytes(path, "[S]\r\na=1\r\n");
     ProfileFile file(path);
     QVERIFY(!file.isModified());
-    writeFile(path, "changed by someone else");
+    koral::test::writeBytes(path, "changed by someone else");
     QVERIFY(file.flush());
-    QCOMPARE(fileBytes(path), std::string("changed by someone else"));
+    QCOMPARE(koral::test::readBytes(path), std::string("changed by someone else"));
 
     file.write("S", "a", "2");
     QVERIFY(file.isModified());
     QVERIFY(file.flush());
     QVERIFY(!file.isModified());
-    QCOMPARE(fileBytes(path), std::string("[S]\r\na=2\r\n"));
+    QCOMPARE(koral::test::readBytes(path), std::string("[S]\r\na=2\r\n"));
 }
 
 void TestProfileFile::failedSaveIsReportedAndChangesNothing_data()
@@ -301,7 +290,7 @@ void TestProfileFile::failedSaveIsReportedAndChangesNothing()
 
     QTemporaryDir dir;
     QVERIFY(QDir(dir.path()).mkdir("folder"));
-    writeFile(dir.filePath("folder/inside").toStdString(), "kept");
+    koral::test::writeBytes(dir.filePath("folder/inside").toStdString(), "kept");
     const std::filesystem::path path = dir.filePath(target).toStdString();
 
     ProfileFile file;
@@ -310,7 +299,8 @@ void TestProfileFile::failedSaveIsReportedAndChangesNothing()
     QCOMPARE(file.errorString(),
              "Cannot write the file " + path.string() + ": " + reason.toStdString());
     QVERIFY(file.isModified());
-    QCOMPARE(fileBytes(dir.filePath("folder/inside").toStdString()), std::string("kept"));
+    QCOMPARE(koral::test::readBytes(dir.filePath("folder/inside").toStdString()),
+             std::string("kept"));
     QCOMPARE(std::distance(std::filesystem::directory_iterator(dir.path().toStdString()),
                            std::filesystem::directory_iterator()),
              1);
@@ -321,7 +311,7 @@ void TestProfileFile::modificationTime()
     QTemporaryDir dir;
     const std::filesystem::path path = dir.filePath("a.ini").toStdString();
     QCOMPARE(koral::fileModificationTime(path), std::int64_t{0});
-    writeFile(path, "x");
+    koral::test::writeBytes(path, "x");
     const std::int64_t now = QDateTime::currentSecsSinceEpoch();
     QVERIFY(qAbs(koral::fileModificationTime(path) - now) < 60);
 }
@@ -330,7 +320,7 @@ void TestProfileFile::unreadableFileIsReported()
 {
     QTemporaryDir dir;
     const std::filesystem::path empty = dir.filePath("empty.ini").toStdString();
-    writeFile(empty, "");
+    koral::test::writeBytes(empty, "");
     ProfileFile file(empty);
     QVERIFY(file.errorString().empty());
     QCOMPARE(file.content(), std::string());

@@ -1,28 +1,16 @@
 #include "radiodb/RadioSanitiser.h"
 #include "radiodb/RssFile.h"
 
+#include "ProfileTestFiles.h"
+
 #include <QRandomGenerator>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <cstring>
-#include <fstream>
-#include <iterator>
 
 using namespace koral;
 
 namespace {
-
-std::string fileBytes(const std::filesystem::path& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
-void writeFile(const std::filesystem::path& path, std::string_view bytes)
-{
-    std::ofstream(path, std::ios::binary) << bytes;
-}
 
 // The first line where two files differ, both versions; empty when they are equal.
 QString firstDifference(const std::string& a, const std::string& b)
@@ -136,11 +124,8 @@ private slots:
     void ccirChannelNumbers();
 
 private:
-    std::filesystem::path path(const char* name) const
-    {
-        return m_dir.filePath(name).toStdString();
-    }
-    QTemporaryDir m_dir;
+    std::filesystem::path path(const char* name) const { return m_dir.path(name); }
+    test::TestFolder m_dir;
 };
 
 void TestRssFile::savedLayout()
@@ -188,7 +173,8 @@ void TestRssFile::savedLayout()
 
     RssFile file(path("a.rss"));
     QCOMPARE(file.save(info, db, true, &ccir), RssFile::kOk);
-    QCOMPARE(QByteArray::fromStdString(fileBytes(path("a.rss"))), QByteArray(expected.c_str()));
+    QCOMPARE(QByteArray::fromStdString(test::readBytes(path("a.rss"))),
+             QByteArray(expected.c_str()));
     QVERIFY(info.modificationTime > 0);
 
     // Printing writes the same text with the CCIR channel numbers first.
@@ -286,7 +272,7 @@ void TestRssFile::load()
     QFETCH(QString, field);
     QFETCH(QString, expected);
 
-    writeFile(path("in.rss"), content.toStdString());
+    test::writeBytes(path("in.rss"), content.toStdString());
     dbase db{};
     bool isb = false;
     QCOMPARE(RssFile(path("in.rss")).load(nullptr, &db, &isb), RssFile::kOk);
@@ -310,8 +296,9 @@ void TestRssFile::versionCheck()
     QFETCH(bool, check);
     QFETCH(int, result);
 
-    writeFile(path("v.rss"), "[ZOV]\r\nZOV_Version=" + version.toStdString() +
-                                 "\r\nComment=c\r\n[Channels]\r\nChannel1=Max,USB,2000000,0\r\n");
+    test::writeBytes(path("v.rss"),
+                     "[ZOV]\r\nZOV_Version=" + version.toStdString() +
+                         "\r\nComment=c\r\n[Channels]\r\nChannel1=Max,USB,2000000,0\r\n");
     dbase db{};
     db.tuner = 7; // an unsanitised marker: a refused load must not touch the record
     FileInfo info{.comment = "before"};
@@ -330,8 +317,8 @@ void TestRssFile::versionCheck()
 
 void TestRssFile::fileInformation()
 {
-    writeFile(path("i.rss"),
-              "[zov]\r\ncomment=one\\rtwo\\r\r\nUserName=" + std::string(30, 'u') + "\r\n");
+    test::writeBytes(path("i.rss"),
+                     "[zov]\r\ncomment=one\\rtwo\\r\r\nUserName=" + std::string(30, 'u') + "\r\n");
     FileInfo info;
     QCOMPARE(RssFile(path("i.rss")).load(&info, nullptr, nullptr), RssFile::kOk);
     QCOMPARE(info.comment, std::string("one\r\ntwo\r\n"));
@@ -347,12 +334,13 @@ void TestRssFile::fileInformation()
 
 void TestRssFile::saveReplacesTheWholeFile()
 {
-    writeFile(path("r.rss"), "[RSS]\r\nold=1\r\n[Channels]\r\nChannel5=Max,USB,2000000,2000000\r\n"
-                             "[Groups Guard Channels]\r\nGroup_A=5,5\r\n");
+    test::writeBytes(path("r.rss"),
+                     "[RSS]\r\nold=1\r\n[Channels]\r\nChannel5=Max,USB,2000000,2000000\r\n"
+                     "[Groups Guard Channels]\r\nGroup_A=5,5\r\n");
     FileInfo info;
     RssFile file(path("r.rss"));
     QCOMPARE(file.save(info, dbase{}, false), RssFile::kOk);
-    const std::string saved = fileBytes(path("r.rss"));
+    const std::string saved = test::readBytes(path("r.rss"));
     QVERIFY(saved.find("[RSS]") == std::string::npos);
     QVERIFY(saved.find("Channel5") == std::string::npos);
     QVERIFY(saved.find("[Channels]") == std::string::npos);
@@ -376,12 +364,12 @@ void TestRssFile::failedSaveKeepsTheOldFile()
     QCOMPARE(info.modificationTime, std::int64_t{3});
 
     // A folder standing where the file should go stays as it was.
-    QVERIFY(QDir(m_dir.path()).mkdir("busy.rss"));
+    QVERIFY(std::filesystem::create_directory(path("busy.rss")));
     RssFile blocked(path("busy.rss"));
     QCOMPARE(blocked.save(info, dbase{}, false), RssFile::kWriteFailed);
     QVERIFY(std::filesystem::is_directory(path("busy.rss")));
     QVERIFY(std::filesystem::is_empty(path("busy.rss")));
-    for (const auto& entry : std::filesystem::directory_iterator(m_dir.path().toStdString()))
+    for (const auto& entry : std::filesystem::directory_iterator(m_dir.root()))
         QVERIFY(entry.path().filename().string().find(".tmp") == std::string::npos);
 }
 
@@ -423,7 +411,8 @@ void TestRssFile::savedFilesReloadToTheSameBytes()
 
         RssFile second(path("second.rss"));
         QCOMPARE(second.save(loadedInfo, loaded, loadedIsb, &loadedCcir), RssFile::kOk);
-        QCOMPARE(firstDifference(fileBytes(path("second.rss")), fileBytes(path("first.rss"))),
+        QCOMPARE(firstDifference(test::readBytes(path("second.rss")),
+                                 test::readBytes(path("first.rss"))),
                  QString());
     }
 }
@@ -457,7 +446,7 @@ void TestRssFile::brokenFilesLoadSanitised_data()
 void TestRssFile::brokenFilesLoadSanitised()
 {
     QFETCH(QByteArray, content);
-    writeFile(path("broken.rss"), content.toStdString());
+    test::writeBytes(path("broken.rss"), content.toStdString());
     dbase db{};
     FileInfo info;
     bool isb = false;
@@ -488,12 +477,13 @@ void TestRssFile::ccirChannelNumbers()
     numbers[2] = 33;
     numbers[199] = 65535;
 
-    writeFile(path("c.rss"), "[ZOV]\r\nComment=kept\r\n[Ccir Channel Number]\r\nChannel5=9\r\n");
+    test::writeBytes(path("c.rss"),
+                     "[ZOV]\r\nComment=kept\r\n[Ccir Channel Number]\r\nChannel5=9\r\n");
     RssFile file(path("c.rss"));
     QCOMPARE(file.saveCcirChannelNumbers(db.channels, numbers), 1);
-    QCOMPARE(fileBytes(path("c.rss")), std::string("[ZOV]\r\nComment=kept\r\n"
-                                                   "[Ccir Channel Number]\r\nChannel1=11\r\n"
-                                                   "Channel200=65535\r\n"));
+    QCOMPARE(test::readBytes(path("c.rss")), std::string("[ZOV]\r\nComment=kept\r\n"
+                                                         "[Ccir Channel Number]\r\nChannel1=11\r\n"
+                                                         "Channel200=65535\r\n"));
 
     CcirChannelNumbers loaded;
     loaded.fill(1);
@@ -503,7 +493,7 @@ void TestRssFile::ccirChannelNumbers()
     expected[199] = 65535;
     QCOMPARE(loaded, expected);
 
-    writeFile(path("none.rss"), "[Ccir Channel Number]\r\nChannel1=\r\nChannel201=4\r\n");
+    test::writeBytes(path("none.rss"), "[Ccir Channel Number]\r\nChannel1=\r\nChannel201=4\r\n");
     QVERIFY(!RssFile(path("none.rss")).loadCcirChannelNumbers(loaded));
     QCOMPARE(loaded, CcirChannelNumbers{});
 
