@@ -5,6 +5,8 @@
 #include "radiosim/PipeLine.h"
 #include "radiosim/VirtualRadio.h"
 
+#include <algorithm>
+
 namespace koral::radiosim {
 
 void installBuiltInRadio(BuiltInRadioOptions options)
@@ -15,7 +17,7 @@ void installBuiltInRadio(BuiltInRadioOptions options)
         // port takes the radio with it.
         auto* line = new PipeLine(std::move(radioEnd), program.get());
         auto* radio = new VirtualRadio(line, line);
-        radio->setBaud(options.paced && baudRate > 0 ? static_cast<unsigned>(baudRate) : 0);
+        radio->setBaud(static_cast<unsigned>(std::max(baudRate, 0)), options.paced);
         if (options.onCreated) {
             options.onCreated(*radio);
         }

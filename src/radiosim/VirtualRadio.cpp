@@ -63,10 +63,11 @@ VirtualRadio::~VirtualRadio()
     m_link.detach();
 }
 
-void VirtualRadio::setBaud(unsigned baud)
+void VirtualRadio::setBaud(unsigned baud, bool paced)
 {
-    m_device.setBaud(baud);
-    m_link.setBaudRate(static_cast<int>(baud));
+    m_baud = baud == 0 ? 9600 : baud;
+    m_device.setBaud(paced ? m_baud : 0);
+    m_link.setBaudRate(static_cast<int>(m_baud));
 }
 
 void VirtualRadio::powerCycle()
@@ -571,9 +572,12 @@ QString VirtualRadio::execute(const ConsoleCommand& command)
                 return QStringLiteral("ok");
             },
             [this](const SetBaud& baud) {
-                setBaud(baud.baud);
-                return baud.baud == 0 ? QStringLiteral("pacing off")
-                                      : QStringLiteral("pacing at %1 baud").arg(baud.baud);
+                if (baud.baud == 0) {
+                    setBaud(m_baud, false);
+                    return QStringLiteral("pacing off");
+                }
+                setBaud(baud.baud, true);
+                return QStringLiteral("pacing at %1 baud").arg(baud.baud);
             },
             [this](const SetMode& mode) {
                 m_model.ccirMode = mode.ccir;
@@ -616,7 +620,7 @@ QString VirtualRadio::statusText() const
                        : m_state.aleScanning ? "ALE scan"
                                              : "no scan";
     return QStringLiteral("%1 mode, software %2, channel %3 (%4), squelch %5, monitor %6, "
-                          "ALE %7, remote mode %8%9, pacing %10, faults %11")
+                          "ALE %7, remote mode %8%9, line %10, faults %11")
         .arg(m_model.ccirMode ? "CCIR" : "ALE")
         .arg(QString::fromStdString(m_model.softwareVersion))
         .arg(m_state.activeChannel)
@@ -626,7 +630,7 @@ QString VirtualRadio::statusText() const
         .arg(m_state.aleOn ? "on" : "off")
         .arg(m_state.remoteMode)
         .arg(m_programmedMemory ? ", programming" : "")
-        .arg(baud() == 0 ? QStringLiteral("off") : QStringLiteral("%1 baud").arg(baud()))
+        .arg(QStringLiteral("%1 baud%2").arg(m_baud).arg(paced() ? "" : " (not paced)"))
         .arg(m_faults.any() ? "set" : "none");
 }
 

@@ -38,10 +38,11 @@ public:
     explicit VirtualRadio(RadioLine* line, QObject* parent = nullptr);
     ~VirtualRadio() override;
 
-    // Paces both directions at `baud` bits per second; 0 lets bytes through at once (the link
-    // bounds then assume 9600 baud).
-    void setBaud(unsigned baud);
-    unsigned baud() const { return m_device.baud(); }
+    // The line's baud rate: the link's time bounds follow it, and so, when `paced`, does the
+    // pace of the bytes in both directions (otherwise they pass as fast as they come).
+    void setBaud(unsigned baud, bool paced = true);
+    unsigned baud() const { return m_baud; }
+    bool paced() const { return m_device.baud() != 0; }
     // Time between the steps of a played sequence (call progress, test progress, scanning).
     void setStepInterval(std::chrono::milliseconds interval) { m_stepMs = int(interval.count()); }
 
@@ -180,6 +181,7 @@ private:
     LinkLayer m_link;
     QTimer m_scanTimer;
     int m_stepMs = 400;
+    unsigned m_baud = 9600;
     std::array<unsigned, std::size_t(Activity::Count)> m_generation{};
 };
 

@@ -52,8 +52,9 @@ private slots:
                                  m_radio = &radio;
                              }});
         m_engine = std::make_unique<MessageEngine>();
-        QVERIFY(m_engine->OpenComPort(1, 9600));
-        QVERIFY(m_engine->ConnectSocket(9600, 1));
+        // A fast line keeps the tests short; pacing has its own test.
+        QVERIFY(m_engine->OpenComPort(1, kFastBaud));
+        QVERIFY(m_engine->ConnectSocket(kFastBaud, 1));
         QVERIFY(m_radio.load() != nullptr);
     }
     void cleanup()
@@ -403,6 +404,8 @@ private slots:
     }
 
 private:
+    static constexpr int kFastBaud = 115200;
+
     static std::vector<std::uint8_t> memoryOf(const RadioDatabases& db, TransferTarget target)
     {
         switch (target) {
