@@ -11,6 +11,7 @@
 #include <random>
 #include <sstream>
 #include <system_error>
+#include <utility>
 
 namespace koral {
 
@@ -64,12 +65,13 @@ unsigned char foldCase(unsigned char c)
     }
 }
 
-bool sameName(std::string_view a, std::string_view b)
+// A name in the form in which names compare.
+std::string folded(std::string_view name)
 {
-    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-               return foldCase(static_cast<unsigned char>(x)) ==
-                      foldCase(static_cast<unsigned char>(y));
-           });
+    std::string result(name);
+    for (char& c : result)
+        c = static_cast<char>(foldCase(static_cast<unsigned char>(c)));
+    return result;
 }
 
 // The name of a section header line, or nothing when the line is not one. A '[' without a
@@ -153,7 +155,7 @@ ProfileFile::ProfileFile(std::filesystem::path path)
 bool ProfileFile::load(std::filesystem::path path)
 {
     m_path = std::move(path);
-    m_lines.clear();
+    m_sections.assign(1, Section{});
     m_bom = false;
     m_modified = false;
     m_error.clear();
@@ -190,81 +192,84 @@ void ProfileFile::setContent(std::string_view bytes)
 
 void ProfileFile::parse(std::string_view bytes)
 {
-    m_lines.clear();
+    m_sections.assign(1, Section{});
     m_bom = bytes.starts_with(kBom);
     if (m_bom)
         bytes.remove_prefix(kBom.size());
+    std::string_view name;
     while (!bytes.empty()) {
         const std::size_t end = bytes.find_first_of("\r\n");
-        if (end == npos) {
-            m_lines.push_back({std::string(bytes), {}});
-            break;
-        }
-        const std::size_t endSize = bytes.substr(end).starts_with(kNewLine) ? 2 : 1;
-        m_lines.push_back(
-            {std::string(bytes.substr(0, end)), std::string(bytes.substr(end, endSize))});
-        bytes.remove_prefix(end + endSize);
+        const std::size_t endSize =
+            end == npos ? 0 : (bytes.substr(end).starts_with(kNewLine) ? 2 : 1);
+        Line line{std::string(bytes.substr(0, end)),
+                  end == npos ? std::string() : std::string(bytes.substr(end, endSize))};
+        bytes.remove_prefix(end == npos ? bytes.size() : end + endSize);
+        if (sectionName(line.text, name))
+            m_sections.push_back({folded(name), true, {}, {}, false});
+        m_sections.back().lines.push_back(std::move(line));
     }
 }
 
 std::string ProfileFile::content() const
 {
     std::string bytes = m_bom ? std::string(kBom) : std::string();
-    for (const Line& line : m_lines) {
-        bytes += line.text;
-        bytes += line.end;
+    for (const Section& section : m_sections) {
+        for (const Line& line : section.lines) {
+            bytes += line.text;
+            bytes += line.end;
+        }
     }
     return bytes;
 }
 
 void ProfileFile::clear()
 {
-    m_lines.clear();
+    m_sections.assign(1, Section{});
     m_bom = false;
     m_modified = true;
 }
 
-std::size_t ProfileFile::findSection(std::string_view section) const
+std::size_t ProfileFile::Section::indexOf(const std::string& foldedKey) const
 {
-    section = trimmed(section);
-    std::string_view name;
-    for (std::size_t i = 0; i < m_lines.size(); ++i) {
-        if (sectionName(m_lines[i].text, name) && sameName(name, section))
-            return i;
+    if (!indexed) {
+        keys.clear();
+        for (std::size_t i = hasHeader ? 1 : 0; i < lines.size(); ++i) {
+            if (!trimmed(lines[i].text).empty())
+                keys.emplace(folded(splitKeyLine(lines[i].text).key), i);
+        }
+        indexed = true;
     }
-    return npos;
+    const auto found = keys.find(foldedKey);
+    return found == keys.end() ? npos : found->second;
 }
 
-std::size_t ProfileFile::sectionEnd(std::size_t header) const
+const ProfileFile::Line* ProfileFile::Section::find(const std::string& foldedKey) const
 {
-    std::string_view name;
-    std::size_t i = header + 1;
-    while (i < m_lines.size() && !sectionName(m_lines[i].text, name))
-        ++i;
-    return i;
+    const std::size_t index = indexOf(foldedKey);
+    return index == npos ? nullptr : &lines[index];
 }
 
-std::size_t ProfileFile::findKey(std::size_t header, std::string_view key) const
+const ProfileFile::Section* ProfileFile::findSection(std::string_view section) const
 {
-    key = trimmed(key);
-    const std::size_t end = sectionEnd(header);
-    for (std::size_t i = header + 1; i < end; ++i) {
-        if (trimmed(m_lines[i].text).empty())
-            continue;
-        if (sameName(splitKeyLine(m_lines[i].text).key, key))
-            return i;
+    const std::string name = folded(trimmed(section));
+    for (const Section& candidate : m_sections) {
+        if (candidate.hasHeader && candidate.name == name)
+            return &candidate;
     }
-    return npos;
+    return nullptr;
+}
+
+ProfileFile::Section* ProfileFile::findSection(std::string_view section)
+{
+    return const_cast<Section*>(std::as_const(*this).findSection(section));
 }
 
 std::string ProfileFile::read(std::string_view section, std::string_view key,
                               std::string_view defaultValue, std::size_t bufferSize) const
 {
-    const std::size_t header = findSection(section);
-    if (header != npos) {
-        const std::size_t line = findKey(header, key);
-        if (line != npos) {
-            const KeyLine entry = splitKeyLine(m_lines[line].text);
+    if (const Section* found = findSection(section)) {
+        if (const Line* line = found->find(folded(trimmed(key)))) {
+            const KeyLine entry = splitKeyLine(line->text);
             if (entry.hasValue)
                 return std::string(limited(unquoted(entry.value), bufferSize));
         }
@@ -276,75 +281,83 @@ std::string ProfileFile::read(std::string_view section, std::string_view key,
 
 bool ProfileFile::contains(std::string_view section, std::string_view key) const
 {
-    const std::size_t header = findSection(section);
-    if (header == npos)
-        return false;
-    const std::size_t line = findKey(header, key);
-    return line != npos && splitKeyLine(m_lines[line].text).hasValue;
+    const Section* found = findSection(section);
+    const Line* line = found != nullptr ? found->find(folded(trimmed(key))) : nullptr;
+    return line != nullptr && splitKeyLine(line->text).hasValue;
 }
 
 bool ProfileFile::hasSection(std::string_view section) const
 {
-    return findSection(section) != npos;
+    return findSection(section) != nullptr;
+}
+
+// The line before an appended one must be ended first.
+void ProfileFile::endLastLine()
+{
+    for (auto section = m_sections.rbegin(); section != m_sections.rend(); ++section) {
+        if (!section->lines.empty()) {
+            if (section->lines.back().end.empty())
+                section->lines.back().end = kNewLine;
+            return;
+        }
+    }
 }
 
 void ProfileFile::write(std::string_view section, std::string_view key, std::string_view value)
 {
     section = trimmed(section);
     key = trimmed(key);
-    const std::string stored = storedValue(value);
-    value = stored;
+    Line line{std::string(key) + "=" + storedValue(value), std::string(kNewLine)};
     m_modified = true;
 
-    // The line before an appended one must be ended first.
-    const auto endLastLine = [this](std::size_t index) {
-        if (index < m_lines.size() && m_lines[index].end.empty())
-            m_lines[index].end = kNewLine;
-    };
-
-    const std::size_t header = findSection(section);
-    if (header == npos) {
-        if (!m_lines.empty())
-            endLastLine(m_lines.size() - 1);
-        m_lines.push_back({"[" + std::string(section) + "]", std::string(kNewLine)});
-        m_lines.push_back({std::string(key) + "=" + std::string(value), std::string(kNewLine)});
+    Section* found = findSection(section);
+    if (found == nullptr) {
+        endLastLine();
+        Section added{folded(section), true, {}, {}, false};
+        added.lines.push_back({"[" + std::string(section) + "]", std::string(kNewLine)});
+        added.lines.push_back(std::move(line));
+        m_sections.push_back(std::move(added));
         return;
     }
-    const std::size_t line = findKey(header, key);
-    if (line != npos) {
-        const std::string spelling(splitKeyLine(m_lines[line].text).key);
-        m_lines[line].text = spelling + "=" + std::string(value);
+    const std::string foldedKey = folded(key);
+    const std::size_t index = found->indexOf(foldedKey);
+    if (index != npos) {
+        Line& existing = found->lines[index];
+        existing.text = std::string(splitKeyLine(existing.text).key) + "=" + storedValue(value);
         return;
     }
     // After the section's last non-blank line, so blank lines before the next section stay
-    // where they are.
-    std::size_t last = sectionEnd(header) - 1;
-    while (last > header && trimmed(m_lines[last].text).empty())
-        --last;
-    endLastLine(last);
-    m_lines.insert(m_lines.begin() + static_cast<std::ptrdiff_t>(last + 1),
-                   {std::string(key) + "=" + std::string(value), std::string(kNewLine)});
+    // where they are (and no key line moves, so the key index stays valid).
+    std::size_t at = found->lines.size();
+    while (at > 0 && trimmed(found->lines[at - 1].text).empty())
+        --at;
+    if (at == found->lines.size())
+        endLastLine();
+    else if (at > 0 && found->lines[at - 1].end.empty())
+        found->lines[at - 1].end = kNewLine;
+    found->lines.insert(found->lines.begin() + static_cast<std::ptrdiff_t>(at), std::move(line));
+    found->keys.emplace(foldedKey, at);
 }
 
 void ProfileFile::removeKey(std::string_view section, std::string_view key)
 {
-    const std::size_t header = findSection(section);
-    if (header == npos)
+    Section* found = findSection(section);
+    if (found == nullptr)
         return;
-    const std::size_t line = findKey(header, key);
-    if (line == npos)
+    const std::size_t index = found->indexOf(folded(trimmed(key)));
+    if (index == npos)
         return;
-    m_lines.erase(m_lines.begin() + static_cast<std::ptrdiff_t>(line));
+    found->lines.erase(found->lines.begin() + static_cast<std::ptrdiff_t>(index));
+    found->indexed = false;
     m_modified = true;
 }
 
 void ProfileFile::removeSection(std::string_view section)
 {
-    const std::size_t header = findSection(section);
-    if (header == npos)
+    const Section* found = findSection(section);
+    if (found == nullptr)
         return;
-    m_lines.erase(m_lines.begin() + static_cast<std::ptrdiff_t>(header),
-                  m_lines.begin() + static_cast<std::ptrdiff_t>(sectionEnd(header)));
+    m_sections.erase(m_sections.begin() + (found - m_sections.data()));
     m_modified = true;
 }
 

@@ -28,6 +28,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace koral {
@@ -94,16 +95,28 @@ private:
         std::string text; // raw bytes without the line end
         std::string end;  // "\r\n", "\n", "\r" or "" (last line without an end)
     };
+    // A header line and the lines up to the next one. The lines before the first header form
+    // a section without a header, which no name finds.
+    struct Section
+    {
+        std::string name; // case-folded; empty without a header
+        bool hasHeader = false;
+        std::vector<Line> lines; // lines[0] is the header line when there is one
+        // Case-folded key -> index of its first line; built on first use.
+        mutable std::unordered_map<std::string, std::size_t> keys;
+        mutable bool indexed = false;
 
-    // Index of the first section header named `section`, or npos; sectionEnd() is the index
-    // one past its last line.
-    std::size_t findSection(std::string_view section) const;
-    std::size_t sectionEnd(std::size_t header) const;
-    std::size_t findKey(std::size_t header, std::string_view key) const;
+        const Line* find(const std::string& foldedKey) const;
+        std::size_t indexOf(const std::string& foldedKey) const;
+    };
+
+    const Section* findSection(std::string_view section) const;
+    Section* findSection(std::string_view section);
+    void endLastLine();
     void parse(std::string_view bytes);
 
     std::filesystem::path m_path;
-    std::vector<Line> m_lines;
+    std::vector<Section> m_sections{Section{}};
     bool m_bom = false;
     bool m_modified = false;
     std::string m_error;
