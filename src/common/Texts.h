@@ -205,4 +205,13 @@ inline constexpr std::string_view kDeleteAddressQuestion = "Delete the address '
 inline constexpr std::string_view kProfileCannotRead = "Cannot read the file %s: %s";
 inline constexpr std::string_view kProfileCannotWrite = "Cannot write the file %s: %s";
 
+// --- koralctl ---
+inline constexpr std::string_view kCliOverview = "usage: koralctl COMMAND ARGUMENTS [--help]\n\ncommands:\n";
+inline constexpr std::string_view kCliOverviewEnd = "\n'koralctl COMMAND --help' describes a command. Exit codes: 0 success, 1 problems found, 2 error.\n";
+inline constexpr std::string_view kCliUnknownCommand = "unknown command '%s' (see 'koralctl --help')";
+inline constexpr std::string_view kCliUnknownOption = "unknown option '%s' (see 'koralctl %s --help')";
+inline constexpr std::string_view kCliWrongArguments = "wrong arguments; usage: koralctl %s %s";
+inline constexpr std::string_view kCliUnknownKind = "%s: unknown file kind (expected %s)";
+inline constexpr std::string_view kCliMissingValue = "option '%s' needs a value";
+
 } // namespace koral::text

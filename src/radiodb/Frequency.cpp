@@ -40,7 +40,7 @@ bool isFrequencyText(std::string_view text)
 
 std::uint32_t hertzFromText(float mhz, std::string_view text)
 {
-    if (!(mhz >= 0) || mhz >= 4.0e4f) // outside anything a 32-bit hertz count holds
+    if (!(mhz >= 0) || mhz >= 4000.0f) // beyond what a 32-bit hertz count holds
         return 0;
     std::uint32_t tensOfHertz = static_cast<std::uint32_t>(std::trunc(mhz)) * 100'000u;
     const std::size_t point = text.find('.');

@@ -1,0 +1,246 @@
+#include "cli/Command.h"
+
+#include <QtTest>
+
+#include <sstream>
+
+using namespace koral;
+
+namespace {
+
+struct Outcome
+{
+    int exitCode = -1;
+    QString out;
+    QString err;
+};
+
+Outcome koralctl(const QStringList& arguments)
+{
+    std::vector<std::string> args;
+    for (const QString& argument : arguments)
+        args.push_back(argument.toStdString());
+    std::ostringstream out;
+    std::ostringstream err;
+    Outcome outcome;
+    outcome.exitCode = cli::run(args, out, err);
+    outcome.out = QString::fromStdString(out.str());
+    outcome.err = QString::fromStdString(err.str());
+    return outcome;
+}
+
+const QString kExample = QStringLiteral(KORAL_EXAMPLES_DIR "/radio.rss");
+
+QByteArray readAll(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void writeFile(const QString& path, const QByteArray& content)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
+
+} // namespace
+
+class KoralctlTest : public QObject
+{
+    Q_OBJECT
+private:
+    QTemporaryDir m_dir;
+    QString path(const QString& name) const { return m_dir.filePath(name); }
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(m_dir.isValid());
+        QVERIFY(QDir().mkdir(path("folder.rss")));
+        writeFile(path("notes.txt"), "[ZOV]\r\n");
+    }
+
+    // Every complaint is one line on standard error with exit code 2; nothing on standard out.
+    void errors_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("unknown command")
+            << QStringList{"frob"} << "koralctl: unknown command 'frob' (see 'koralctl --help')\n";
+        QTest::newRow("unknown option")
+            << QStringList{"summary", kExample, "--every"}
+            << "koralctl: unknown option '--every' (see 'koralctl summary --help')\n";
+        QTest::newRow("option of another command")
+            << QStringList{"check", kExample, "--all"}
+            << "koralctl: unknown option '--all' (see 'koralctl check --help')\n";
+        QTest::newRow("too few arguments")
+            << QStringList{"normalize", kExample}
+            << "koralctl: wrong arguments; usage: koralctl normalize IN OUT\n";
+        QTest::newRow("too many arguments")
+            << QStringList{"check", kExample, kExample}
+            << "koralctl: wrong arguments; usage: koralctl check RADIO.rss\n";
+        QTest::newRow("missing file")
+            << QStringList{"check", "/nonexistent/radio.rss"}
+            << "koralctl: Cannot read the file /nonexistent/radio.rss: No "
+               "such file or directory\n";
+        QTest::newRow("unknown kind") << QStringList{"summary", "NOTES"}
+                                      << "koralctl: NOTES: unknown file kind (expected .rss)\n";
+        QTest::newRow("normalize of an unknown kind")
+            << QStringList{"normalize", "plan.txt", "out.txt"}
+            << "koralctl: plan.txt: unknown file kind (expected .rss or .ccr)\n";
+    }
+    void errors()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, message);
+        const Outcome outcome = koralctl(arguments);
+        QCOMPARE(outcome.exitCode, cli::kExitError);
+        QCOMPARE(outcome.err, message);
+        QCOMPARE(outcome.out, QString());
+    }
+
+    void folderAndUnwritableTarget()
+    {
+        Outcome outcome = koralctl({"check", path("folder.rss")});
+        QCOMPARE(outcome.exitCode, cli::kExitError);
+        QVERIFY2(outcome.err.endsWith(": Is a directory\n"), qPrintable(outcome.err));
+        outcome = koralctl({"normalize", kExample, path("missing/out.rss")});
+        QCOMPARE(outcome.exitCode, cli::kExitError);
+        QCOMPARE(outcome.err.count('\n'), 1);
+        QVERIFY(!QFile::exists(path("missing/out.rss")));
+    }
+
+    void help_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<int>("exitCode");
+        QTest::addColumn<QString>("start");
+        QTest::newRow("overview") << QStringList{"--help"} << 0 << "usage: koralctl COMMAND";
+        QTest::newRow("no arguments") << QStringList{} << 2 << "usage: koralctl COMMAND";
+        QTest::newRow("normalize")
+            << QStringList{"normalize", "--help"} << 0 << "usage: koralctl normalize IN OUT\n";
+        QTest::newRow("check, help after arguments")
+            << QStringList{"check", "x", "-h"} << 0 << "usage: koralctl check RADIO.rss\n";
+        QTest::newRow("summary") << QStringList{"summary", "--help"} << 0
+                                 << "usage: koralctl summary RADIO.rss [--all]\n";
+    }
+    void help()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(int, exitCode);
+        QFETCH(QString, start);
+        const Outcome outcome = koralctl(arguments);
+        QCOMPARE(outcome.exitCode, exitCode);
+        const QString shown = exitCode == 0 ? outcome.out : outcome.err;
+        QVERIFY2(shown.startsWith(start), qPrintable(shown));
+    }
+
+    void checkOfTheExampleFindsNothing()
+    {
+        const Outcome outcome = koralctl({"check", kExample});
+        QCOMPARE(outcome.out, QString());
+        QCOMPARE(outcome.exitCode, cli::kExitOk);
+    }
+
+    void checkPrintsEveryLineInOrder()
+    {
+        writeFile(path("broken.rss"), "[Radio Options]\r\nPriority_Channel=5\r\n"
+                                      "[Groups Guard Channels]\r\nGroup_C=17,17,30\r\n"
+                                      "[Channels]\r\nChannel30=Max,USB,0,0,Slow,SSB\r\n");
+        const Outcome outcome = koralctl({"check", path("broken.rss")});
+        QCOMPARE(outcome.exitCode, cli::kExitProblems);
+        QCOMPARE(outcome.out, QString("Priority channel 5 is not programmed.\n"
+                                      "Guard channel 17 for group C is not programmed.\n"
+                                      "Channel 30 in group C selected but not programmed.\n"));
+    }
+
+    void summaryRows_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<int>("rows");
+        QTest::addColumn<QString>("firstRow");
+        QTest::newRow("programmed channels") << QStringList{"summary", kExample} << 41
+                                             << "1\t2.182\t2.182\tHIGH\tUSB\tSSB\tSlow\t2.7\t401";
+        QTest::newRow("all channels") << QStringList{"summary", kExample, "--all"} << 200
+                                      << "1\t2.182\t2.182\tHIGH\tUSB\tSSB\tSlow\t2.7\t401";
+    }
+    void summaryRows()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(int, rows);
+        QFETCH(QString, firstRow);
+        const Outcome outcome = koralctl(arguments);
+        QCOMPARE(outcome.exitCode, cli::kExitOk);
+        const QStringList lines = outcome.out.split('\n', Qt::SkipEmptyParts);
+        QCOMPARE(lines.size(), rows + 1);
+        QCOMPARE(lines[0], QString("No.\tTx. Freq.\tRx. Freq.\tTx Power\tBand\tMode\tA.G.C.\tB.W.\t"
+                                   "Ch. Num."));
+        QCOMPARE(lines[1], firstRow);
+    }
+
+    void summaryWithoutCcirNumbersHasEightColumns()
+    {
+        writeFile(path("plain.RSS"),
+                  "[Channels]\r\nChannel7=Low,LSB,2000000,3000000,Off,AME,2100\r\n");
+        const Outcome outcome = koralctl({"summary", path("plain.RSS")});
+        QCOMPARE(outcome.out,
+                 QString("No.\tTx. Freq.\tRx. Freq.\tTx Power\tBand\tMode\tA.G.C.\tB.W.\n"
+                         "7\t2\t3\tLOW\tLSB\tAME\tOff\t2.1\n"));
+    }
+
+    void normalizeOfTheExampleKeepsItsBytes()
+    {
+        const Outcome outcome = koralctl({"normalize", kExample, path("example.rss")});
+        QCOMPARE(outcome.exitCode, cli::kExitOk);
+        QCOMPARE(outcome.err, QString());
+        QCOMPARE(readAll(path("example.rss")), readAll(kExample));
+    }
+
+    void normalizeRepairsAndIsStable()
+    {
+        writeFile(path("messy.rss"),
+                  "[zov]\nZOV_Version=1.00\nComment=two\\rlines\nUserName=Op\n"
+                  "[Channels]\nChannel3=High,LSB,2000000\nChannel4=Huge,USB,1599999,7000000,"
+                  "Fast,SSB,9\nChannel5=Max,USB,7000000,7000000\n[Radio Options]\nScan_Rate=7 "
+                  "Ch/Sec\n[RSS]\nOld=1\n"
+                  "[Ccir Channel Number]\nChannel4=12\nChannel5=13\n");
+        QCOMPARE(koralctl({"normalize", path("messy.rss"), path("once.rss")}).exitCode, 0);
+        QCOMPARE(koralctl({"normalize", path("once.rss"), path("twice.rss")}).exitCode, 0);
+        const QByteArray once = readAll(path("once.rss"));
+        QCOMPARE(readAll(path("twice.rss")), once);
+        QVERIFY(once.contains("Comment=two\\rlines\r\n"));
+        QVERIFY(once.contains("UserName=Op\r\n"));
+        QVERIFY(once.contains("Channel3=High,LSB,2000000,0,Slow,SSB,2700\r\n"));
+        QVERIFY(once.contains("Channel4=Max,USB,0,7000000,Fast,SSB,2700\r\n"));
+        QVERIFY(once.contains("Scan_Rate=2 Ch/Sec\r\n"));
+        QVERIFY(!once.contains("[RSS]"));
+        // Channel 4 lost its transmit frequency, so it has no CCIR number line any more.
+        QVERIFY(once.endsWith("[Ccir Channel Number]\r\nChannel5=13\r\n"));
+    }
+
+    void garbageNeverCrashes()
+    {
+        QByteArray noise;
+        for (int i = 0; i < 4096; ++i)
+            noise.append(char((i * 7919 + 13) % 256));
+        writeFile(path("noise.rss"), noise);
+        QCOMPARE(koralctl({"summary", path("noise.rss"), "--all"}).exitCode, 0);
+        QVERIFY(koralctl({"check", path("noise.rss")}).exitCode <= 1);
+        QCOMPARE(koralctl({"normalize", path("noise.rss"), path("noise-out.rss")}).exitCode, 0);
+    }
+
+    // The executable itself: arguments reach the commands and the exit code comes back.
+    void executable()
+    {
+        QProcess process;
+        process.start(QStringLiteral(KORALCTL_PATH), {"check", path("broken.rss")});
+        QVERIFY(process.waitForFinished(10000));
+        QCOMPARE(process.exitCode(), 1);
+        QVERIFY(
+            process.readAllStandardOutput().startsWith("Priority channel 5 is not programmed.\n"));
+    }
+};
+
+QTEST_GUILESS_MAIN(KoralctlTest)
+#include "tst_koralctl.moc"
