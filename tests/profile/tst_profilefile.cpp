@@ -176,6 +176,14 @@ void TestProfileFile::edit_data()
     QTest::newRow("values that reading would change are quoted")
         << QByteArray() << QStringList{"w| S | k |  v ", "w|S|q|'x'", "w|S|r|\"", "w|S|e|"}
         << QByteArray("[S]\r\nk=\"  v \"\r\nq=\"'x'\"\r\nr=\"\r\ne=\r\n");
+    QTest::newRow("header at the end without line end")
+        << QByteArray("[A]\r\n[S]") << QStringList{"w|S|k|v", "w|A|j|w"}
+        << QByteArray("[A]\r\nj=w\r\n[S]\r\nk=v\r\n");
+    QTest::newRow("lines before any section are no section's")
+        << QByteArray("k=1\r\n") << QStringList{"w|S|k|2"} << QByteArray("k=1\r\n[S]\r\nk=2\r\n");
+    QTest::newRow("written key found again after a removal")
+        << QByteArray("[S]\r\na=1\r\nb=2\r\n") << QStringList{"dk|S|a", "w|S|b|3", "w|S|c|4"}
+        << QByteArray("[S]\r\nb=3\r\nc=4\r\n");
     QTest::newRow("remove key") << QByteArray("[S]\r\na=1\r\nb=2\r\nc=3\r\n")
                                 << QStringList{"dk|S|B", "dk|S|missing", "dk|X|a"}
                                 << QByteArray("[S]\r\na=1\r\nc=3\r\n");
