@@ -50,8 +50,6 @@ private slots:
     void roundTrip();
     void failedSave();
     void channelNames();
-    void channelNumbersPresence_data();
-    void channelNumbersPresence();
 
 private:
     std::filesystem::path path(const char* name) const { return m_dir.path(name); }
@@ -222,29 +220,6 @@ void TestCcirFile::channelNames()
     QCOMPARE(QByteArray(bytes, 2).toHex(), QByteArray("0102"));
     QCOMPARE(QByteArray(bytes + 398, 2).toHex(), QByteArray("ffff"));
     QCOMPARE(fromChannelName(record), numbers);
-}
-
-void TestCcirFile::channelNumbersPresence_data()
-{
-    QTest::addColumn<bool>("fromFile");
-    QTest::addColumn<bool>("presentBefore");
-    QTest::addColumn<bool>("found");
-    QTest::addColumn<bool>("present");
-    QTest::newRow("found") << false << false << true << true;
-    QTest::newRow("none found") << false << true << false << false;
-    QTest::newRow("ccr file loaded: unchanged") << true << true << false << true;
-    QTest::newRow("ccr file loaded: stays absent") << true << false << true << false;
-}
-
-void TestCcirFile::channelNumbersPresence()
-{
-    QFETCH(bool, fromFile);
-    QFETCH(bool, presentBefore);
-    QFETCH(bool, found);
-    QFETCH(bool, present);
-    CcirState state{.dataFromFile = fromFile, .channelNumbersPresent = presentBefore};
-    state.channelNumbersLoaded(found);
-    QCOMPARE(state.channelNumbersPresent, present);
 }
 
 QTEST_GUILESS_MAIN(TestCcirFile)

@@ -14,7 +14,6 @@ private slots:
     void lineBreaks();
     void version_data();
     void version();
-    void commentAndUserName();
 };
 
 void TestFileInfo::lineBreaks_data()
@@ -67,32 +66,6 @@ void TestFileInfo::version()
     ProfileFile written;
     fileinfo::writeVersion(written);
     QCOMPARE(written.content(), std::string("[ZOV]\r\nZOV_Version=2.01\r\n"));
-}
-
-void TestFileInfo::commentAndUserName()
-{
-    FileInfo info;
-    info.comment = "line one\r\nline two";
-    info.userName = "Operator";
-    ProfileFile file;
-    fileinfo::write(file, info, "Ccir Option");
-    QCOMPARE(file.content(),
-             std::string("[Ccir Option]\r\nComment=line one\\rline two\r\nUserName=Operator\r\n"));
-
-    FileInfo back;
-    back.modificationTime = 77;
-    fileinfo::read(file, back, "Ccir Option");
-    QCOMPARE(back.comment, info.comment);
-    QCOMPARE(back.userName, info.userName);
-    QCOMPARE(back.modificationTime, std::int64_t{77});
-
-    // The record holds 200 and 20 characters with their terminators.
-    info.comment = std::string(250, 'c');
-    info.userName = std::string(25, 'u');
-    fileinfo::write(file, info);
-    fileinfo::read(file, back);
-    QCOMPARE(back.comment, std::string(199, 'c'));
-    QCOMPARE(back.userName, std::string(19, 'u'));
 }
 
 QTEST_GUILESS_MAIN(TestFileInfo)
