@@ -126,7 +126,7 @@ private slots:
                                          "Message No. 0=CHECK IN\n"
                                          "[Automatic Dials]\n"
                                          "Auto Dial No. 0=ALPHA,CHECK IN\n"
-                                         "Auto Dial No. 3=CHARLIE, \n"
+                                         "Auto Dial No. 3=\"CHARLIE, \"\n"
                                          "[Net No. 2]\n"
                                          "Net Name=NETB\n"
                                          "Self Address=HOME\n"
@@ -379,6 +379,23 @@ private slots:
         QCOMPARE(std::string(fieldText(radio.controlHeadHardwareVersion)), std::string("01.00"));
         QCOMPARE(loadedInfo.comment, info.comment);
         QCOMPARE(loadedInfo.userName, info.userName);
+    }
+
+    void exampleSavesToItsOwnBytes()
+    {
+        QFile example(KORAL_EXAMPLES_DIR "/radio.ale");
+        QVERIFY(example.open(QIODevice::ReadOnly));
+        const QByteArray bytes = example.readAll();
+        ProfileFile in;
+        in.setContent(std::string_view(bytes.constData(), std::size_t(bytes.size())));
+        AleProgramme p;
+        dbase radio{};
+        FileInfo info;
+        QCOMPARE(readAleProfile(in, &p, &radio, &info, {}, false), 0);
+        QCOMPARE(int(p.database.nets[0].members[6]), int(kSlotSelfAddress));
+        ProfileFile out;
+        writeAleProfile(out, p, radio, &info, {});
+        QCOMPARE(QByteArray::fromStdString(out.content()), bytes);
     }
 
     void unwritablePathFails()
