@@ -83,6 +83,9 @@ void VirtualRadio::onSelfTest(const CRadioMessage& request)
 
 void VirtualRadio::onBiDirectional(const CRadioMessage& request)
 {
+    if (refuseInCcirMode(request)) {
+        return;
+    }
     runLinkQuality(false, 3, callChannels(request));
 }
 
@@ -93,6 +96,9 @@ void VirtualRadio::onCall(const CRadioMessage& request)
 
 void VirtualRadio::onSounding(const CRadioMessage& request)
 {
+    if (refuseInCcirMode(request)) {
+        return;
+    }
     if (request[7] == 0) {
         cancel(Activity::LinkQuality);
         m_state.sounding = false;
@@ -111,8 +117,7 @@ void VirtualRadio::onSounding(const CRadioMessage& request)
 
 void VirtualRadio::onAleMode(const CRadioMessage& request)
 {
-    if (m_model.ccirMode) {
-        reject(request.GetOpcode());
+    if (refuseInCcirMode(request)) {
         return;
     }
     if (request[7] != 0) {

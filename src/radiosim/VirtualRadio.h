@@ -126,6 +126,8 @@ private:
     bool knownAddress(std::string_view address) const;
     RadioTransfers::Memory transferMemory(int target, bool write);
 
+    bool refuseInCcirMode(const CRadioMessage& request);
+
     // Request handlers, one per opcode (see routes()).
     void onSelfTest(const CRadioMessage& request);
     void onBiDirectional(const CRadioMessage& request);
