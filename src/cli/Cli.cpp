@@ -155,4 +155,20 @@ std::optional<std::string> unreadableReason(const std::string& path)
     return std::nullopt;
 }
 
+bool checkInputFile(const std::string& path, FileKind kind, std::ostream& err)
+{
+    if (fileKindOf(path) != kind) {
+        const char* expected = kind == FileKind::Rss   ? ".rss"
+                               : kind == FileKind::Ale ? ".ale"
+                                                       : ".ccr";
+        fail(err, text::format(text::kCliUnknownKind.data(), path.c_str(), expected));
+        return false;
+    }
+    if (const auto reason = unreadableReason(path)) {
+        fail(err, text::format(text::kProfileCannotRead.data(), path.c_str(), reason->c_str()));
+        return false;
+    }
+    return true;
+}
+
 } // namespace koral::cli

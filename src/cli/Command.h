@@ -64,4 +64,8 @@ FileKind fileKindOf(std::string_view path);
 // Empty when `path` names a readable file; otherwise why not ("No such file or directory").
 std::optional<std::string> unreadableReason(const std::string& path);
 
+// True when `path` has the extension of `kind` and is readable; otherwise prints why on `err`
+// (as fail() does) and answers false.
+bool checkInputFile(const std::string& path, FileKind kind, std::ostream& err);
+
 } // namespace koral::cli

@@ -1,21 +1,14 @@
 #include "cli/RadioDocument.h"
 
 #include "cli/Command.h"
-#include "common/Texts.h"
 #include "radiodb/RssFile.h"
 
 namespace koral::cli {
 
 std::optional<RadioDocument> loadRadioDocument(const std::string& path, std::ostream& err)
 {
-    if (fileKindOf(path) != FileKind::Rss) {
-        fail(err, text::format(text::kCliUnknownKind.data(), path.c_str(), ".rss"));
+    if (!checkInputFile(path, FileKind::Rss, err))
         return std::nullopt;
-    }
-    if (const auto reason = unreadableReason(path)) {
-        fail(err, text::format(text::kProfileCannotRead.data(), path.c_str(), reason->c_str()));
-        return std::nullopt;
-    }
     const RssFile file(path);
     RadioDocument document;
     if (file.load(&document.info, &document.record, &document.isb) != RssFile::kOk) {

@@ -86,6 +86,9 @@ private slots:
                "such file or directory\n";
         QTest::newRow("unknown kind") << QStringList{"summary", "NOTES"}
                                       << "koralctl: NOTES: unknown file kind (expected .rss)\n";
+        QTest::newRow("missing CCIR file")
+            << QStringList{"normalize", "/nonexistent/a.ccr", "b.ccr"}
+            << "koralctl: Cannot read the file /nonexistent/a.ccr: No such file or directory\n";
         QTest::newRow("normalize of an unknown kind")
             << QStringList{"normalize", "plan.txt", "out.txt"}
             << "koralctl: plan.txt: unknown file kind (expected .rss or .ccr)\n";
@@ -189,12 +192,37 @@ private slots:
                          "7\t2\t3\tLOW\tLSB\tAME\tOff\t2.1\n"));
     }
 
-    void normalizeOfTheExampleKeepsItsBytes()
+    // The examples are in the program's own layout already.
+    void normalizeOfTheExamplesKeepsTheirBytes_data()
     {
-        const Outcome outcome = koralctl({"normalize", kExample, path("example.rss")});
-        QCOMPARE(outcome.exitCode, cli::kExitOk);
+        QTest::addColumn<QString>("name");
+        QTest::newRow("radio database") << "radio.rss";
+        QTest::newRow("CCIR database") << "radio.ccr";
+    }
+    void normalizeOfTheExamplesKeepsTheirBytes()
+    {
+        QFETCH(QString, name);
+        const QString example = QStringLiteral(KORAL_EXAMPLES_DIR "/") + name;
+        const Outcome outcome = koralctl({"normalize", example, path("example-" + name)});
         QCOMPARE(outcome.err, QString());
-        QCOMPARE(readAll(path("example.rss")), readAll(kExample));
+        QCOMPARE(outcome.exitCode, cli::kExitOk);
+        QCOMPARE(readAll(path("example-" + name)), readAll(example));
+    }
+
+    void normalizeOfACcirFile()
+    {
+        writeFile(path("calls.CCR"), "[Ccir Option]\nCcir 4 Digits Id=4117\nCcir Message1="
+                                     "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789ABCD\n"
+                                     "Ccir Directory7=401000\nCcir Directory8=0\n");
+        QCOMPARE(koralctl({"normalize", path("calls.CCR"), path("calls.ccr")}).exitCode, 0);
+        const QByteArray saved = readAll(path("calls.ccr"));
+        QVERIFY(saved.contains("Ccir 4 Digits Id=4117\r\n"));
+        QVERIFY(saved.contains("Ccir Preamble=6\r\n"));
+        QVERIFY(saved.contains("Ccir Message1=ABCDEFGHIJKLMNOPQRSTUVWXYZ012345\r\n"));
+        QVERIFY(saved.contains("Ccir Directory7=401000\r\n"));
+        QVERIFY(!saved.contains("Ccir Directory8"));
+        QCOMPARE(koralctl({"normalize", path("calls.ccr"), path("calls2.ccr")}).exitCode, 0);
+        QCOMPARE(readAll(path("calls2.ccr")), saved);
     }
 
     void normalizeRepairsAndIsStable()
