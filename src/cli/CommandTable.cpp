@@ -7,10 +7,17 @@ namespace koral::cli {
 int runNormalize(const Invocation& invocation);
 int runCheck(const Invocation& invocation);
 int runSummary(const Invocation& invocation);
+int runProbe(const Invocation& invocation);
+int runRead(const Invocation& invocation);
+int runWrite(const Invocation& invocation);
+int runBite(const Invocation& invocation);
 
 namespace {
 
 constexpr std::array<std::string_view, 1> kSummaryFlags{"--all"};
+constexpr std::array<std::string_view, 2> kLinkFlags{"--port=", "--baud="};
+constexpr std::array<std::string_view, 3> kReadFlags{"--port=", "--baud=", "-o="};
+constexpr std::array<std::string_view, 3> kBiteFlags{"--port=", "--baud=", "--type="};
 
 constexpr std::array kCommands{
     Command{"normalize",
@@ -36,6 +43,24 @@ constexpr std::array kCommands{
             "programmed channels, or all 200 with --all. The \"Ch. Num.\" column is there when\n"
             "the file carries CCIR channel numbers.\n",
             kSummaryFlags, 1, 1, runSummary},
+    Command{"probe", "--port P [--baud B]",
+            "Asks the radio on port P (a port number, a device path or tcp:HOST:PORT; port 1 is\n"
+            "the built-in virtual radio) for its program word, software versions, operation\n"
+            "mode and capabilities. B is the baud rate (default 9600).\n",
+            kLinkFlags, 0, 0, runProbe},
+    Command{"read", "--port P [--baud B] -o BASE",
+            "Reads the radio's databases as the application's Read Device does and saves\n"
+            "BASE.rss and BASE.ale (BASE.ccr in CCIR mode). Progress goes to standard error.\n",
+            kReadFlags, 0, 0, runRead},
+    Command{"write", "--port P [--baud B] BASE.rss [BASE.ale|BASE.ccr]",
+            "Saves what the radio holds as BASE.before-write.rss and .ale first, writes the\n"
+            "files into the radio, reads it back and compares; a difference is an error that\n"
+            "names the section.\n",
+            kLinkFlags, 1, 2, runWrite},
+    Command{"bite", "--port P [--baud B] --type full|channel|lowrf",
+            "Runs the radio's built-in test and prints each item's result and the summary.\n"
+            "Exit code 1 when an item failed or could not be performed.\n",
+            kBiteFlags, 0, 0, runBite},
 };
 
 } // namespace

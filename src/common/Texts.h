@@ -212,6 +212,28 @@ inline constexpr std::string_view kCliUnknownCommand = "unknown command '%s' (se
 inline constexpr std::string_view kCliUnknownOption = "unknown option '%s' (see 'koralctl %s --help')";
 inline constexpr std::string_view kCliWrongArguments = "wrong arguments; usage: koralctl %s %s";
 inline constexpr std::string_view kCliUnknownKind = "%s: unknown file kind (expected %s)";
+// --- koralctl: the radio commands (probe, read, write, bite) ---
 inline constexpr std::string_view kCliMissingValue = "option '%s' needs a value";
+inline constexpr std::string_view kCliPortMissing = "--port P is required (a port number, a device path or tcp:HOST:PORT)";
+inline constexpr std::string_view kCliBadBaud = "'%s' is not a baud rate";
+inline constexpr std::string_view kCliCannotOpenPort = "cannot open port %s: %s";
+inline constexpr std::string_view kCliNoAnswer = "the radio on %s does not answer";
+inline constexpr std::string_view kCliTransferFailed = "the transfer with the radio on %s failed";
+inline constexpr std::string_view kCliOutputMissing = "-o BASE is required";
+inline constexpr std::string_view kCliCcirFileUnavailable = "%s: CCIR database files are not supported by this build";
+inline constexpr std::string_view kCliNoChannelNumbers = "%s holds no CCIR channel numbers, but the radio works in CCIR mode";
+inline constexpr std::string_view kCliVerifyFailed = "the radio holds something else than was written: %s";
+inline constexpr std::string_view kCliExtraOptions = "Extra Options";
+inline constexpr std::string_view kCliWritten = "written to the radio on %s and verified\n";
+inline constexpr std::string_view kCliBadTestType = "unknown test type '%s' (full, channel or lowrf)";
+inline constexpr std::string_view kCliProbePort = "Port: %s at %d baud\n";
+inline constexpr std::string_view kCliProbeProgramWord = "Program word: 0x%02X\n";
+inline constexpr std::string_view kCliProbeVersion = "Software version: %s\n";
+inline constexpr std::string_view kCliProbeRadioVersion = "Radio software version: %s\n";
+inline constexpr std::string_view kCliProbeOperationMode = "Operation mode: %d\n";
+inline constexpr std::string_view kCliProbeAle = "ALE: %s\n";
+inline constexpr std::string_view kCliProbeCalling = "Selective calling: %s\n";
+inline constexpr std::string_view kCliProbeSupport = "ALE global members and extra options: %s\n";
+inline constexpr std::string_view kCliProbeIsb = "ISB: %s\n";
 
 } // namespace koral::text
