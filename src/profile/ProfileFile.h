@@ -21,7 +21,8 @@
 // (temporary file in the same folder, then a rename), so an interrupted save leaves the
 // previous file as it was.
 //
-// No function throws; failures are answered by a bool and described by errorString().
+// No function throws; failures are answered by a bool and described by errorString(). One
+// object belongs to one thread at a time: even reads build the key index they search.
 
 #include <cstddef>
 #include <cstdint>
