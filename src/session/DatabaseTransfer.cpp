@@ -125,6 +125,9 @@ int DatabaseTransfer::capabilityQueries(bool readMode)
     const int supportBefore = m_flags.supportAnswers;
     m_flags.extraOptionsSupported = false;
     m_flags.aleGlobalSupported = false;
+    // The answer may be settled by the worker before the send returns here, so it is taken
+    // as answered while the query is out; a query the radio did not take undoes that.
+    m_flags.supportModeAnswered = true;
     m_flags.supportModeAnswered = sendQuery(&ReportRadioSupportMode);
     if (m_flags.supportModeAnswered)
         awaitAnswer(m_flags.supportAnswers, supportBefore);

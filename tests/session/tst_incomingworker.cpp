@@ -1,0 +1,154 @@
+// What the incoming worker settles itself and what it hands to the view, message by message.
+
+#include "session/IncomingWorker.h"
+#include "session/SessionState.h"
+
+#include <QtTest>
+
+using namespace koral;
+
+namespace {
+
+CRadioMessage report(int opcode, std::uint8_t byte6 = 0, std::uint8_t byte7 = 0)
+{
+    CRadioMessage message;
+    message.prepareReport();
+    message.setOpcodeAndLength(opcode, 2);
+    message[6] = byte6;
+    message[7] = byte7;
+    return message;
+}
+
+struct Harness
+{
+    CapabilityFlags flags;
+    LatestMessage latest;
+    int notified = 0;
+    IncomingWorker::Context context{nullptr, &flags, nullptr, &latest, [this] { ++notified; }};
+    StopEvent stop;
+};
+
+} // namespace
+
+class IncomingWorkerTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void handOver_data()
+    {
+        QTest::addColumn<int>("opcode");
+        QTest::addColumn<bool>("forwarded");
+        QTest::newRow("27 display") << 27 << true;
+        QTest::newRow("30 is dropped although the view has a row") << 30 << false;
+        QTest::newRow("46 channel report") << 46 << true;
+        QTest::newRow("85 link result") << 85 << true;
+        QTest::newRow("90 silent-net call") << 90 << true;
+        QTest::newRow("88 settled by the worker") << 88 << false;
+        QTest::newRow("1 is a reply, not a report") << 1 << false;
+        QTest::newRow("unknown") << 200 << false;
+    }
+    void handOver()
+    {
+        QFETCH(int, opcode);
+        QFETCH(bool, forwarded);
+        Harness h;
+        IncomingWorker::handle(report(opcode, 7), h.context, &h.stop);
+        QCOMPARE(h.notified, forwarded ? 1 : 0);
+        QCOMPARE(h.latest.take().GetOpcode(), forwarded ? opcode : 0);
+    }
+
+    void nothingIsHandedOverOnceStopped()
+    {
+        Harness h;
+        h.stop.set();
+        IncomingWorker::handle(report(85, 1), h.context, &h.stop);
+        QCOMPARE(h.notified, 0);
+    }
+
+    void ccirReport_data()
+    {
+        QTest::addColumn<int>("byte6");
+        QTest::addColumn<int>("byte7");
+        QTest::addColumn<bool>("ccir");
+        QTest::addColumn<bool>("fileLoaded");
+        QTest::addColumn<bool>("aleOff");
+        QTest::newRow("CCIR, ALE on") << 1 << 1 << true << true << false;
+        QTest::newRow("byte 6 = 2 clears both") << 2 << 1 << false << false << false;
+        QTest::newRow("ALE state 0 is off") << 0 << 0 << false << false << true;
+        QTest::newRow("ALE state 2 is off too") << 1 << 2 << true << true << true;
+    }
+    void ccirReport()
+    {
+        QFETCH(int, byte6);
+        QFETCH(int, byte7);
+        QFETCH(bool, ccir);
+        QFETCH(bool, fileLoaded);
+        QFETCH(bool, aleOff);
+        Harness h;
+        h.flags.ccirFileLoaded = true;
+        IncomingWorker::handle(report(96, std::uint8_t(byte6), std::uint8_t(byte7)), h.context,
+                               &h.stop);
+        QCOMPARE(h.flags.ccirMode.load(), ccir);
+        QCOMPARE(h.flags.ccirFileLoaded.load(), fileLoaded);
+        QCOMPARE(int(h.flags.aleState), byte7);
+        QCOMPARE(h.flags.aleOff.load(), aleOff);
+        QCOMPARE(h.flags.ccirAnswers.load(), 1);
+        QCOMPARE(h.notified, 0);
+    }
+
+    void supportReport_data()
+    {
+        QTest::addColumn<bool>("answered");
+        QTest::addColumn<int>("byte6");
+        QTest::addColumn<bool>("before");
+        QTest::addColumn<bool>("after");
+        QTest::newRow("not asked: ignored") << false << 1 << false << false;
+        QTest::newRow("asked, bit 0 set") << true << 1 << false << true;
+        QTest::newRow("asked, other bits only") << true << 0xFE << false << false;
+        QTest::newRow("a clear bit clears nothing") << true << 0 << true << true;
+    }
+    void supportReport()
+    {
+        QFETCH(bool, answered);
+        QFETCH(int, byte6);
+        QFETCH(bool, before);
+        QFETCH(bool, after);
+        Harness h;
+        h.flags.supportModeAnswered = answered;
+        h.flags.aleGlobalSupported = before;
+        h.flags.extraOptionsSupported = before;
+        IncomingWorker::handle(report(98, std::uint8_t(byte6)), h.context, &h.stop);
+        QCOMPARE(h.flags.aleGlobalSupported.load(), after);
+        QCOMPARE(h.flags.extraOptionsSupported.load(), after);
+    }
+
+    void aleReport_data()
+    {
+        QTest::addColumn<int>("byte6");
+        QTest::addColumn<bool>("aleOff");
+        QTest::newRow("on") << 1 << false;
+        QTest::newRow("off") << 0 << true;
+        QTest::newRow("2") << 2 << true;
+    }
+    void aleReport()
+    {
+        QFETCH(int, byte6);
+        QFETCH(bool, aleOff);
+        Harness h;
+        IncomingWorker::handle(report(88, std::uint8_t(byte6)), h.context, &h.stop);
+        QCOMPARE(int(h.flags.aleState), byte6);
+        QCOMPARE(h.flags.aleOff.load(), aleOff);
+    }
+
+    void workerWithoutStopEventEndsAtOnce()
+    {
+        Harness h;
+        // No engine is needed: a worker whose stop event could not be made never reads.
+        IncomingWorker worker(h.context, nullptr);
+        worker.join();
+        QCOMPARE(h.notified, 0);
+    }
+};
+
+QTEST_GUILESS_MAIN(IncomingWorkerTest)
+#include "tst_incomingworker.moc"
