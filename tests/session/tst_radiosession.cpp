@@ -1,0 +1,398 @@
+// The session against the virtual radio in process: the start-up exchange, the link's
+// failures, the incoming worker and the dispatch, and the Read/Write Device commands.
+
+#include "SessionFixture.h"
+
+#include "common/Texts.h"
+#include "koralapi/KoralApi.h"
+#include "radiosim/RadioDatabases.h"
+
+#include <QElapsedTimer>
+#include <QSignalSpy>
+
+#include <fstream>
+#include <thread>
+
+using namespace koral;
+using namespace koral::test;
+using namespace koral::radiosim;
+
+namespace {
+
+void programAllChannels(VirtualRadio& radio)
+{
+    auto& memory = radio.databases().radio;
+    for (std::size_t c = 0; c < layout::kChannelCount; ++c) {
+        const std::size_t at = layout::kChannels + c * layout::kChannelSize + layout::kChannelTx;
+        const std::uint32_t hertz = 2000000 + std::uint32_t(c) * 1000;
+        for (int i = 0; i < 4; ++i)
+            memory[at + std::size_t(i)] = std::uint8_t(hertz >> (24 - 8 * i));
+    }
+}
+
+void waitWithoutEvents(const std::function<bool()>& done)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (!done() && timer.elapsed() < 5000)
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+}
+
+} // namespace
+
+class RadioSessionTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void startUpReadsEveryDatabase_data()
+    {
+        QTest::addColumn<bool>("ccir");
+        QTest::addColumn<bool>("extended");
+        QTest::addColumn<QString>("version");
+        QTest::addColumn<int>("softwareClass");
+        QTest::newRow("ALE, extended databases") << false << true << "03.100" << 2;
+        QTest::newRow("ALE, plain radio") << false << false << "02.500" << 1;
+        QTest::newRow("CCIR") << true << true << "00.900" << 2;
+    }
+    void startUpReadsEveryDatabase()
+    {
+        QFETCH(bool, ccir);
+        QFETCH(bool, extended);
+        QFETCH(QString, version);
+        QFETCH(int, softwareClass);
+        SessionFixture fixture([&](VirtualRadio& radio) {
+            radio.execute(SetMode{ccir});
+            radio.execute(SetSupport{extended});
+            radio.execute(SetVersion{version.toStdString()});
+        });
+        QVERIFY(fixture.startUp());
+        QCOMPARE(texts(fixture.notifier), QStringList());
+        auto& session = *fixture.session;
+        QVERIFY(session.view().databaseRead);
+        QCOMPARE(session.flags().ccirMode.load(), ccir);
+        QCOMPARE(session.flags().aleGlobalSupported.load(), extended);
+        QCOMPARE(session.flags().extraOptionsSupported.load(), extended);
+        QCOMPARE(int(session.flags().softwareClass), softwareClass);
+
+        // What the program holds is what the radio keeps, numbers in host order.
+        const RadioDatabases& radio = fixture.radio().databases();
+        dbase expected{};
+        std::memcpy(&expected, radio.radio.data(), sizeof expected);
+        convertByteOrder(TransferTarget::Radio,
+                         {reinterpret_cast<std::uint8_t*>(&expected), sizeof expected});
+        QVERIFY(std::memcmp(&expected, &session.records().radio, sizeof expected) == 0);
+        QVERIFY(std::memcmp(radio.globalMembers.data(), &session.records().globalMembers,
+                            radio.globalMembers.size()) == 0 ||
+                !extended || ccir);
+        if (ccir) {
+            QVERIFY(radio.ccir == session.records().ccir);
+            QVERIFY(radio.channelNames == session.records().channelNames);
+        }
+        QVERIFY(!session.transfer().programmedChannels().empty());
+        QCOMPARE(session.view().serialNumber,
+                 std::string(fieldText(session.records().radio.serialNumber)));
+        QVERIFY(session.commands().serialPane().starts_with("S/N: "));
+        QVERIFY(!session.view().busy);
+    }
+
+    void firstRunLeavesCommPortFile()
+    {
+        std::filesystem::path file;
+        {
+            SessionFixture fixture;
+            QCOMPARE(fixture.session->commands().comPane(), std::string("COM: 1,9600"));
+            file = fixture.startDir() / "CommPort.txt";
+            QVERIFY(!std::filesystem::exists(file));
+            fixture.session.reset();
+            std::ifstream in(file, std::ios::binary);
+            const std::string bytes(std::istreambuf_iterator<char>(in), {});
+            QCOMPARE(bytes, std::string("\x01\x00\x00\x00\x80\x25\x00\x00", 8));
+        }
+    }
+
+    void linkFailures_data()
+    {
+        QTest::addColumn<QString>("fault");
+        QTest::addColumn<int>("result");
+        QTest::addColumn<QStringList>("messages");
+        QTest::addColumn<bool>("portOpen");
+        QTest::addColumn<bool>("waitCursor");
+        QTest::newRow("port cannot be opened")
+            << "port" << 0 << QStringList{"Can't open port."} << false << false;
+        QTest::newRow("radio does not connect") << "connect" << 0 << QStringList{} << true << false;
+        QTest::newRow("no stop event") << "event" << 1 << QStringList{} << false << false;
+        QTest::newRow("no thread") << "thread" << 0 << QStringList{} << false << true;
+    }
+    void linkFailures()
+    {
+        QFETCH(QString, fault);
+        QFETCH(int, result);
+        QFETCH(QStringList, messages);
+        QFETCH(bool, portOpen);
+        QFETCH(bool, waitCursor);
+        SessionFixture fixture([&](VirtualRadio& radio) {
+            if (fault == "connect")
+                radio.inject({FaultKind::NoAnswer, 0});
+        });
+        RadioLink& link = fixture.session->link();
+        if (fault == "port") {
+            link.changeRadioLink(99, 9600);
+            fixture.notifier.clear();
+            link.closeRadioLink();
+        }
+        link.faultHooks().failStopEvent = fault == "event";
+        link.faultHooks().failThread = fault == "thread";
+        QCOMPARE(link.openRadioLink(), result);
+        QCOMPARE(texts(fixture.notifier), messages);
+        QCOMPARE(link.isPortOpen(), portOpen);
+        QCOMPARE(link.waitCursor(), waitCursor);
+        QCOMPARE(link.state(), LinkState::Closed);
+        // Closing always disconnects and closes the port, whatever was left open.
+        QCOMPARE(link.closeRadioLink(), 1);
+        QVERIFY(!link.isPortOpen());
+    }
+
+    void failedStopSignalStillCloses()
+    {
+        SessionFixture fixture;
+        RadioLink& link = fixture.session->link();
+        QCOMPARE(link.openRadioLink(), 1);
+        QCOMPARE(link.state(), LinkState::Open);
+        link.faultHooks().failStopSignal = true;
+        QCOMPARE(link.closeRadioLink(), 1);
+        QCOMPARE(texts(fixture.notifier),
+                 QStringList{"m_Globals.incomingThreadEvent non signaled!"});
+        QCOMPARE(link.state(), LinkState::Closed);
+    }
+
+    void sameSettingsKeepTheLink()
+    {
+        SessionFixture fixture;
+        RadioLink& link = fixture.session->link();
+        QCOMPARE(link.openRadioLink(), 1);
+        QSignalSpy closed(&link, &RadioLink::linkClosed);
+        QCOMPARE(link.changeRadioLink(1, 9600), 1);
+        QCOMPARE(closed.count(), 0);
+        QCOMPARE(link.changeRadioLink(1, 4800), 1);
+        QCOMPARE(closed.count(), 1);
+        QCOMPARE(link.settings().baudRate, 4800);
+    }
+
+    void silentRadio_data()
+    {
+        QTest::addColumn<bool>("report");
+        QTest::addColumn<QStringList>("messages");
+        QTest::newRow("reported") << true
+                                  << QStringList{QString::fromUtf8(
+                                         text::byId(text::id::NoResponse).data())};
+        QTest::newRow("silenced") << false << QStringList{};
+    }
+    void silentRadio()
+    {
+        QFETCH(bool, report);
+        QFETCH(QStringList, messages);
+        SessionFixture fixture;
+        QVERIFY(fixture.startUp());
+        auto& commands = fixture.session->commands();
+        const bool squelch = commands.state(ViewCommands::Toggle::Squelch);
+        const int image = commands.imageIndex(ViewCommands::Toggle::Squelch);
+        fixture.play(FaultCommand{FaultKind::NoAnswer, 0});
+        fixture.session->link().setReportNoResponse(report);
+        QCOMPARE(commands.toggle(ViewCommands::Toggle::Squelch), 0);
+        QCOMPARE(texts(fixture.notifier), messages);
+        QCOMPARE(commands.state(ViewCommands::Toggle::Squelch), squelch);
+        QCOMPARE(commands.imageIndex(ViewCommands::Toggle::Squelch), image);
+        if (report)
+            QCOMPARE(fixture.notifier.entries().front().icon, Icon::Warning);
+    }
+
+    void togglesFollowTheRadio()
+    {
+        SessionFixture fixture;
+        QVERIFY(fixture.startUp());
+        auto& commands = fixture.session->commands();
+        for (auto toggle : {ViewCommands::Toggle::Squelch, ViewCommands::Toggle::Attenuator,
+                            ViewCommands::Toggle::Clipper}) {
+            const bool before = commands.state(toggle);
+            QCOMPARE(commands.toggle(toggle), 1);
+            QCOMPARE(commands.state(toggle), !before);
+            QCOMPARE(commands.imageIndex(toggle) < 12, !before);
+        }
+        // The radio now reports the new squelch state.
+        QCOMPARE(commands.updateToolBarAndSliders(), 1);
+        QVERIFY(commands.state(ViewCommands::Toggle::Attenuator) ==
+                        !fixture.radio().state().attenuator
+                    ? false
+                    : true);
+    }
+
+    void closingWhileMessagesArriveNeverDeadlocks()
+    {
+        SessionFixture fixture;
+        RadioLink& link = fixture.session->link();
+        QElapsedTimer timer;
+        timer.start();
+        for (int round = 0; round < 4; ++round) {
+            QCOMPARE(link.openRadioLink(), 1);
+            // Scanning makes the radio report every few milliseconds.
+            fixture.play(RadioEvent{FrontPanelScan{true, false, 0}});
+            std::this_thread::sleep_for(std::chrono::milliseconds(60));
+            QCOMPARE(link.closeRadioLink(), 1);
+        }
+        QVERIFY2(timer.elapsed() < 8000, "closing the link took too long");
+        QCOMPARE(link.state(), LinkState::Closed);
+    }
+
+    void twoMessagesBeforeOneDispatchActAsTheSecond()
+    {
+        SessionFixture fixture;
+        QVERIFY(fixture.startUp());
+        QCoreApplication::processEvents();
+        std::vector<std::string> calls;
+        connect(&fixture.session->dispatcher(), &MessageDispatcher::incomingCall, this,
+                [&](const koral::IncomingCall& call) { calls.push_back(call.address); });
+        fixture.play(RadioEvent{radiosim::IncomingCall{CallKind::Station, "FIRST", "", 3}});
+        fixture.play(RadioEvent{radiosim::IncomingCall{CallKind::Net, "SECOND", "", 4}});
+        auto& link = fixture.session->link();
+        waitWithoutEvents([&] { return link.latestIncoming().GetOpcode() == 80; });
+        QVERIFY(calls.empty());
+        QTRY_COMPARE(calls.size(), std::size_t(2));
+        QCOMPARE(calls, (std::vector<std::string>{"SECOND", "SECOND"}));
+        QCOMPARE(fixture.session->view().callState, 55);
+    }
+
+    void busyLinkEndsAnIncomingCallIntoTheLists()
+    {
+        SessionFixture fixture;
+        QVERIFY(fixture.startUp());
+        auto& calls = fixture.session->calls();
+        QSignalSpy closed(&fixture.session->dispatcher(), &MessageDispatcher::incomingCallClosed);
+        fixture.play(RadioEvent{radiosim::IncomingCall{CallKind::Station, "CALLER", "HELLO", 0}});
+        QTRY_COMPARE(fixture.session->view().callState, 55);
+        fixture.play(RadioEvent{LinkResult{2}});
+        QTRY_COMPARE(closed.count(), 1);
+        QCOMPARE(calls.log().size(), std::size_t(1));
+        QCOMPARE(calls.stack().size(), std::size_t(1));
+        QCOMPARE(calls.log().front().from, std::string("CALLER"));
+        QCOMPARE(calls.log().front().message, std::string("HELLO"));
+        QVERIFY(!calls.log().front().end.empty());
+        QCOMPARE(fixture.session->view().callState, 1);
+        QCOMPARE(fixture.session->commands().callStatus(), std::string("Channel busy."));
+    }
+
+    void allChannelsProgrammedLeaveTheRadioNotReady()
+    {
+        SessionFixture fixture(programAllChannels);
+        QVERIFY(fixture.startUp());
+        auto& transfer = fixture.session->transfer();
+        QCOMPARE(int(transfer.programmedChannels().size()), 200);
+        transfer.readDeviceCommand();
+        QVERIFY(!fixture.session->view().radioReady);
+        QVERIFY(!fixture.session->view().busy);
+    }
+
+    void readDeviceWithAFewChannels()
+    {
+        SessionFixture fixture;
+        QVERIFY(fixture.startUp());
+        auto& transfer = fixture.session->transfer();
+        QSignalSpy refresh(&transfer, &DatabaseTransfer::channelRefreshRequested);
+        transfer.readDeviceCommand();
+        QVERIFY(fixture.session->view().radioReady);
+        QCOMPARE(refresh.count(), 1);
+        QVERIFY(fixture.session->commands().isNoticeShown(ViewCommands::Notice::Completed));
+        const auto& channels = transfer.programmedChannels();
+        QVERIFY(std::is_sorted(channels.begin(), channels.end()));
+        QVERIFY(transfer.activeChannel() >= 1 && transfer.activeChannel() <= 200);
+    }
+
+    void writeDeviceSendsTheRecords()
+    {
+        SessionFixture fixture;
+        QVERIFY(fixture.startUp());
+        auto& records = fixture.session->records();
+        records.radio.channelNo(150).txFrequency.set(7050000);
+        records.radio.channelNo(150).rxFrequency.set(7050000);
+        fixture.session->transfer().writeDeviceCommand();
+        QCOMPARE(texts(fixture.notifier), QStringList());
+        const auto& memory = fixture.radio().databases().radio;
+        const std::size_t at = layout::kChannels + 149 * layout::kChannelSize + layout::kChannelTx;
+        QCOMPARE((std::vector<int>{memory[at], memory[at + 1], memory[at + 2], memory[at + 3]}),
+                 (std::vector<int>{0x00, 0x6B, 0x93, 0x10}));
+        QVERIFY(std::find(fixture.session->transfer().programmedChannels().begin(),
+                          fixture.session->transfer().programmedChannels().end(),
+                          150) != fixture.session->transfer().programmedChannels().end());
+    }
+
+    void writeDeviceAsksWhenTheBaudRatesDiffer()
+    {
+        SessionFixture fixture;
+        QVERIFY(fixture.startUp());
+        fixture.session->view().radioBaudIndex = 1;
+        fixture.notifier.queueAnswer(Answer::No);
+        fixture.session->records().radio.channelNo(150).txFrequency.set(7050000);
+        fixture.session->transfer().writeDeviceCommand();
+        QCOMPARE(texts(fixture.notifier),
+                 QStringList{"Radio baud rate is different from computer baud rate. Continue "
+                             "Programming?"});
+        QVERIFY(fixture.notifier.entries().front().question);
+        QVERIFY(!fixture.session->view().busy);
+        const std::size_t at = layout::kChannels + 149 * layout::kChannelSize + layout::kChannelTx;
+        QCOMPARE(int(fixture.radio().databases().radio[at + 1]), 0);
+    }
+
+    void progressDialogRunsOnce()
+    {
+        SessionFixture fixture;
+        QVERIFY(fixture.startUp());
+        auto& transfer = fixture.session->transfer();
+        int nested = -1;
+        // A second dialog asked for while one runs (from the pump) is refused.
+        bool asked = false;
+        fixture.session->link().setPump([&] {
+            if (!asked && transfer.isRunning()) {
+                asked = true;
+                nested = transfer.loadProgressDlg();
+            }
+            QCoreApplication::processEvents();
+        });
+        transfer.setReadWriteMode(TransferMode::Read);
+        QCOMPARE(transfer.loadProgressDlg(), 1);
+        QCOMPARE(nested, 0);
+        QCOMPARE(texts(fixture.notifier), QStringList{"LoadProgressDlg(): ProgressDlg problem!"});
+        QCOMPARE(transfer.readWriteMode(), TransferMode::None);
+    }
+
+    void cancelStopsTheRead()
+    {
+        SessionFixture fixture;
+        QVERIFY(fixture.startUp());
+        auto& transfer = fixture.session->transfer();
+        fixture.session->link().setPump([&] {
+            if (transfer.steps() > 0)
+                transfer.cancel();
+            QCoreApplication::processEvents();
+        });
+        transfer.setReadWriteMode(TransferMode::Read);
+        QCOMPARE(transfer.loadProgressDlg(), 0);
+        QCOMPARE(transfer.progressCallback(5), 0);
+        QVERIFY(!fixture.session->view().databaseRead);
+        QCOMPARE(texts(fixture.notifier),
+                 QStringList{QString::fromUtf8(text::byId(text::id::NoResponse).data())});
+    }
+
+    void silentCcirQueryMeansCcirMode()
+    {
+        SessionFixture fixture;
+        QVERIFY(fixture.startUp());
+        fixture.play(FaultCommand{FaultKind::NoAnswer, 0});
+        auto& transfer = fixture.session->transfer();
+        transfer.setReadWriteMode(TransferMode::Read);
+        fixture.session->link().setReportNoResponse(false);
+        QCOMPARE(transfer.loadProgressDlg(), 0);
+        QVERIFY(fixture.session->flags().ccirMode);
+    }
+};
+
+QTEST_GUILESS_MAIN(RadioSessionTest)
+#include "tst_radiosession.moc"
