@@ -72,6 +72,14 @@ std::uint8_t flag(bool on)
 }
 } // namespace
 
+bool VirtualRadio::refuseInCcirMode(const CRadioMessage& request)
+{
+    if (m_model.ccirMode) {
+        reject(request.GetOpcode()); // a selective-call radio has no ALE
+    }
+    return m_model.ccirMode;
+}
+
 void VirtualRadio::onSelfTest(const CRadioMessage& request)
 {
     if (request[6] > static_cast<int>(SelfTestType::LowRf)) {
