@@ -1,6 +1,7 @@
 #include "radiosim/app/FilePreload.h"
 
 #include "aledb/AleFile.h"
+#include "aledb/CcirFile.h"
 #include "aledb/ale_dbase.h"
 #include "koralapi/RadioRecords.h"
 #include "radiodb/RssFile.h"
@@ -60,6 +61,20 @@ std::string loadAle(const std::string& path, RadioDatabases& db)
     return {};
 }
 
+std::string loadCcr(const std::string& path, RadioDatabases& db)
+{
+    const CcirFile file(path);
+    ccir_dbase record{}; // radio order, as the file's loader hands it over
+    CcirState state;
+    if (file.load(nullptr, record, state) != CcirFile::kLoaded) {
+        return path + ": " +
+               (file.errorString().empty() ? "not a CCIR database file" : file.errorString());
+    }
+    static_assert(sizeof record == RadioDatabases::kCcirSize);
+    std::memcpy(db.ccir.data(), &record, sizeof record);
+    return {};
+}
+
 } // namespace
 
 std::string preloadFiles(const FilePreload& files, RadioDatabases& db)
@@ -70,7 +85,7 @@ std::string preloadFiles(const FilePreload& files, RadioDatabases& db)
         const std::string& path;
         std::string (*load)(const std::string&, RadioDatabases&);
     };
-    const Step steps[] = {{files.rss, loadRss}, {files.ale, loadAle}};
+    const Step steps[] = {{files.rss, loadRss}, {files.ale, loadAle}, {files.ccr, loadCcr}};
     for (const Step& step : steps) {
         if (step.path.empty()) {
             continue;
@@ -82,9 +97,6 @@ std::string preloadFiles(const FilePreload& files, RadioDatabases& db)
         if (!error.empty()) {
             return error;
         }
-    }
-    if (!files.ccr.empty()) {
-        return "loading .ccr files is not available in this build yet";
     }
     db = loaded;
     return {};
