@@ -3,6 +3,7 @@
 #include "cli/Command.h"
 
 #include "aledb/AleFile.h"
+#include "aledb/CcirFile.h"
 #include "common/Texts.h"
 #include "koralapi/KoralApi.h"
 #include "radiodb/RssFile.h"
@@ -62,7 +63,7 @@ struct RadioImage
 {
     dbase radio{};
     AleProgramme ale{};
-    std::array<std::uint8_t, record::kCcirDbaseSize> ccir{};
+    ccir_dbase ccir{}; // radio order, as every CCIR record outside its file
     std::array<std::uint8_t, record::kChannelNameSize> channelNames{};
     bool isb = false;
 };
@@ -229,7 +230,7 @@ bool readImage(RadioConnection& link, const Capabilities& caps, RadioImage& imag
     if (ok && !caps.ccir && caps.globalAndExtra)
         ok = ReadGlobalMemberDataBase(engine, &image.ale.globalMembers, {}, progress, kPatience);
     if (ok && caps.ccir) {
-        ok = readTarget(engine, TransferTarget::Ccir, image.ccir, 0, {}, progress, kPatience) &&
+        ok = ReadCcirDataBase(engine, &image.ccir, {}, progress, kPatience) &&
              readTarget(engine, TransferTarget::ChannelName, image.channelNames, 0, {}, progress,
                         kPatience);
     }
@@ -266,8 +267,15 @@ bool saveImage(const RadioImage& image, const Capabilities& caps, const std::str
     }
     out << rssPath << '\n';
     if (caps.ccir) {
-        fail(err, text::format(text::kCliCcirFileUnavailable.data(), (base + ".ccr").c_str()));
-        return false;
+        const std::string ccrPath = base + ".ccr";
+        CcirFile ccr(ccrPath);
+        if (!ccr.save(info, image.ccir)) {
+            fail(err, text::format(text::kProfileCannotWrite.data(), ccrPath.c_str(),
+                                   ccr.errorString().c_str()));
+            return false;
+        }
+        out << ccrPath << '\n';
+        return true;
     }
     const std::string alePath = base + ".ale";
     AleSettings settings;
@@ -304,6 +312,7 @@ std::optional<std::string> firstDifference(const RadioImage& wanted, const Radio
         {bytesOf(wanted.ale.database), bytesOf(actual.ale.database), kAlePosition, aleWritten},
         {bytesOf(wanted.ale.globalMembers), bytesOf(actual.ale.globalMembers), kThirdPosition,
          aleWritten && global},
+        {bytesOf(wanted.ccir), bytesOf(actual.ccir), kThirdPosition, caps.ccir && aleWritten},
         {wanted.channelNames, actual.channelNames,
          kThirdPosition + static_cast<int>(record::kCcirDbaseSize), caps.ccir},
     };
@@ -394,12 +403,20 @@ int runWrite(const Invocation& invocation)
         wanted->channelNames[2 * i] = static_cast<std::uint8_t>(numbers[i] >> 8);
         wanted->channelNames[2 * i + 1] = static_cast<std::uint8_t>(numbers[i]);
     }
-    const bool aleGiven = invocation.positional.size() > 1;
+    const bool secondGiven = invocation.positional.size() > 1;
+    const bool ccrGiven = secondGiven && fileKindOf(invocation.positional[1]) == FileKind::Ccr;
+    const bool aleGiven = secondGiven && !ccrGiven;
+    if (ccrGiven) {
+        const std::string& second = invocation.positional[1];
+        if (const auto reason = unreadableReason(second))
+            return fail(invocation.err, second + ": " + *reason);
+        CcirFile ccr(second);
+        CcirState state;
+        if (ccr.load(nullptr, wanted->ccir, state) != CcirFile::kLoaded)
+            return fail(invocation.err, second + ": " + ccr.errorString());
+    }
     if (aleGiven) {
         const std::string& second = invocation.positional[1];
-        if (fileKindOf(second) == FileKind::Ccr)
-            return fail(invocation.err,
-                        text::format(text::kCliCcirFileUnavailable.data(), second.c_str()));
         if (fileKindOf(second) != FileKind::Ale)
             return fail(invocation.err,
                         text::format(text::kCliUnknownKind.data(), second.c_str(), ".ale, .ccr"));
@@ -429,6 +446,11 @@ int runWrite(const Invocation& invocation)
         return kExitError;
     if (!aleGiven)
         wanted->ale = before->ale;
+    if (!ccrGiven)
+        wanted->ccir = before->ccir;
+    if (ccrGiven && !caps->ccir)
+        return fail(invocation.err,
+                    text::format(text::kCliNotInCcirMode.data(), invocation.positional[1].c_str()));
 
     MessageEngine* engine = link.engine();
     ProgressPrinter printer(invocation.err, false, caps->globalAndExtra && !caps->ccir);
@@ -438,7 +460,8 @@ int runWrite(const Invocation& invocation)
               WriteAleDataBase(engine, &wanted->ale.database, {}, progress, kPatience, caps->ccir,
                                caps->globalAndExtra, caps->globalAndExtra);
     if (ok && caps->ccir)
-        ok = writeTarget(engine, TransferTarget::ChannelName, wanted->channelNames, 0, {}, progress,
+        ok = WriteCcirDataBase(engine, &wanted->ccir, {}, progress, kPatience) &&
+             writeTarget(engine, TransferTarget::ChannelName, wanted->channelNames, 0, {}, progress,
                          kPatience, 1);
     if (ok && !caps->ccir && caps->globalAndExtra)
         ok = WriteGlobalMemberDataBase(engine, &wanted->ale.globalMembers, {}, progress, kPatience,
