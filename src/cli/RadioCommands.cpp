@@ -7,6 +7,7 @@
 #include "common/Texts.h"
 #include "koralapi/KoralApi.h"
 #include "radiodb/RssFile.h"
+#include "radiosim/BuiltInRadio.h"
 #include "session/BiteResults.h"
 #include "session/ProgressCaption.h"
 
@@ -30,7 +31,8 @@ constexpr int kPatience = 10;
 constexpr int kBarWidth = 30;
 constexpr auto kBiteSilence = std::chrono::seconds(10);
 
-// Qt's I/O needs an application object; koralctl has none of its own.
+// Qt's I/O needs an application object; koralctl has none of its own. Port 1 is the built-in
+// virtual radio, as in the desktop application.
 void ensureApplication()
 {
     static int argc = 1;
@@ -38,6 +40,8 @@ void ensureApplication()
     static char* argv[] = {name, nullptr};
     if (!QCoreApplication::instance())
         static QCoreApplication application(argc, argv);
+    if (!hasVirtualRadioFactory())
+        radiosim::installBuiltInRadio();
 }
 
 std::optional<int> parseInt(const std::string& text)
