@@ -6,6 +6,7 @@
 #include "common/RecordingNotifier.h"
 #include "radiosim/BuiltInRadio.h"
 #include "radiosim/VirtualRadio.h"
+#include "session/CommPortFile.h"
 #include "session/ControlCenterSession.h"
 
 #include <QTemporaryDir>
@@ -22,7 +23,11 @@ class SessionFixture
 public:
     using Configure = std::function<void(radiosim::VirtualRadio&)>;
 
-    explicit SessionFixture(Configure configure = {})
+    // The library paces its bounds to the baud rate, so tests that need no radio baud rate
+    // run at a rate no radio has; 0 starts without CommPort.txt (port 1 at 9600 baud).
+    static constexpr int kFastBaud = 115200;
+
+    explicit SessionFixture(Configure configure = {}, int baudRate = kFastBaud)
     {
         radiosim::BuiltInRadioOptions options;
         options.paced = false;
@@ -35,6 +40,8 @@ public:
         radiosim::installBuiltInRadio(options);
         session = std::make_unique<ControlCenterSession>(notifier, dataDir());
         session->link().setPumpRoundMilliseconds(0);
+        if (baudRate != 0)
+            saveCommPortFile(LinkSettings{1, baudRate, startDir()});
         session->link().initSession(startDir());
         session->transfer().setAnswerWaitMilliseconds(2000);
     }

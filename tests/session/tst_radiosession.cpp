@@ -99,7 +99,7 @@ private slots:
     {
         std::filesystem::path file;
         {
-            SessionFixture fixture;
+            SessionFixture fixture({}, 0);
             QCOMPARE(fixture.session->commands().comPane(), std::string("COM: 1,9600"));
             file = fixture.startDir() / "CommPort.txt";
             QVERIFY(!std::filesystem::exists(file));
@@ -171,7 +171,7 @@ private slots:
         RadioLink& link = fixture.session->link();
         QCOMPARE(link.openRadioLink(), 1);
         QSignalSpy closed(&link, &RadioLink::linkClosed);
-        QCOMPARE(link.changeRadioLink(1, 9600), 1);
+        QCOMPARE(link.changeRadioLink(1, SessionFixture::kFastBaud), 1);
         QCOMPARE(closed.count(), 0);
         QCOMPARE(link.changeRadioLink(1, 4800), 1);
         QCOMPARE(closed.count(), 1);
@@ -308,7 +308,7 @@ private slots:
 
     void writeDeviceSendsTheRecords()
     {
-        SessionFixture fixture;
+        SessionFixture fixture({}, 9600);
         QVERIFY(fixture.startUp());
         auto& records = fixture.session->records();
         records.radio.channelNo(150).txFrequency.set(7050000);
@@ -328,14 +328,15 @@ private slots:
     {
         SessionFixture fixture;
         QVERIFY(fixture.startUp());
-        fixture.session->view().radioBaudIndex = 1;
+        // The link runs at a rate the radio does not know: its index counts as 1200's.
         fixture.notifier.queueAnswer(Answer::No);
         fixture.session->records().radio.channelNo(150).txFrequency.set(7050000);
         fixture.session->transfer().writeDeviceCommand();
         QCOMPARE(texts(fixture.notifier),
-                 QStringList{"Radio baud rate is different from computer baud rate. Continue "
-                             "Programming?"});
-        QVERIFY(fixture.notifier.entries().front().question);
+                 (QStringList{"The baud rate 115200 is not defined, is set to 1200",
+                              "Radio baud rate is different from computer baud rate. Continue "
+                              "Programming?"}));
+        QVERIFY(fixture.notifier.entries().back().question);
         QVERIFY(!fixture.session->view().busy);
         const std::size_t at = layout::kChannels + 149 * layout::kChannelSize + layout::kChannelTx;
         QCOMPARE(int(fixture.radio().databases().radio[at + 1]), 0);
