@@ -140,6 +140,17 @@ inline constexpr std::string_view kOptionSoftwareInvalid = "Invalid software ver
 inline constexpr std::string_view kOptionHardwareInvalid = "Invalid hardware version for option";
 inline constexpr std::string_view kOptionStatusInvalid = "Invalid 'status' member of option";
 
+// --- desktop application ---
+inline constexpr std::string_view kApplicationName = "KORAL Control Center";
+inline constexpr std::string_view kUnsavedChanges = "The radio database has changes that were not saved. Save them first?";
+inline constexpr std::string_view kFileNotReadable = "The file %s could not be read.";
+inline constexpr std::string_view kFileNotWritten = "The file %s could not be written: %s";
+inline constexpr std::string_view kPrintFailed = "The radio database could not be printed: %s";
+inline constexpr std::string_view kNoRadioLink = "No radio is connected.";
+inline constexpr std::string_view kRssFileFilter = "RSS files (*.rss);;All files (*)";
+inline constexpr std::string_view kPdfFileFilter = "PDF files (*.pdf)";
+inline constexpr std::string_view kBiteFileFilter = "BITE results (*.bit *.txt);;All files (*)";
+
 // --- built-in test ---
 inline constexpr std::string_view kConnectDummyLoad = "Connect a dummy load";
 inline constexpr std::string_view kConnectDummyLoadOrAntenna = "Connect a dummy load or an antenna";

@@ -4,6 +4,19 @@
 
 namespace koral {
 
+RssDocument::RssDocument()
+{
+    for (channel& ch : record.channels) {
+        ch.power = 5;
+        ch.sideband = 1;
+    }
+    record.groups.fill({});
+    for (Group& group : record.groups)
+        group.guardChannel.set(kNoChannel);
+    sanitise(record);
+    markClean();
+}
+
 bool RssDocument::isModified() const
 {
     return compare(record, m_cleanRecord) != 0 || ccirNumbers != m_cleanCcir || isb != m_cleanIsb ||

@@ -17,6 +17,10 @@ struct RssDocument
 {
     using CcirNumbers = std::array<std::uint16_t, kChannelCount>;
 
+    // A new document holds the record an empty .rss file loads as: every channel empty at
+    // maximum power on the upper sideband, the options at their defaults.
+    RssDocument();
+
     dbase record{};
     CcirNumbers ccirNumbers{};
     bool ccirPresent = false; // the CCIR channel numbers take part (a CCIR radio or file)

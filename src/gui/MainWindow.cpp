@@ -1,0 +1,403 @@
+#include "gui/MainWindow.h"
+
+#include "common/Texts.h"
+#include "gui/Notices.h"
+#include "gui/RadioController.h"
+#include "gui/RssPanel.h"
+#include "gui/ToolbarImages.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QUrl>
+
+namespace koral {
+
+namespace {
+
+QString qs(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), qsizetype(text.size()));
+}
+
+// Panels this build has; the others come with their own pages.
+const std::vector<Panel> kBuiltPanels{Panel::Rss};
+
+struct CommandSpec
+{
+    const char* name;
+    const char* text;
+    QKeySequence shortcut;
+    bool checkable = false;
+};
+
+} // namespace
+
+MainWindow::MainWindow(const MainWindowOptions& options, QWidget* parent)
+    : QMainWindow(parent), m_notifier(this), m_rules(kBuiltPanels), m_current(m_rules.startPanel())
+{
+    setObjectName("mainWindow");
+    m_pages = new QStackedWidget(this);
+    setCentralWidget(m_pages);
+    createActions();
+    createRssPanel();
+
+    m_radio = new RadioController(*this, options, this);
+    m_rss->setRadio(m_radio);
+
+    for (int id : {10, 11, 12}) {
+        auto* pane = new QLabel(this);
+        pane->setObjectName(QStringLiteral("pane%1").arg(id));
+        pane->setMinimumWidth(140);
+        pane->setFrameShape(QFrame::Panel);
+        pane->setFrameShadow(QFrame::Sunken);
+        statusBar()->addPermanentWidget(pane);
+        m_panes[id] = pane;
+    }
+    connect(m_radio, &RadioController::stateChanged, this, [this] {
+        updateStatusPanes();
+        updateCommands();
+        updatePanelButtons();
+    });
+    connect(m_radio, &RadioController::statusText, this, [this](const QString& text) {
+        if (text.isEmpty())
+            statusBar()->clearMessage();
+        else
+            statusBar()->showMessage(text);
+    });
+
+    showPanel(m_current);
+    updateStatusPanes();
+    updateCommands();
+    resize(980, 680);
+
+    // The start-up notice, then the first connection once the window is on the screen.
+    showNotice(tr("%1  27/10/2003").arg(qs(text::kApplicationName)), 4000, true);
+    if (options.connectAtStart)
+        QMetaObject::invokeMethod(m_radio, &RadioController::startUp, Qt::QueuedConnection);
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::createActions()
+{
+    const CommandSpec specs[] = {
+        {"openRss", "&Open RSS File...", QKeySequence::Open},
+        {"saveRss", "&Save RSS file...", QKeySequence::Save},
+        {"printRss", "&Print RSS File...", QKeySequence::Print},
+        {"exportPdf", "E&xport to PDF...", QKeySequence(Qt::CTRL | Qt::Key_E)},
+        {"fileInfo", "File &Information...", QKeySequence()},
+        {"exit", "E&xit", QKeySequence::Quit},
+        {"readDevice", "&Read Device", QKeySequence(Qt::Key_F5)},
+        {"writeDevice", "&Write Device", QKeySequence(Qt::Key_F6)},
+        {"commPort", "&Communication Port Setup...", QKeySequence()},
+        {"reset", "Perform Rese&t", QKeySequence()},
+        {"remote", "Remote Control &On/Off", QKeySequence(), true},
+        {"squelch", "Set &Squelch On/Off", QKeySequence(Qt::CTRL | Qt::Key_1), true},
+        {"monitor", "Set &Monitor On/Off", QKeySequence(Qt::CTRL | Qt::Key_2), true},
+        {"noiseBlanker", "Set &Noise Blanker On/Off", QKeySequence(Qt::CTRL | Qt::Key_3), true},
+        {"attenuator", "Set &Attenuator On/Off", QKeySequence(Qt::CTRL | Qt::Key_4), true},
+        {"clipper", "Set C&lipper On/Off", QKeySequence(Qt::CTRL | Qt::Key_5), true},
+        {"bite", "&BITE...", QKeySequence(Qt::Key_F7)},
+        {"channelConfig", "&Channel Configuration...", QKeySequence(Qt::CTRL | Qt::Key_H)},
+        {"groups", "&Groups...", QKeySequence(Qt::CTRL | Qt::Key_G)},
+        {"radioOptions", "Radio &Options...", QKeySequence(Qt::CTRL | Qt::Key_R)},
+        {"wideInfo", "Radio &Wide Information...", QKeySequence(Qt::CTRL | Qt::Key_W)},
+        {"summary", "View Radio Configuration &Summary", QKeySequence(Qt::CTRL | Qt::Key_M)},
+        {"check", "View Configuration Check &Information", QKeySequence(Qt::CTRL | Qt::Key_K)},
+        {"help", "&Display Help Window", QKeySequence::HelpContents},
+        {"about", "&About KORAL Control Center", QKeySequence()},
+    };
+    for (const CommandSpec& spec : specs) {
+        auto* action = new QAction(tr(spec.text), this);
+        action->setObjectName(spec.name);
+        action->setShortcut(spec.shortcut);
+        action->setCheckable(spec.checkable);
+        m_commands[spec.name] = action;
+    }
+    const std::pair<const char*, int> toggles[] = {{"squelch", ToolbarImages::kSquelch},
+                                                   {"monitor", ToolbarImages::kMonitor},
+                                                   {"noiseBlanker", ToolbarImages::kNoiseBlanker},
+                                                   {"attenuator", ToolbarImages::kAttenuator},
+                                                   {"clipper", ToolbarImages::kClipper}};
+    for (const auto& [name, image] : toggles)
+        m_commands[name]->setIcon(ToolbarImages::icon(image + ToolbarImages::kPairDistance));
+    m_commands["readDevice"]->setIcon(ToolbarImages::commandIcon("READ", QColor(0xB0, 0xD8, 0xFF)));
+    m_commands["writeDevice"]->setIcon(
+        ToolbarImages::commandIcon("WRITE", QColor(0xFF, 0xC0, 0xA0)));
+    m_commands["bite"]->setIcon(ToolbarImages::commandIcon("TEST", QColor(0xD0, 0xF0, 0xC0)));
+    m_commands["exit"]->setIcon(ToolbarImages::commandIcon("EXIT", QColor(0xE0, 0xE0, 0xE0)));
+    m_commands["help"]->setIcon(ToolbarImages::commandIcon("?", QColor(0xFF, 0xF0, 0xA0)));
+
+    for (const PanelInfo& info : PanelRules::all()) {
+        if (!m_rules.isOffered(info.panel))
+            continue;
+        auto* action = new QAction(qs(info.menuText), this);
+        action->setObjectName(QStringLiteral("panel%1").arg(int(info.panel)));
+        action->setCheckable(true);
+        action->setIcon(ToolbarImages::commandIcon(
+            info.panel == Panel::Rss ? QStringLiteral("RSS") : QString::number(int(info.panel)),
+            QColor(0xFF, 0xC8, 0x64)));
+        const Panel panel = info.panel;
+        connect(action, &QAction::triggered, this, [this, panel] { showPanel(panel); });
+        m_panelActions[panel] = action;
+    }
+
+    connect(m_commands["exit"], &QAction::triggered, this, &QWidget::close);
+    connect(m_commands["commPort"], &QAction::triggered, this,
+            [this] { m_radio->communicationPortSetup(); });
+    connect(m_commands["bite"], &QAction::triggered, this, [this] { m_radio->runBite(); });
+    connect(m_commands["help"], &QAction::triggered, this, &MainWindow::openHelp);
+    connect(m_commands["about"], &QAction::triggered, this, [this] {
+        QMessageBox::about(this, tr("About"),
+                           tr("<b>%1</b><p>Operates and programmes KORAL HF radios.</p>")
+                               .arg(qs(text::kApplicationName)));
+    });
+}
+
+void MainWindow::createRssPanel()
+{
+    m_rss = new RssPanel(m_notifier, m_pages);
+    m_pages->addWidget(m_rss);
+    m_pagesByPanel[Panel::Rss] = m_rss;
+
+    const auto bind = [this](const char* name, auto slot) {
+        connect(m_commands[name], &QAction::triggered, m_rss, slot);
+    };
+    bind("openRss", [this] { m_rss->openFile(); });
+    bind("saveRss", [this] { m_rss->saveFile(); });
+    bind("printRss", [this] { m_rss->printFile(); });
+    bind("exportPdf", [this] { m_rss->exportPdf(); });
+    bind("fileInfo", [this] { m_rss->editFileInformation(); });
+    bind("channelConfig", [this] { m_rss->editChannels(); });
+    bind("groups", [this] { m_rss->editGroups(); });
+    bind("radioOptions", [this] { m_rss->editRadioOptions(); });
+    bind("wideInfo", [this] { m_rss->showWideInformation(); });
+    bind("summary", [this] { m_rss->showSummary(); });
+    bind("check", [this] { m_rss->showCheck(); });
+    connect(m_rss, &RssPanel::pathChanged, this,
+            [this](const QString& path) { setPanelPath(Panel::Rss, path); });
+    connect(m_rss, &RssPanel::statusMessage, this,
+            [this](const QString& text) { statusBar()->showMessage(text, 4000); });
+
+    const auto c = [this](const char* name) { return m_commands[name]; };
+    auto* file = new QMenu(tr("&File"), this);
+    file->addActions({c("openRss"), c("saveRss")});
+    file->addSeparator();
+    file->addActions({c("printRss"), c("exportPdf")});
+    file->addSeparator();
+    file->addAction(c("fileInfo"));
+    file->addSeparator();
+    file->addAction(c("exit"));
+
+    auto* radio = new QMenu(tr("&Radio"), this);
+    radio->addActions({c("readDevice"), c("writeDevice")});
+    radio->addSeparator();
+    radio->addActions(
+        {c("squelch"), c("monitor"), c("noiseBlanker"), c("attenuator"), c("clipper")});
+    radio->addSeparator();
+    radio->addActions({c("remote"), c("reset"), c("bite")});
+    radio->addSeparator();
+    radio->addAction(c("commPort"));
+
+    auto* configuration = new QMenu(tr("&Configuration"), this);
+    configuration->addActions({c("channelConfig"), c("groups"), c("radioOptions"), c("wideInfo")});
+
+    auto* view = new QMenu(tr("&View"), this);
+    for (const auto& [panel, action] : m_panelActions)
+        view->addAction(action);
+    view->addSeparator();
+    view->addActions({c("summary"), c("check")});
+
+    auto* help = new QMenu(tr("&Help"), this);
+    help->addActions({c("help"), c("about")});
+    m_menus[Panel::Rss] = {file, radio, configuration, view, help};
+
+    QList<QAction*> tools{c("readDevice"), c("writeDevice"),  nullptr,         c("squelch"),
+                          c("monitor"),    c("noiseBlanker"), c("attenuator"), c("clipper"),
+                          nullptr,         c("bite"),         nullptr};
+    for (const auto& [panel, action] : m_panelActions)
+        tools << action;
+    tools << nullptr << c("help") << c("exit");
+    m_toolBars[Panel::Rss] = createToolBar(Panel::Rss, tools);
+}
+
+QToolBar* MainWindow::createToolBar(Panel panel, const QList<QAction*>& actions)
+{
+    auto* bar = new QToolBar(qs(PanelRules::info(panel).title), this);
+    bar->setObjectName(QStringLiteral("toolBar%1").arg(int(panel)));
+    bar->setIconSize(QSize(32, 32));
+    bar->setMovable(false);
+    for (QAction* action : actions) {
+        if (action)
+            bar->addAction(action);
+        else
+            bar->addSeparator();
+    }
+    addToolBar(Qt::TopToolBarArea, bar);
+    return bar;
+}
+
+void MainWindow::showPanel(Panel panel)
+{
+    if (!m_rules.isOffered(panel))
+        return;
+    for (const auto& [p, bar] : m_toolBars)
+        bar->setVisible(p == panel);
+    // The menus are detached, not destroyed: each panel keeps its own.
+    menuBar()->clear();
+    for (QMenu* menu : m_menus[panel])
+        menuBar()->addMenu(menu);
+    m_current = panel;
+    updatePanelButtons();
+    m_pages->setCurrentWidget(m_pagesByPanel[panel]);
+    for (const auto& [p, action] : m_panelActions)
+        action->setChecked(p == panel);
+    updateTitle();
+}
+
+void MainWindow::updatePanelButtons()
+{
+    const auto buttons = m_rules.panelButtons(m_radio && m_radio->ccirMode(),
+                                              m_radio ? m_radio->softwareClass() : 0);
+    for (const auto& [panel, action] : m_panelActions) {
+        const bool shown = std::find(buttons.begin(), buttons.end(), panel) != buttons.end();
+        action->setVisible(shown);
+        action->setEnabled(shown);
+    }
+}
+
+void MainWindow::setPanelPath(Panel panel, const QString& path)
+{
+    m_paths[panel] = path;
+    updateTitle();
+}
+
+void MainWindow::updateTitle()
+{
+    setWindowTitle(
+        QString::fromStdString(PanelRules::title(m_current, m_paths[m_current].toStdString())));
+}
+
+void MainWindow::updateStatusPanes()
+{
+    if (!m_radio)
+        return;
+    m_panes[10]->setText(m_radio->serialPane());
+    m_panes[11]->setText(m_radio->codePane());
+    m_panes[12]->setText(m_radio->comPane());
+}
+
+void MainWindow::updateCommands()
+{
+    if (m_radio)
+        m_radio->updateCommands();
+}
+
+QToolBar* MainWindow::panelToolBar(Panel panel) const
+{
+    const auto it = m_toolBars.find(panel);
+    return it == m_toolBars.end() ? nullptr : it->second;
+}
+
+QList<QMenu*> MainWindow::panelMenus(Panel panel) const
+{
+    const auto it = m_menus.find(panel);
+    return it == m_menus.end() ? QList<QMenu*>{} : it->second;
+}
+
+QAction* MainWindow::command(const QString& name) const
+{
+    const auto it = m_commands.find(name);
+    return it == m_commands.end() ? nullptr : it->second;
+}
+
+QLabel* MainWindow::statusPane(int id) const
+{
+    const auto it = m_panes.find(id);
+    return it == m_panes.end() ? nullptr : it->second;
+}
+
+QString MainWindow::helpFile()
+{
+    return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("ZovHelp.pdf"));
+}
+
+void MainWindow::openHelp()
+{
+    const QString file = QDir::toNativeSeparators(helpFile());
+    const std::string name = file.toStdString();
+    if (!QFileInfo::exists(helpFile())) {
+        m_notifier.show(text::format(text::kHelpFileNotFound.data(), name.c_str()), Icon::Warning);
+        return;
+    }
+    if (!HelpViewer::open(QUrl::fromLocalFile(helpFile())))
+        m_notifier.show(text::format(text::kHelpPathNotFound.data(), name.c_str()), Icon::Warning);
+}
+
+void MainWindow::showNotice(const QString& text, int milliseconds, bool withPicture)
+{
+    if (m_notice)
+        m_notice->close();
+    m_notice = new Notice(this, text, milliseconds, withPicture);
+    m_notice->show();
+    m_notice->move(geometry().center() - m_notice->rect().center());
+}
+
+void MainWindow::closeNotice()
+{
+    if (m_notice)
+        m_notice->close();
+}
+
+QString MainWindow::noticeText() const
+{
+    return m_notice ? m_notice->text() : QString();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    if ((m_radio && m_radio->isBusy()) || !m_rss->maybeSave()) {
+        event->ignore();
+        return;
+    }
+    if (m_radio)
+        m_radio->shutDown();
+    event->accept();
+}
+
+namespace HelpViewer {
+
+namespace {
+std::function<bool(const QUrl&)>& opener()
+{
+    static std::function<bool(const QUrl&)> function;
+    return function;
+}
+} // namespace
+
+bool open(const QUrl& url)
+{
+    if (opener())
+        return opener()(url);
+    return QDesktopServices::openUrl(url);
+}
+
+void setOpener(std::function<bool(const QUrl&)> function)
+{
+    opener() = std::move(function);
+}
+
+} // namespace HelpViewer
+
+} // namespace koral

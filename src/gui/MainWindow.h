@@ -1,0 +1,99 @@
+#pragma once
+
+#include "gui/MessageBoxNotifier.h"
+#include "gui/PanelRules.h"
+
+#include <QMainWindow>
+#include <QPointer>
+#include <functional>
+#include <map>
+
+class QLabel;
+class QStackedWidget;
+class QUrl;
+
+namespace koral {
+
+class RssPanel;
+class RadioController;
+class Notice;
+
+// Opens the user manual in the platform's viewer; tests replace the opener.
+namespace HelpViewer {
+bool open(const QUrl& url);
+void setOpener(std::function<bool(const QUrl&)> function);
+} // namespace HelpViewer
+
+struct MainWindowOptions
+{
+    int port = 0; // 0: as CommPort.txt says
+    int baud = 0; // 0: as CommPort.txt says
+    QString dataDirectory;
+    bool connectAtStart = true;
+};
+
+// The main frame: one panel at a time, each with its own toolbar and menu bar; switching
+// panel changes the toolbar, the menus and the title together. The status bar carries the
+// serial-number, radio-code and port panes.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+public:
+    explicit MainWindow(const MainWindowOptions& options, QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    void showPanel(Panel panel);
+    Panel currentPanel() const { return m_current; }
+    const PanelRules& rules() const { return m_rules; }
+
+    RssPanel* rssPanel() const { return m_rss; }
+    RadioController* radio() const { return m_radio; }
+    MessageBoxNotifier& notifier() { return m_notifier; }
+    QToolBar* panelToolBar(Panel panel) const;
+    // The menus the menu bar carries while the panel is shown.
+    QList<QMenu*> panelMenus(Panel panel) const;
+    QAction* command(const QString& name) const;
+    QLabel* statusPane(int id) const;
+
+    // Opens the user manual; the two not-found messages when it is missing.
+    void openHelp();
+    // The file the help commands open.
+    static QString helpFile();
+
+    // Shows a short-lived notice (0 ms: until replaced).
+    void showNotice(const QString& text, int milliseconds, bool withPicture = false);
+    QString noticeText() const;
+    void closeNotice();
+
+    // Title after a file of the RSS panel was opened or saved.
+    void setPanelPath(Panel panel, const QString& path);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void createActions();
+    void createRssPanel();
+    QToolBar* createToolBar(Panel panel, const QList<QAction*>& actions);
+    void updateTitle();
+    void updatePanelButtons();
+    void updateStatusPanes();
+    void updateCommands();
+
+    MessageBoxNotifier m_notifier;
+    PanelRules m_rules;
+    Panel m_current;
+    QStackedWidget* m_pages;
+    RssPanel* m_rss = nullptr;
+    RadioController* m_radio = nullptr;
+    std::map<Panel, QToolBar*> m_toolBars;
+    std::map<Panel, QList<QMenu*>> m_menus;
+    std::map<Panel, QWidget*> m_pagesByPanel;
+    std::map<Panel, QString> m_paths;
+    std::map<QString, QAction*> m_commands;
+    std::map<Panel, QAction*> m_panelActions;
+    std::map<int, QLabel*> m_panes;
+    QPointer<Notice> m_notice;
+};
+
+} // namespace koral

@@ -1,0 +1,92 @@
+// koral-control-center: the desktop application.
+
+#include "common/Texts.h"
+#include "gui/MainWindow.h"
+#include "gui/RssPanel.h"
+#include "radiosim/BuiltInRadio.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QScreen>
+#include <QTimer>
+
+#include <cstdio>
+
+using namespace koral;
+
+int main(int argc, char* argv[])
+{
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("koral-control-center"));
+    QApplication::setApplicationDisplayName(QString::fromUtf8(text::kApplicationName.data()));
+    QApplication::setOrganizationName(QStringLiteral("KORAL"));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Operates and programmes KORAL HF radios."));
+    parser.addHelpOption();
+    const QCommandLineOption port(QStringLiteral("port"),
+                                  QStringLiteral("Radio port: 1 is the built-in virtual radio, 2.. "
+                                                 "the serial ports."),
+                                  QStringLiteral("P"));
+    const QCommandLineOption baud(QStringLiteral("baud"),
+                                  QStringLiteral("Baud rate: 1200, 2400, 4800 or 9600."),
+                                  QStringLiteral("B"));
+    const QCommandLineOption dataDir(QStringLiteral("data-dir"),
+                                     QStringLiteral("Folder of the call stack, log and messages."),
+                                     QStringLiteral("DIR"));
+    const QCommandLineOption screenshot(
+        QStringLiteral("screenshot"),
+        QStringLiteral("Render the main window to a PNG file and exit (no radio is used)."),
+        QStringLiteral("FILE"));
+    const QCommandLineOption panel(QStringLiteral("panel"),
+                                   QStringLiteral("The panel shown with --screenshot."),
+                                   QStringLiteral("N"), QStringLiteral("1"));
+    parser.addOptions({port, baud, dataDir, screenshot, panel});
+    parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("An .rss file to open."),
+                                 QStringLiteral("[file]"));
+    parser.process(app);
+
+    MainWindowOptions options;
+    bool ok = true;
+    if (parser.isSet(port)) {
+        options.port = parser.value(port).toInt(&ok);
+        if (!ok || options.port < 1) {
+            std::fprintf(stderr, "koral-control-center: --port takes a port number from 1\n");
+            return 2;
+        }
+    }
+    if (parser.isSet(baud)) {
+        options.baud = parser.value(baud).toInt(&ok);
+        if (!ok || options.baud <= 0) {
+            std::fprintf(stderr, "koral-control-center: --baud takes a baud rate\n");
+            return 2;
+        }
+    }
+    options.dataDirectory = parser.value(dataDir);
+    options.connectAtStart = !parser.isSet(screenshot);
+
+    // Port 1 is the virtual radio inside the program.
+    radiosim::installBuiltInRadio();
+    MainWindow window(options);
+    if (!parser.positionalArguments().isEmpty())
+        window.rssPanel()->openPath(parser.positionalArguments().constFirst());
+
+    if (parser.isSet(screenshot)) {
+        const int n = parser.value(panel).toInt(&ok);
+        if (!ok || !window.rules().isOffered(Panel(n))) {
+            std::fprintf(stderr, "koral-control-center: panel %s is not offered\n",
+                         qPrintable(parser.value(panel)));
+            return 2;
+        }
+        window.showPanel(Panel(n));
+        window.show();
+        // Let the layout settle before grabbing the window.
+        QTimer::singleShot(300, &app, [&] {
+            const bool saved = window.grab().save(parser.value(screenshot), "PNG");
+            app.exit(saved ? 0 : 1);
+        });
+        return app.exec();
+    }
+    window.show();
+    return app.exec();
+}

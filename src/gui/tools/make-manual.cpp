@@ -1,0 +1,48 @@
+// Lays out the user manual (Markdown with pictures) into a PDF: koral-make-manual IN.md OUT.pdf
+
+#include <QFile>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QPageLayout>
+#include <QPageSize>
+#include <QPdfWriter>
+#include <QTextDocument>
+#include <QUrl>
+
+#include <cstdio>
+
+int main(int argc, char* argv[])
+{
+    QGuiApplication app(argc, argv);
+    if (argc != 3) {
+        std::fprintf(stderr, "usage: koral-make-manual MANUAL.md OUTPUT.pdf\n");
+        return 2;
+    }
+    QFile input(QString::fromLocal8Bit(argv[1]));
+    if (!input.open(QIODevice::ReadOnly)) {
+        std::fprintf(stderr, "koral-make-manual: cannot read %s\n", argv[1]);
+        return 2;
+    }
+    QTextDocument document;
+    // Pictures are named relative to the manual.
+    document.setBaseUrl(QUrl::fromLocalFile(QFileInfo(input).absolutePath() + '/'));
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setPointSize(10);
+    document.setDefaultFont(font);
+    document.setDefaultStyleSheet(QStringLiteral("h1 { color: #1a4d80; } h2 { color: #1a4d80; } "
+                                                 "code { font-family: 'DejaVu Sans Mono'; }"));
+    document.setMarkdown(QString::fromUtf8(input.readAll()));
+
+    QPdfWriter writer(QString::fromLocal8Bit(argv[2]));
+    writer.setTitle(QStringLiteral("KORAL Control Center - User Manual"));
+    writer.setCreator(QStringLiteral("KORAL Control Center"));
+    writer.setPageSize(QPageSize(QPageSize::A4));
+    writer.setPageMargins(QMarginsF(18, 18, 18, 18), QPageLayout::Millimeter);
+    writer.setResolution(150);
+    document.print(&writer);
+    if (!QFileInfo::exists(QString::fromLocal8Bit(argv[2]))) {
+        std::fprintf(stderr, "koral-make-manual: cannot write %s\n", argv[2]);
+        return 1;
+    }
+    return 0;
+}

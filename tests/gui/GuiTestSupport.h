@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QApplication>
+#include <QDialog>
+#include <QDir>
+#include <QTimer>
+#include <QWidget>
+#include <QtTest>
+
+#include <functional>
+
+namespace koral::test {
+
+// Runs `act` on the modal dialog that the next exec() opens, then makes sure it is gone, so
+// that a failed check never leaves a test waiting on an open dialog.
+template <typename Dialog>
+void onNextDialog(std::function<void(Dialog*)> act)
+{
+    QTimer::singleShot(0, [act] {
+        QWidget* modal = QApplication::activeModalWidget();
+        auto* dialog = qobject_cast<Dialog*>(modal);
+        if (dialog)
+            act(dialog);
+        else
+            qWarning("expected dialog not shown (found %s)",
+                     modal ? modal->metaObject()->className() : "none");
+        if (auto* still = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+            if (still == modal && still->isVisible())
+                still->reject();
+    });
+}
+
+// Saves a picture of a window for the manual when KORAL_SCREENSHOT_DIR is set.
+inline void screenshot(QWidget* widget, const QString& name)
+{
+    const QString dir = qEnvironmentVariable("KORAL_SCREENSHOT_DIR");
+    if (dir.isEmpty())
+        return;
+    widget->grab().save(QDir(dir).filePath(name + QStringLiteral(".png")));
+}
+
+} // namespace koral::test
