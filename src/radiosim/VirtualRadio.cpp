@@ -248,6 +248,9 @@ void VirtualRadio::startGroupScan(unsigned group)
     m_state.scanGroup = static_cast<std::uint8_t>(group);
     const unsigned rate = std::clamp<unsigned>(m_db.radio[layout::kRadioOptions + 3], 1, 5);
     m_scanTimer.start(1000 / int(rate));
+    if (!scanMember(m_state.activeChannel)) {
+        moveToNextScanChannel();
+    }
     reportChannel(kScanning);
     reportScanList();
 }
@@ -260,6 +263,9 @@ void VirtualRadio::startAleScan(unsigned net)
     m_state.scanNet = static_cast<std::uint8_t>(net);
     const unsigned rate = m_db.ale[net * layout::kNetSize + 55] == 5 ? 5 : 2;
     m_scanTimer.start(1000 / int(rate));
+    if (!scanMember(m_state.activeChannel)) {
+        moveToNextScanChannel();
+    }
     reportChannel(kScanning);
     reportScanList();
 }
@@ -273,18 +279,28 @@ void VirtualRadio::stopScan()
     reportScanList();
 }
 
-void VirtualRadio::scanStep()
+bool VirtualRadio::scanMember(unsigned channel) const
+{
+    const bool member = m_state.aleScanning ? netHasChannel(m_db, m_state.scanNet, channel)
+                                            : groupHasChannel(m_db, m_state.scanGroup, channel);
+    return member && channelProgrammed(m_db, channel);
+}
+
+void VirtualRadio::moveToNextScanChannel()
 {
     // The next channel of the group or net after the active one, wrapping around.
     for (unsigned i = 1; i <= layout::kChannelCount; ++i) {
         const unsigned c = (m_state.activeChannel + i - 1) % layout::kChannelCount + 1;
-        const bool member = m_state.aleScanning ? netHasChannel(m_db, m_state.scanNet, c)
-                                                : groupHasChannel(m_db, m_state.scanGroup, c);
-        if (member && channelProgrammed(m_db, c)) {
+        if (scanMember(c)) {
             m_state.activeChannel = c;
-            break;
+            return;
         }
     }
+}
+
+void VirtualRadio::scanStep()
+{
+    moveToNextScanChannel();
     if (m_state.specialReports) {
         reportChannel(kScanning);
     }

@@ -111,6 +111,8 @@ private:
     void startAleScan(unsigned net);
     void stopScan();
     void scanStep();
+    bool scanMember(unsigned channel) const;
+    void moveToNextScanChannel();
     void reportChannel(std::uint8_t kind);
     void reportScanList();
     void setMonitor(bool on);

@@ -12,6 +12,7 @@
 
 #include <atomic>
 #include <cstring>
+#include <set>
 
 using namespace koral;
 using namespace koral::radiosim;
@@ -296,6 +297,59 @@ private slots:
         QCOMPARE(int(waitFor(op::LinkResult)[6]), result);
     }
 
+    // Link-quality exchanges and soundings report each step and end with their link result.
+    void linkQualityRuns_data()
+    {
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<int>("progress");
+        QTest::addColumn<int>("endCode");
+        QTest::newRow("bidirectional") << "lqa 2" << op::BiDirectionalProgress << 0;
+        QTest::newRow("sounding") << "sound 3" << op::SoundingProgress << 1;
+    }
+    void linkQualityRuns()
+    {
+        QFETCH(QString, line);
+        QFETCH(int, progress);
+        QFETCH(int, endCode);
+        const int steps = line.back().digitValue();
+        run(line.toLatin1().constData());
+        int seen = 0;
+        for (;;) {
+            const CRadioMessage message = nextOf({op::LinkStatusValue, progress, op::LinkResult});
+            if (message.GetOpcode() == op::LinkStatusValue) {
+                QCOMPARE(message[6], std::uint8_t(4)); // link-quality indicator on
+                QCOMPARE(progress, int(op::BiDirectionalProgress));
+            } else if (message.GetOpcode() == progress) {
+                ++seen;
+                QVERIFY(message[6] >= 1 && message[6] <= 200);
+            } else {
+                QCOMPARE(int(message[6]), endCode);
+                break;
+            }
+        }
+        QCOMPARE(seen, steps);
+    }
+
+    // While scanning with special reports on, the radio reports each channel it visits.
+    void groupScanReportsVisitedChannels()
+    {
+        QVERIFY(send([](CRadioMessage* m) { return EnableDisableSpecialReport(m, 0, 1, 46); }));
+        QVERIFY(send([](CRadioMessage* m) { return SetRadioScanMode(m, 1, 1, 1); }));
+        std::set<int> visited;
+        for (int i = 0; i < 3; ++i) {
+            const CRadioMessage report = waitFor(op::ChannelReport);
+            QCOMPARE(report[6], std::uint8_t(1));
+            QCOMPARE(report[8], std::uint8_t(1));
+            visited.insert(report[7]);
+        }
+        QVERIFY(visited.size() >= 2);
+        for (int channel : visited) {
+            QVERIFY2(channel >= 11 && channel <= 20, qPrintable(QString::number(channel)));
+        }
+        QVERIFY(send([](CRadioMessage* m) { return SetRadioScanMode(m, 1, 0, 0); }));
+        QCOMPARE(payload(ask(op::QueryActiveChannel, op::ActiveChannel))[0], char(0));
+    }
+
     void rejectsCommandOnRequest()
     {
         run("fault reject 69");
@@ -447,20 +501,24 @@ private:
         return answer;
     }
 
-    // The next unsolicited message of that opcode (others are skipped), within 5 s.
-    CRadioMessage waitFor(int opcode)
+    // The next unsolicited message of any of those opcodes, within 5 s.
+    CRadioMessage nextOf(std::initializer_list<int> opcodes)
     {
         QElapsedTimer clock;
         clock.start();
         CRadioMessage message;
         while (clock.elapsed() < 5000) {
-            if (m_engine->GetMessage(&message, 1) == 1 && message.GetOpcode() == opcode) {
+            if (m_engine->GetMessage(&message, 1) == 1 &&
+                std::find(opcodes.begin(), opcodes.end(), message.GetOpcode()) != opcodes.end()) {
                 return message;
             }
         }
-        qWarning("no message %d", opcode);
+        qWarning("none of the expected messages came");
         return CRadioMessage{};
     }
+
+    // The next unsolicited message of that opcode (others are skipped), within 5 s.
+    CRadioMessage waitFor(int opcode) { return nextOf({opcode}); }
 
     std::unique_ptr<MessageEngine> m_engine;
     std::atomic<VirtualRadio*> m_radio{nullptr};
