@@ -1,9 +1,6 @@
+#include "cli/AleCommands.h"
 #include "cli/Command.h"
 #include "cli/RadioDocument.h"
-
-#include "radiodb/RssCheck.h"
-
-#include <ostream>
 
 namespace koral::cli {
 
@@ -13,10 +10,7 @@ int runCheck(const Invocation& invocation)
         loadRadioDocument(invocation.positional[0], invocation.err);
     if (!document)
         return kExitError;
-    const RssCheckResult result = checkRadioConfiguration(document->record);
-    for (const std::string& line : result.lines)
-        invocation.out << line << '\n';
-    return result.configurationValid() ? kExitOk : kExitProblems;
+    return runCheckWithAle(invocation, document->record);
 }
 
 } // namespace koral::cli

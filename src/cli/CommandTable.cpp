@@ -1,3 +1,4 @@
+#include "cli/AleCommands.h"
 #include "cli/Command.h"
 
 #include <array>
@@ -15,28 +16,29 @@ int runBite(const Invocation& invocation);
 namespace {
 
 constexpr std::array<std::string_view, 1> kSummaryFlags{"--all"};
+constexpr std::array<std::string_view, 1> kNormalizeFlags{kNoGlobalMembersFlag};
 constexpr std::array<std::string_view, 2> kLinkFlags{"--port=", "--baud="};
 constexpr std::array<std::string_view, 3> kReadFlags{"--port=", "--baud=", "-o="};
 constexpr std::array<std::string_view, 3> kBiteFlags{"--port=", "--baud=", "--type="};
 
 constexpr std::array kCommands{
-    Command{"normalize",
-            "IN OUT",
+    Command{"normalize", "IN OUT [--no-global-members]",
             "Loads IN as the application's Open does (files of any format version) and saves it\n"
             "to OUT with the application's Save, so OUT holds the sanitised database in the\n"
             "program's own layout. The kind comes from IN's extension: .rss (radio database,\n"
-            "with its comment, user name and CCIR channel numbers) or .ccr (CCIR database).\n",
-            {},
-            2,
-            2,
-            runNormalize},
+            "with its comment, user name and CCIR channel numbers), .ale (ALE programme, with\n"
+            "the radio identity IN carries) or .ccr (CCIR database). --no-global-members\n"
+            "leaves the nets' global member groups out of an .ale file, for radios without them.\n",
+            kNormalizeFlags, 2, 2, runNormalize},
     Command{"check",
-            "RADIO.rss",
+            "RADIO.rss [PROGRAMME.ale]",
             "Prints the lines of the configuration check, one a line: every reference to a\n"
-            "channel that is not programmed. Exit code 0 when there is none, 1 when there are.\n",
+            "channel that is not programmed (including the ALE nets' All Call and scanned\n"
+            "channels), then the ALE programme's problems (names, self addresses, scanned\n"
+            "channels, global groups). Exit code 0 when there is none, 1 when there are.\n",
             {},
             1,
-            1,
+            2,
             runCheck},
     Command{"summary", "RADIO.rss [--all]",
             "Prints the configuration summary as tab-separated text with its header row: the\n"

@@ -1,3 +1,4 @@
+#include "cli/AleCommands.h"
 #include "cli/Command.h"
 #include "cli/RadioDocument.h"
 
@@ -44,11 +45,12 @@ int runNormalize(const Invocation& invocation)
     case FileKind::Ccr:
         return normalizeCcir(in, out, invocation.err);
     case FileKind::Ale:
+        return runAleNormalize(invocation);
     case FileKind::Unknown:
         break;
     }
     return fail(invocation.err,
-                text::format(text::kCliUnknownKind.data(), in.c_str(), ".rss or .ccr"));
+                text::format(text::kCliUnknownKind.data(), in.c_str(), ".rss, .ale or .ccr"));
 }
 
 } // namespace koral::cli

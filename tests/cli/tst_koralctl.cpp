@@ -74,12 +74,12 @@ private slots:
         QTest::newRow("option of another command")
             << QStringList{"check", kExample, "--all"}
             << "koralctl: unknown option '--all' (see 'koralctl check --help')\n";
-        QTest::newRow("too few arguments")
-            << QStringList{"normalize", kExample}
-            << "koralctl: wrong arguments; usage: koralctl normalize IN OUT\n";
+        QTest::newRow("too few arguments") << QStringList{"normalize", kExample}
+                                           << "koralctl: wrong arguments; usage: koralctl "
+                                              "normalize IN OUT [--no-global-members]\n";
         QTest::newRow("too many arguments")
-            << QStringList{"check", kExample, kExample}
-            << "koralctl: wrong arguments; usage: koralctl check RADIO.rss\n";
+            << QStringList{"check", kExample, kExample, kExample}
+            << "koralctl: wrong arguments; usage: koralctl check RADIO.rss [PROGRAMME.ale]\n";
         QTest::newRow("missing file")
             << QStringList{"check", "/nonexistent/radio.rss"}
             << "koralctl: Cannot read the file /nonexistent/radio.rss: No "
@@ -91,7 +91,7 @@ private slots:
             << "koralctl: Cannot read the file /nonexistent/a.ccr: No such file or directory\n";
         QTest::newRow("normalize of an unknown kind")
             << QStringList{"normalize", "plan.txt", "out.txt"}
-            << "koralctl: plan.txt: unknown file kind (expected .rss or .ccr)\n";
+            << "koralctl: plan.txt: unknown file kind (expected .rss, .ale or .ccr)\n";
     }
     void errors()
     {
@@ -121,10 +121,11 @@ private slots:
         QTest::addColumn<QString>("start");
         QTest::newRow("overview") << QStringList{"--help"} << 0 << "usage: koralctl COMMAND";
         QTest::newRow("no arguments") << QStringList{} << 2 << "usage: koralctl COMMAND";
-        QTest::newRow("normalize")
-            << QStringList{"normalize", "--help"} << 0 << "usage: koralctl normalize IN OUT\n";
+        QTest::newRow("normalize") << QStringList{"normalize", "--help"} << 0
+                                   << "usage: koralctl normalize IN OUT [--no-global-members]\n";
         QTest::newRow("check, help after arguments")
-            << QStringList{"check", "x", "-h"} << 0 << "usage: koralctl check RADIO.rss\n";
+            << QStringList{"check", "x", "-h"} << 0
+            << "usage: koralctl check RADIO.rss [PROGRAMME.ale]\n";
         QTest::newRow("summary") << QStringList{"summary", "--help"} << 0
                                  << "usage: koralctl summary RADIO.rss [--all]\n";
     }
