@@ -1,4 +1,3 @@
-#include "radiodb/RadioValueLists.h"
 #include "radiodb/dbase.h"
 
 #include <QtTest>
@@ -82,38 +81,6 @@ private slots:
         ch.txFrequency.set(tx);
         ch.rxFrequency.set(rx);
         QCOMPARE(ch.isProgrammed(), programmed);
-    }
-
-    void valueListsLookUpBothWays_data()
-    {
-        QTest::addColumn<int>("list");
-        QTest::addColumn<int>("value");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("agc off") << 0 << 255 << "Off";
-        QTest::newRow("agc unknown") << 0 << 2 << "";
-        QTest::newRow("scan rate") << 1 << 5 << "5 Ch/Sec";
-        QTest::newRow("cw ptt hold") << 2 << 15 << "150 mSec";
-        QTest::newRow("cw ptt hold unknown") << 2 << 20 << "";
-    }
-    void valueListsLookUpBothWays()
-    {
-        QFETCH(int, list);
-        QFETCH(int, value);
-        QFETCH(QString, text);
-        const ValueList lists[] = {values::kAgc, values::kScanRate, values::kCwPttHold};
-        const ValueList chosen = lists[list];
-        const char* found = textOf(chosen, value);
-        QCOMPARE(QString::fromLatin1(found ? found : ""), text);
-        if (!text.isEmpty())
-            QCOMPARE(valueOf(chosen, text.toStdString()), value);
-    }
-
-    void valueOfIsExactAndCaseSensitive()
-    {
-        QCOMPARE(valueOf(values::kOptionStatus, "Disable"), kValueListEnd);
-        QCOMPARE(valueOf(values::kOptionStatus, "enabled"), kValueListEnd);
-        QCOMPARE(valueOf(values::kOptionStatus, "Enabled"), 1);
-        QCOMPARE(entriesOf(values::kModulation).size(), std::size_t(4));
     }
 
     void fixedWidthTexts()
