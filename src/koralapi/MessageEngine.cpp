@@ -50,7 +50,7 @@ public:
     std::map<quint64, std::shared_ptr<SendWait>> sends;
 
     void setup();
-    std::string open(const PortSpec& spec, int baudRate);
+    std::string open(const PortSpec& where, int baudRate);
     void close();
     void deviceLost();
 
@@ -217,24 +217,24 @@ void IoWorker::setup()
     });
 }
 
-std::string IoWorker::open(const PortSpec& spec, int baudRate)
+std::string IoWorker::open(const PortSpec& where, int baudRate)
 {
     close();
-    switch (spec.kind) {
+    switch (where.kind) {
     case PortSpec::Kind::Virtual:
         device = createVirtualRadio(baudRate);
         if (!device)
             return "no built-in virtual radio is installed";
         break;
     case PortSpec::Kind::Serial: {
-        auto serial = std::make_unique<QSerialPort>(QString::fromStdString(spec.device));
+        auto serial = std::make_unique<QSerialPort>(QString::fromStdString(where.device));
         serial->setBaudRate(baudRate);
         serial->setDataBits(QSerialPort::Data8);
         serial->setParity(QSerialPort::NoParity);
         serial->setStopBits(QSerialPort::OneStop);
         serial->setFlowControl(QSerialPort::NoFlowControl);
         if (!serial->open(QIODevice::ReadWrite))
-            return spec.device + ": " + serial->errorString().toStdString();
+            return where.device + ": " + serial->errorString().toStdString();
         connect(serial.get(), &QSerialPort::errorOccurred, this,
                 [this](QSerialPort::SerialPortError error) {
                     if (error == QSerialPort::ResourceError)
@@ -245,9 +245,9 @@ std::string IoWorker::open(const PortSpec& spec, int baudRate)
     }
     case PortSpec::Kind::Tcp: {
         auto socket = std::make_unique<QTcpSocket>();
-        socket->connectToHost(QString::fromStdString(spec.host), spec.tcpPort);
+        socket->connectToHost(QString::fromStdString(where.host), where.tcpPort);
         if (!socket->waitForConnected(kTcpConnectMs))
-            return "tcp:" + spec.host + ":" + std::to_string(spec.tcpPort) + ": " +
+            return "tcp:" + where.host + ":" + std::to_string(where.tcpPort) + ": " +
                    socket->errorString().toStdString();
         socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
         connect(socket.get(), &QTcpSocket::disconnected, this, [this] { deviceLost(); });
@@ -291,20 +291,20 @@ MessageEngine::~MessageEngine()
 
 int MessageEngine::OpenComPort(int port, int baudRate)
 {
-    const auto spec = portByNumber(port);
-    if (!spec) {
+    const auto where = portByNumber(port);
+    if (!where) {
         d->setPortState(false, "there is no port " + std::to_string(port));
         return 0;
     }
-    return OpenPortByName(spec->kind == PortSpec::Kind::Virtual ? std::string(kVirtualPortName)
-                                                                : spec->device,
+    return OpenPortByName(where->kind == PortSpec::Kind::Virtual ? std::string(kVirtualPortName)
+                                                                 : where->device,
                           baudRate);
 }
 
 int MessageEngine::OpenPortByName(std::string_view name, int baudRate)
 {
-    const auto spec = parsePort(name);
-    if (!spec) {
+    const auto where = parsePort(name);
+    if (!where) {
         d->setPortState(false, "not a port: " + std::string(name));
         return 0;
     }
@@ -317,7 +317,7 @@ int MessageEngine::OpenPortByName(std::string_view name, int baudRate)
         d->timing.baudRate = baudRate;
     }
     const auto error =
-        d->onIo([w = d->worker, s = *spec, baudRate] { return w->open(s, baudRate); }, kOpenBound);
+        d->onIo([w = d->worker, s = *where, baudRate] { return w->open(s, baudRate); }, kOpenBound);
     if (!error || !error->empty()) {
         d->setPortState(false, error ? *error : "opening the port took too long");
         return 0;

@@ -51,10 +51,10 @@ std::optional<PortSpec> portByNumber(int number)
     const auto ports = serialPorts();
     if (number < 2 || static_cast<std::size_t>(number - 2) >= ports.size())
         return std::nullopt;
-    PortSpec spec;
-    spec.kind = PortSpec::Kind::Serial;
-    spec.device = ports[static_cast<std::size_t>(number - 2)].systemLocation().toStdString();
-    return spec;
+    PortSpec where;
+    where.kind = PortSpec::Kind::Serial;
+    where.device = ports[static_cast<std::size_t>(number - 2)].systemLocation().toStdString();
+    return where;
 }
 
 std::optional<PortSpec> parsePort(std::string_view text)
@@ -74,16 +74,16 @@ std::optional<PortSpec> parsePort(std::string_view text)
         const auto port = parseNumber(rest.substr(colon + 1));
         if (!port || *port < 1 || *port > 65535)
             return std::nullopt;
-        PortSpec spec;
-        spec.kind = PortSpec::Kind::Tcp;
-        spec.host = std::string(rest.substr(0, colon));
-        spec.tcpPort = static_cast<std::uint16_t>(*port);
-        return spec;
+        PortSpec where;
+        where.kind = PortSpec::Kind::Tcp;
+        where.host = std::string(rest.substr(0, colon));
+        where.tcpPort = static_cast<std::uint16_t>(*port);
+        return where;
     }
-    PortSpec spec;
-    spec.kind = PortSpec::Kind::Serial;
-    spec.device = std::string(text);
-    return spec;
+    PortSpec where;
+    where.kind = PortSpec::Kind::Serial;
+    where.device = std::string(text);
+    return where;
 }
 
 void setVirtualRadioFactory(VirtualRadioFactory factory)
