@@ -176,6 +176,7 @@ private slots:
     void rowsOutsideTheRecordAreSkipped();
     void parseDecimal_data();
     void parseDecimal();
+    void valueLists();
 };
 
 void TestSchema::load_data()
@@ -355,6 +356,24 @@ void TestSchema::parseDecimal()
     QFETCH(QByteArray, text);
     QFETCH(int, expected);
     QCOMPARE(schema::parseDecimal(text.toStdString()), expected);
+}
+
+void TestSchema::valueLists()
+{
+    // Entries after the end entry do not count; a list without one ends with its span.
+    constexpr std::array<ValueText, 4> kEnded{
+        {{0, "No"}, {1, "Yes"}, {kValueListEnd, nullptr}, {2, "Hidden"}}};
+    constexpr std::array<ValueText, 2> kOpen{{{7, "Seven"}, {255, "Off"}}};
+
+    QCOMPARE(entriesOf(kEnded).size(), std::size_t{2});
+    QCOMPARE(entriesOf(kOpen).size(), std::size_t{2});
+    QCOMPARE(std::string_view(textOf(kEnded, 1)), std::string_view("Yes"));
+    QVERIFY(textOf(kEnded, 2) == nullptr);
+    QCOMPARE(valueOf(kEnded, "Hidden"), kValueListEnd);
+    QCOMPARE(valueOf(kEnded, "yes"), kValueListEnd);
+    QCOMPARE(valueOf(kOpen, "Off"), 255);
+    QVERIFY(holds(kOpen, 7));
+    QVERIFY(!holds(kOpen, kValueListEnd));
 }
 
 QTEST_GUILESS_MAIN(TestSchema)
