@@ -177,10 +177,10 @@ void NetConfigEditor::storeAllCall()
     current().allCall = byte((m_sendAllCall ? 1 : 0) | (m_receiveAllCall ? 2 : 0));
 }
 
-bool NetConfigEditor::option(Option which) const
+std::uint8_t& NetConfigEditor::optionByte(AleProgramme& programme, Option which)
 {
-    const ale_options& o = m_programme.database.options;
-    const AleExtraOptions& x = m_programme.extraOptions;
+    ale_options& o = programme.database.options;
+    AleExtraOptions& x = programme.extraOptions;
     switch (which) {
     case Option::Alert:
         return o.alert;
@@ -203,53 +203,22 @@ bool NetConfigEditor::option(Option which) const
     case Option::InLink:
         return o.inLink;
     case Option::Amd:
-        return o.amdMessage;
+        break;
     }
-    return false;
+    return o.amdMessage;
+}
+
+bool NetConfigEditor::option(Option which) const
+{
+    return optionByte(const_cast<AleProgramme&>(m_programme), which) == 1;
 }
 
 void NetConfigEditor::setOption(Option which, bool on)
 {
-    ale_options& o = m_programme.database.options;
-    AleExtraOptions& x = m_programme.extraOptions;
-    const std::uint8_t value = on ? 1 : 0;
-    switch (which) {
-    case Option::Alert:
-        o.alert = value;
-        break;
-    case Option::ExternalAlarm:
-        o.externalAlarm = value;
-        break;
-    case Option::QuickPttCall:
-        o.quickPttCall = value;
-        break;
-    case Option::AutoAddress:
-        o.autoAddress = value;
-        break;
-    case Option::Multinet:
-        // Both records carry the setting; the file keeps one value for the two.
-        o.multinet = value;
-        x.multinet = value;
-        break;
-    case Option::Anycall:
-        o.anycall = value;
-        break;
-    case Option::Vcds:
-        x.vcds = value;
-        break;
-    case Option::Wildcard:
-        o.wildcard = value;
-        break;
-    case Option::LinkAfterBidirectional:
-        x.linkAfterBidr = value;
-        break;
-    case Option::InLink:
-        o.inLink = value;
-        break;
-    case Option::Amd:
-        o.amdMessage = value;
-        break;
-    }
+    optionByte(m_programme, which) = on ? 1 : 0;
+    // Both records carry the multinet setting; the file keeps one value for the two.
+    if (which == Option::Multinet)
+        m_programme.database.options.multinet = on ? 1 : 0;
 }
 
 void NetConfigEditor::setAcceptLinkTimeout(int value)

@@ -101,6 +101,7 @@ public:
 private:
     ale_net& current() { return m_programme.database.nets[m_net]; }
     const ale_net& currentRecord() const { return m_programme.database.nets[m_net]; }
+    static std::uint8_t& optionByte(AleProgramme& programme, Option which);
     void fillControls();
     void storeAllCall();
     void runCheck();

@@ -220,6 +220,44 @@ private slots:
         QVERIFY(own.check().lines.empty());
     }
 
+    void eachOptionSetsItsByte_data()
+    {
+        using O = NetConfigEditor::Option;
+        QTest::addColumn<int>("option");
+        QTest::addColumn<QList<int>>("bytes"); // 0..11 ALE options, 12..15 extra options
+        QTest::newRow("Alert") << int(O::Alert) << QList<int>{1};
+        QTest::newRow("Ext. Alarm") << int(O::ExternalAlarm) << QList<int>{2};
+        QTest::newRow("Auto Address") << int(O::AutoAddress) << QList<int>{3};
+        QTest::newRow("Quick PTT Call") << int(O::QuickPttCall) << QList<int>{4};
+        QTest::newRow("MultiNet") << int(O::Multinet) << QList<int>{7, 12};
+        QTest::newRow("Anycall") << int(O::Anycall) << QList<int>{8};
+        QTest::newRow("Wildcard") << int(O::Wildcard) << QList<int>{9};
+        QTest::newRow("AMD") << int(O::Amd) << QList<int>{10};
+        QTest::newRow("In_LINK") << int(O::InLink) << QList<int>{11};
+        QTest::newRow("LINK AFTER BDIR") << int(O::LinkAfterBidirectional) << QList<int>{14};
+        QTest::newRow("VCDS") << int(O::Vcds) << QList<int>{15};
+    }
+    void eachOptionSetsItsByte()
+    {
+        QFETCH(int, option);
+        QFETCH(QList<int>, bytes);
+        AleProgramme zero{};
+        RecordingNotifier notifier;
+        NetConfigEditor editor(zero, {}, notifier);
+        notifier.clear();
+        const auto which = static_cast<NetConfigEditor::Option>(option);
+        editor.setOption(which, true);
+        QVERIFY(editor.option(which));
+        const AleProgramme& p = editor.programme();
+        const auto* options = reinterpret_cast<const std::uint8_t*>(&p.database.options);
+        const auto* extra = reinterpret_cast<const std::uint8_t*>(&p.extraOptions);
+        QList<int> set;
+        for (int i = 0; i < 16; ++i)
+            if ((i < 12 ? options[i] : extra[i - 12]) != 0)
+                set << i;
+        QCOMPARE(set, bytes);
+    }
+
     void flagsAndOptionsUseTheirEncodings()
     {
         RecordingNotifier notifier;
