@@ -247,4 +247,117 @@ inline constexpr std::string_view kCliProbeCalling = "Selective calling: %s\n";
 inline constexpr std::string_view kCliProbeSupport = "ALE global members and extra options: %s\n";
 inline constexpr std::string_view kCliProbeIsb = "ISB: %s\n";
 
+// --- virtual radio (koral-radio-sim) ---
+inline constexpr std::string_view kSimUsage =
+    "Usage: koral-radio-sim [--pty | --tcp PORT] [options]\n"
+    "\n"
+    "A virtual KORAL radio: it holds the radio, ALE and CCIR databases, answers every request\n"
+    "of the control program, sends the reports a radio sends, and plays events and faults\n"
+    "typed on its console (standard input).\n"
+    "\n"
+    "Options:\n"
+    "  --pty             serve a pseudo-terminal and print its path (the default)\n"
+    "  --tcp PORT        listen on 127.0.0.1:PORT and print tcp:127.0.0.1:PORT\n"
+    "  --baud RATE       the line's baud rate (default 9600)\n"
+    "  --no-pacing       let bytes through as fast as they come (fast tests)\n"
+    "  --rss FILE        start with the radio database of FILE\n"
+    "  --ale FILE        start with the ALE database of FILE\n"
+    "  --ccr FILE        start with the CCIR database of FILE\n"
+    "  --ccir            start in CCIR selective-call mode instead of ALE\n"
+    "  --verbose         log every request and report on standard error\n"
+    "  --help            show this text\n"
+    "\n"
+    "Console commands:\n";
+inline constexpr std::string_view kSimConsoleHelp =
+    "  call station|net|all ADDRESS [\"MESSAGE\"] [channel N]\n"
+    "      another station calls this radio (with a message when given)\n"
+    "  link none|established|channel-busy|station-busy|silent|in-progress|failed|CODE\n"
+    "      report the result of the current link attempt\n"
+    "  lqa [STEPS]\n"
+    "      play a bidirectional link-quality exchange\n"
+    "  sound [STEPS]\n"
+    "      play a sounding\n"
+    "  bite run full|channel|lowrf\n"
+    "      run the built-in test now\n"
+    "  bite fail ITEM... | bite unable ITEM... | bite pass\n"
+    "      choose the items (1-39) the next tests report as failed or unable\n"
+    "  channel N\n"
+    "      the operator selects channel N on the radio\n"
+    "  scan group A-E | scan net N | scan stop\n"
+    "      the operator starts or stops a scan\n"
+    "  key 0-9|F1-F4|#|*|ESC|ENTER|GPS|MENU\n"
+    "      the operator presses a key on the radio\n"
+    "  remote\n"
+    "      the radio asks for remote control\n"
+    "  fault no-answer | answer-once | corrupt [FRAMES] | drop-after BYTES\n"
+    "      inject a link fault\n"
+    "  fault reject OPCODE | fault clear\n"
+    "      refuse requests of an opcode (reply 60); clear all faults\n"
+    "  baud RATE|off\n"
+    "      pace bytes at RATE bits per second, or not at all\n"
+    "  mode ale|ccir\n"
+    "      switch between ALE and CCIR selective calling (the radio restarts)\n"
+    "  version TEXT\n"
+    "      the software version the radio reports\n"
+    "  support on|off\n"
+    "      whether global members and extra options are kept\n"
+    "  status\n"
+    "      show the radio's state\n"
+    "  help\n"
+    "      list these commands\n"
+    "  quit\n"
+    "      stop the virtual radio\n";
+inline constexpr std::string_view kSimFailure = "koral-radio-sim: %s\n";
+inline constexpr std::string_view kSimSeeHelp = "%s (see --help)";
+inline constexpr std::string_view kSimUnexpectedArgument = "unexpected argument '%s' (see --help)";
+inline constexpr std::string_view kSimOneLine = "a radio has one line: choose --pty or --tcp";
+inline constexpr std::string_view kSimBadBaudOption = "--baud needs a rate in bits per second, e.g. 9600";
+inline constexpr std::string_view kSimBadTcpPort = "--tcp needs a port number from 0 to 65535";
+inline constexpr std::string_view kSimCannotListen = "cannot listen on port %u: %s";
+inline constexpr std::string_view kSimNoPty = "cannot create a pseudo-terminal: %s";
+inline constexpr std::string_view kSimFileMissing = "cannot find the file %s";
+inline constexpr std::string_view kSimFileProblem = "%s: %s";
+inline constexpr std::string_view kSimNotRssFile = "not a radio database file";
+inline constexpr std::string_view kSimNotAleFile = "not an ALE database file";
+inline constexpr std::string_view kSimNotCcrFile = "not a CCIR database file";
+inline constexpr std::string_view kSimLineDropped = "line dropped (fault clear plugs it in again)\n";
+inline constexpr std::string_view kSimConsoleError = "error: %s\n";
+inline constexpr std::string_view kSimUnknownCommand = "unknown command '%s' (type help for the list)";
+inline constexpr std::string_view kSimQuoteNotClosed = "a quoted text is not closed";
+inline constexpr std::string_view kSimNoArguments = "this command takes no arguments";
+inline constexpr std::string_view kSimCallNeedsKind = "call needs a kind (station, net, all) and the caller's address";
+inline constexpr std::string_view kSimUnknownCallKind = "unknown call kind '%s' (station, net, all)";
+inline constexpr std::string_view kSimBadAddress = "the address must be 1 to 15 letters and digits";
+inline constexpr std::string_view kSimBadMessage = "the message must be at most 90 letters, digits and blanks";
+inline constexpr std::string_view kSimUnexpectedWord = "unexpected '%s' (quote a message with blanks)";
+inline constexpr std::string_view kSimBadChannel = "the channel must be a number from 1 to 200";
+inline constexpr std::string_view kSimLinkNeedsResult = "link needs one result: none, established, channel-busy, station-busy, silent, in-progress, failed or a code 0-255";
+inline constexpr std::string_view kSimUnknownLinkResult = "unknown link result '%s'";
+inline constexpr std::string_view kSimBadSteps = "the number of steps must be one number from 1 to 100";
+inline constexpr std::string_view kSimBiteNeedsAction = "bite needs run, fail, unable or pass";
+inline constexpr std::string_view kSimBiteNeedsType = "bite run needs a test type: full, channel or lowrf";
+inline constexpr std::string_view kSimBadTestItem = "list the test items, each a number from 1 to 39";
+inline constexpr std::string_view kSimBadGroup = "the group is a letter from A to E";
+inline constexpr std::string_view kSimBadNet = "the net must be a number from 1 to 20";
+inline constexpr std::string_view kSimScanNeeds = "scan needs group A-E, net 1-20 or stop";
+inline constexpr std::string_view kSimKeyNeeds = "key needs one key: 0-9, F1-F4, #, *, ESC, ENTER, GPS or MENU";
+inline constexpr std::string_view kSimUnknownKey = "unknown key '%s'";
+inline constexpr std::string_view kSimFaultNeeds = "fault needs no-answer, answer-once, corrupt, drop-after, reject or clear";
+inline constexpr std::string_view kSimUnknownFault = "unknown fault '%s'";
+inline constexpr std::string_view kSimBadCorruptCount = "the number of frames to corrupt must be a number from 1 to 1000";
+inline constexpr std::string_view kSimBadDropCount = "the number of bytes before the drop must be a number from 0 to 100000000";
+inline constexpr std::string_view kSimBadRejectOpcode = "the rejected request's opcode must be a number from 0 to 255";
+inline constexpr std::string_view kSimBaudNeeds = "baud needs a rate in bits per second (e.g. 9600) or off";
+inline constexpr std::string_view kSimModeNeeds = "mode needs ale or ccir";
+inline constexpr std::string_view kSimVersionNeeds = "version needs a text of up to 8 digits and dots, e.g. 03.100";
+inline constexpr std::string_view kSimSupportNeeds = "support needs on or off";
+inline constexpr std::string_view kSimDone = "ok";
+inline constexpr std::string_view kSimFaultSet = "fault set";
+inline constexpr std::string_view kSimFaultsCleared = "faults cleared";
+inline constexpr std::string_view kSimPacingOff = "pacing off";
+inline constexpr std::string_view kSimPacingAt = "pacing at %u baud";
+inline constexpr std::string_view kSimRestarted = "restarted in %s mode";
+inline constexpr std::string_view kSimVersionSet = "software version %s (class %d)";
+inline constexpr std::string_view kSimStatus = "%s mode, software %s, channel %u (%s), squelch %s, monitor %s, ALE %s, remote mode %u%s, line %u baud%s, faults %s";
+
 } // namespace koral::text

@@ -1,5 +1,7 @@
 #include "radiosim/ConsoleCommand.h"
 
+#include "common/Texts.h"
+
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -19,9 +21,9 @@ struct Token
 using Args = std::span<const Token>;
 using Parser = ConsoleParse (*)(Args);
 
-ConsoleParse fail(std::string error)
+ConsoleParse fail(std::string_view error)
 {
-    return {std::nullopt, std::move(error)};
+    return {std::nullopt, std::string(error)};
 }
 ConsoleParse ok(ConsoleCommand command)
 {
@@ -52,12 +54,6 @@ std::optional<unsigned> number(const Token& token, unsigned min, unsigned max)
     return value;
 }
 
-std::string rangeError(std::string_view what, unsigned min, unsigned max)
-{
-    return std::string(what) + " must be a number from " + std::to_string(min) + " to " +
-           std::to_string(max);
-}
-
 constexpr std::string_view kAddressChars =
     "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
 
@@ -72,7 +68,7 @@ bool validText(std::string_view text, std::size_t maxSize, bool blanks)
 ConsoleParse parseCall(Args args)
 {
     if (args.size() < 2) {
-        return fail("call needs a kind (station, net, all) and the caller's address");
+        return fail(text::kSimCallNeedsKind);
     }
     IncomingCall call;
     if (is(args[0], "station")) {
@@ -82,29 +78,29 @@ ConsoleParse parseCall(Args args)
     } else if (is(args[0], "all")) {
         call.kind = CallKind::All;
     } else {
-        return fail("unknown call kind '" + args[0].text + "' (station, net, all)");
+        return fail(text::format(text::kSimUnknownCallKind.data(), args[0].text.c_str()));
     }
     call.address = args[1].text;
     if (call.address.empty() || !validText(call.address, 15, false)) {
-        return fail("the address must be 1 to 15 letters and digits");
+        return fail(text::kSimBadAddress);
     }
     for (std::size_t i = 2; i < args.size(); ++i) {
         if (is(args[i], "channel") || is(args[i], "ch")) {
             if (i + 1 >= args.size()) {
-                return fail("channel needs a number");
+                return fail(text::kSimBadChannel);
             }
             const auto channel = number(args[++i], 1, 200);
             if (!channel) {
-                return fail(rangeError("the channel", 1, 200));
+                return fail(text::kSimBadChannel);
             }
             call.channel = *channel;
         } else if (call.message.empty()) {
             call.message = args[i].text;
             if (!validText(call.message, 90, true)) {
-                return fail("the message must be at most 90 letters, digits and blanks");
+                return fail(text::kSimBadMessage);
             }
         } else {
-            return fail("unexpected '" + args[i].text + "' (quote a message with blanks)");
+            return fail(text::format(text::kSimUnexpectedWord.data(), args[i].text.c_str()));
         }
     }
     return ok(RadioEvent{call});
@@ -124,8 +120,7 @@ constexpr NamedCode kLinkResults[] = {
 ConsoleParse parseLink(Args args)
 {
     if (args.size() != 1) {
-        return fail("link needs one result: none, established, channel-busy, station-busy, "
-                    "silent, in-progress, failed or a code 0-255");
+        return fail(text::kSimLinkNeedsResult);
     }
     for (const NamedCode& result : kLinkResults) {
         if (is(args[0], result.name)) {
@@ -135,19 +130,19 @@ ConsoleParse parseLink(Args args)
     if (const auto code = number(args[0], 0, 255)) {
         return ok(RadioEvent{LinkResult{static_cast<std::uint8_t>(*code)}});
     }
-    return fail("unknown link result '" + args[0].text + "'");
+    return fail(text::format(text::kSimUnknownLinkResult.data(), args[0].text.c_str()));
 }
 
 ConsoleParse parseLinkQuality(Args args, bool sounding)
 {
     LinkQualityRun run{sounding, 5};
     if (args.size() > 1) {
-        return fail("expected at most one number of steps");
+        return fail(text::kSimBadSteps);
     }
     if (args.size() == 1) {
         const auto steps = number(args[0], 1, 100);
         if (!steps) {
-            return fail(rangeError("the number of steps", 1, 100));
+            return fail(text::kSimBadSteps);
         }
         run.steps = *steps;
     }
@@ -168,7 +163,7 @@ constexpr NamedCode kTestTypes[] = {{"full", 0}, {"channel", 1}, {"lowrf", 2}};
 ConsoleParse parseBite(Args args)
 {
     if (args.empty()) {
-        return fail("bite needs run, fail, unable or pass");
+        return fail(text::kSimBiteNeedsAction);
     }
     if (is(args[0], "run")) {
         for (const NamedCode& type : kTestTypes) {
@@ -176,7 +171,7 @@ ConsoleParse parseBite(Args args)
                 return ok(RadioEvent{SelfTestRun{static_cast<SelfTestType>(type.code)}});
             }
         }
-        return fail("bite run needs a test type: full, channel or lowrf");
+        return fail(text::kSimBiteNeedsType);
     }
     if (is(args[0], "pass") && args.size() == 1) {
         return ok(SelfTestOutcome{});
@@ -187,15 +182,15 @@ ConsoleParse parseBite(Args args)
     } else if (is(args[0], "unable")) {
         outcome.result = SelfTestOutcome::Result::Unable;
     } else {
-        return fail("bite needs run, fail, unable or pass");
+        return fail(text::kSimBiteNeedsAction);
     }
     if (args.size() < 2) {
-        return fail("list the test items (1-39)");
+        return fail(text::kSimBadTestItem);
     }
     for (const Token& token : args.subspan(1)) {
         const auto item = number(token, 1, 39);
         if (!item) {
-            return fail(rangeError("a test item", 1, 39));
+            return fail(text::kSimBadTestItem);
         }
         outcome.items.push_back(*item);
     }
@@ -206,7 +201,7 @@ ConsoleParse parseChannel(Args args)
 {
     const auto channel = args.size() == 1 ? number(args[0], 1, 200) : std::nullopt;
     if (!channel) {
-        return fail(rangeError("the channel", 1, 200));
+        return fail(text::kSimBadChannel);
     }
     return ok(RadioEvent{FrontPanelChannel{*channel}});
 }
@@ -221,15 +216,15 @@ ConsoleParse parseScan(Args args)
         if (letter.size() == 1 && letter[0] >= 'a' && letter[0] <= 'e') {
             return ok(RadioEvent{FrontPanelScan{true, false, unsigned(letter[0] - 'a')}});
         }
-        return fail("the group is a letter from A to E");
+        return fail(text::kSimBadGroup);
     }
     if (args.size() == 2 && is(args[0], "net")) {
         if (const auto net = number(args[1], 1, 20)) {
             return ok(RadioEvent{FrontPanelScan{true, true, *net - 1}});
         }
-        return fail(rangeError("the net", 1, 20));
+        return fail(text::kSimBadNet);
     }
-    return fail("scan needs group A-E, net 1-20 or stop");
+    return fail(text::kSimScanNeeds);
 }
 
 constexpr NamedCode kKeys[] = {
@@ -240,7 +235,7 @@ constexpr NamedCode kKeys[] = {
 ConsoleParse parseKey(Args args)
 {
     if (args.size() != 1) {
-        return fail("key needs one key: 0-9, F1-F4, #, *, ESC, ENTER, GPS or MENU");
+        return fail(text::kSimKeyNeeds);
     }
     const std::string name = lower(args[0].text);
     if (name.size() == 1 && std::isdigit(static_cast<unsigned char>(name[0]))) {
@@ -251,13 +246,13 @@ ConsoleParse parseKey(Args args)
             return ok(RadioEvent{FrontPanelKey{key.code}});
         }
     }
-    return fail("unknown key '" + args[0].text + "'");
+    return fail(text::format(text::kSimUnknownKey.data(), args[0].text.c_str()));
 }
 
 ConsoleParse parseRemote(Args args)
 {
     if (!args.empty()) {
-        return fail("remote takes no arguments");
+        return fail(text::kSimNoArguments);
     }
     return ok(RadioEvent{RemoteRequest{}});
 }
@@ -265,7 +260,7 @@ ConsoleParse parseRemote(Args args)
 ConsoleParse parseFault(Args args)
 {
     if (args.empty()) {
-        return fail("fault needs no-answer, answer-once, corrupt, drop-after, reject or clear");
+        return fail(text::kSimFaultNeeds);
     }
     const Args rest = args.subspan(1);
     if (is(args[0], "clear") || is(args[0], "none")) {
@@ -282,25 +277,25 @@ ConsoleParse parseFault(Args args)
                            : rest.size() == 1 ? number(rest[0], 1, 1000)
                                               : std::nullopt;
         if (!count) {
-            return fail(rangeError("the number of frames to corrupt", 1, 1000));
+            return fail(text::kSimBadCorruptCount);
         }
         return ok(FaultCommand{FaultKind::Corrupt, *count});
     }
     if (is(args[0], "drop-after")) {
         const auto bytes = rest.size() == 1 ? number(rest[0], 0, 100000000) : std::nullopt;
         if (!bytes) {
-            return fail(rangeError("the number of bytes before the drop", 0, 100000000));
+            return fail(text::kSimBadDropCount);
         }
         return ok(FaultCommand{FaultKind::DropAfter, *bytes});
     }
     if (is(args[0], "reject")) {
         const auto opcode = rest.size() == 1 ? number(rest[0], 0, 255) : std::nullopt;
         if (!opcode) {
-            return fail(rangeError("the rejected request's opcode", 0, 255));
+            return fail(text::kSimBadRejectOpcode);
         }
         return ok(FaultCommand{FaultKind::Reject, *opcode});
     }
-    return fail("unknown fault '" + args[0].text + "'");
+    return fail(text::format(text::kSimUnknownFault.data(), args[0].text.c_str()));
 }
 
 ConsoleParse parseBaud(Args args)
@@ -310,7 +305,7 @@ ConsoleParse parseBaud(Args args)
     }
     const auto baud = args.size() == 1 ? number(args[0], 50, 4000000) : std::nullopt;
     if (!baud) {
-        return fail("baud needs a rate in bits per second (e.g. 9600) or off");
+        return fail(text::kSimBaudNeeds);
     }
     return ok(SetBaud{*baud});
 }
@@ -320,14 +315,14 @@ ConsoleParse parseMode(Args args)
     if (args.size() == 1 && (is(args[0], "ale") || is(args[0], "ccir"))) {
         return ok(SetMode{is(args[0], "ccir")});
     }
-    return fail("mode needs ale or ccir");
+    return fail(text::kSimModeNeeds);
 }
 
 ConsoleParse parseVersion(Args args)
 {
     if (args.size() != 1 || args[0].text.empty() || args[0].text.size() > 8 ||
         args[0].text.find_first_not_of("0123456789.") != std::string::npos) {
-        return fail("version needs a text of up to 8 digits and dots, e.g. 03.100");
+        return fail(text::kSimVersionNeeds);
     }
     return ok(SetVersion{args[0].text});
 }
@@ -337,14 +332,14 @@ ConsoleParse parseSupport(Args args)
     if (args.size() == 1 && (is(args[0], "on") || is(args[0], "off"))) {
         return ok(SetSupport{is(args[0], "on")});
     }
-    return fail("support needs on or off");
+    return fail(text::kSimSupportNeeds);
 }
 
 template <typename T>
 ConsoleParse noArguments(Args args)
 {
     if (!args.empty()) {
-        return fail("this command takes no arguments");
+        return fail(text::kSimNoArguments);
     }
     return ok(T{});
 }
@@ -352,39 +347,27 @@ ConsoleParse noArguments(Args args)
 struct Verb
 {
     std::string_view name;
-    std::string_view usage;
-    std::string_view description;
     Parser parse;
 };
 
 constexpr Verb kVerbs[] = {
-    {"call", "call station|net|all ADDRESS [\"MESSAGE\"] [channel N]",
-     "another station calls this radio (with a message when given)", parseCall},
-    {"link", "link none|established|channel-busy|station-busy|silent|in-progress|failed|CODE",
-     "report the result of the current link attempt", parseLink},
-    {"lqa", "lqa [STEPS]", "play a bidirectional link-quality exchange", parseLqa},
-    {"sound", "sound [STEPS]", "play a sounding", parseSound},
-    {"bite", "bite run full|channel|lowrf", "run the built-in test now", parseBite},
-    {"bite", "bite fail ITEM... | bite unable ITEM... | bite pass",
-     "choose the items (1-39) the next tests report as failed or unable", parseBite},
-    {"channel", "channel N", "the operator selects channel N on the radio", parseChannel},
-    {"scan", "scan group A-E | scan net N | scan stop", "the operator starts or stops a scan",
-     parseScan},
-    {"key", "key 0-9|F1-F4|#|*|ESC|ENTER|GPS|MENU", "the operator presses a key on the radio",
-     parseKey},
-    {"remote", "remote", "the radio asks for remote control", parseRemote},
-    {"fault", "fault no-answer | answer-once | corrupt [FRAMES] | drop-after BYTES",
-     "inject a link fault", parseFault},
-    {"fault", "fault reject OPCODE | fault clear",
-     "refuse requests of an opcode (reply 60); clear all faults", parseFault},
-    {"baud", "baud RATE|off", "pace bytes at RATE bits per second, or not at all", parseBaud},
-    {"mode", "mode ale|ccir", "switch between ALE and CCIR selective calling", parseMode},
-    {"version", "version TEXT", "the software version the radio reports", parseVersion},
-    {"support", "support on|off", "whether global members and extra options are kept",
-     parseSupport},
-    {"status", "status", "show the radio's state", noArguments<ShowStatus>},
-    {"help", "help", "list these commands", noArguments<ShowHelp>},
-    {"quit", "quit", "stop the virtual radio", noArguments<Quit>},
+    {"call", parseCall},
+    {"link", parseLink},
+    {"lqa", parseLqa},
+    {"sound", parseSound},
+    {"bite", parseBite},
+    {"channel", parseChannel},
+    {"scan", parseScan},
+    {"key", parseKey},
+    {"remote", parseRemote},
+    {"fault", parseFault},
+    {"baud", parseBaud},
+    {"mode", parseMode},
+    {"version", parseVersion},
+    {"support", parseSupport},
+    {"status", noArguments<ShowStatus>},
+    {"help", noArguments<ShowHelp>},
+    {"quit", noArguments<Quit>},
 };
 
 std::optional<std::vector<Token>> tokenize(std::string_view line, std::string& error)
@@ -397,7 +380,7 @@ std::optional<std::vector<Token>> tokenize(std::string_view line, std::string& e
         } else if (line[i] == '"') {
             const std::size_t close = line.find('"', i + 1);
             if (close == std::string_view::npos) {
-                error = "a quoted text is not closed";
+                error = text::kSimQuoteNotClosed;
                 return std::nullopt;
             }
             tokens.push_back({std::string(line.substr(i + 1, close - i - 1)), true});
@@ -430,22 +413,14 @@ ConsoleParse parseConsoleLine(std::string_view line)
     const auto row = std::find_if(std::begin(kVerbs), std::end(kVerbs),
                                   [&](const Verb& v) { return is(verb, v.name); });
     if (row == std::end(kVerbs)) {
-        return fail("unknown command '" + verb.text + "' (type help for the list)");
+        return fail(text::format(text::kSimUnknownCommand.data(), verb.text.c_str()));
     }
     return row->parse(Args(*tokens).subspan(1));
 }
 
 std::string consoleHelp()
 {
-    std::string help;
-    for (const Verb& verb : kVerbs) {
-        help += "  ";
-        help += verb.usage;
-        help += "\n      ";
-        help += verb.description;
-        help += '\n';
-    }
-    return help;
+    return std::string(text::kSimConsoleHelp);
 }
 
 } // namespace koral::radiosim

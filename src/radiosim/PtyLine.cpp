@@ -1,5 +1,7 @@
 #include "radiosim/PtyLine.h"
 
+#include "common/Texts.h"
+
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -21,8 +23,8 @@ bool PtyLine::open()
     close();
     m_master = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
     if (m_master < 0 || ::grantpt(m_master) != 0 || ::unlockpt(m_master) != 0) {
-        m_error = QStringLiteral("cannot create a pseudo-terminal: %1")
-                      .arg(QString::fromLocal8Bit(std::strerror(errno)));
+        m_error =
+            QString::fromStdString(text::format(text::kSimNoPty.data(), std::strerror(errno)));
         close();
         return false;
     }

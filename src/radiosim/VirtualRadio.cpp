@@ -1,5 +1,6 @@
 #include "radiosim/VirtualRadio.h"
 
+#include "common/Texts.h"
 #include "koralapi/Opcodes.h"
 #include "koralapi/RadioRecords.h"
 #include "radiosim/BuiltInContents.h"
@@ -14,6 +15,11 @@
 namespace koral::radiosim {
 
 namespace {
+QString toQString(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
 template <typename... Ts>
 struct Overloaded : Ts...
 {
@@ -569,53 +575,53 @@ void VirtualRadio::play(const RadioEvent& event)
 
 QString VirtualRadio::execute(const ConsoleCommand& command)
 {
-    return std::visit(
-        Overloaded{
-            [this](const RadioEvent& event) {
-                play(event);
-                return QStringLiteral("ok");
-            },
-            [this](const FaultCommand& fault) {
-                inject(fault);
-                return QStringLiteral("fault set");
-            },
-            [this](const ClearFaults&) {
-                clearFaults();
-                return QStringLiteral("faults cleared");
-            },
-            [this](const SelfTestOutcome& outcome) {
-                setSelfTestOutcome(outcome);
-                return QStringLiteral("ok");
-            },
-            [this](const SetBaud& baud) {
-                if (baud.baud == 0) {
-                    setBaud(m_baud, false);
-                    return QStringLiteral("pacing off");
-                }
-                setBaud(baud.baud, true);
-                return QStringLiteral("pacing at %1 baud").arg(baud.baud);
-            },
-            [this](const SetMode& mode) {
-                m_model.ccirMode = mode.ccir;
-                powerCycle();
-                return QStringLiteral("restarted in %1 mode").arg(mode.ccir ? "CCIR" : "ALE");
-            },
-            [this](const SetVersion& version) {
-                m_model.softwareVersion = version.text;
-                writeText(m_db.radio, layout::kSoftwareVersion, 8, version.text);
-                return QStringLiteral("software version %1 (class %2)")
-                    .arg(QString::fromStdString(version.text))
-                    .arg(m_model.softwareClass());
-            },
-            [this](const SetSupport& support) {
-                m_model.extendedDatabases = support.extended;
-                return QStringLiteral("ok");
-            },
-            [this](const ShowStatus&) { return statusText(); },
-            [](const ShowHelp&) { return QString::fromStdString(consoleHelp()); },
-            [](const Quit&) { return QString(); },
-        },
-        command);
+    return std::visit(Overloaded{
+                          [this](const RadioEvent& event) {
+                              play(event);
+                              return toQString(text::kSimDone);
+                          },
+                          [this](const FaultCommand& fault) {
+                              inject(fault);
+                              return toQString(text::kSimFaultSet);
+                          },
+                          [this](const ClearFaults&) {
+                              clearFaults();
+                              return toQString(text::kSimFaultsCleared);
+                          },
+                          [this](const SelfTestOutcome& outcome) {
+                              setSelfTestOutcome(outcome);
+                              return toQString(text::kSimDone);
+                          },
+                          [this](const SetBaud& baud) {
+                              if (baud.baud == 0) {
+                                  setBaud(m_baud, false);
+                                  return toQString(text::kSimPacingOff);
+                              }
+                              setBaud(baud.baud, true);
+                              return toQString(text::format(text::kSimPacingAt.data(), baud.baud));
+                          },
+                          [this](const SetMode& mode) {
+                              m_model.ccirMode = mode.ccir;
+                              powerCycle();
+                              return toQString(text::format(text::kSimRestarted.data(),
+                                                            mode.ccir ? "CCIR" : "ALE"));
+                          },
+                          [this](const SetVersion& version) {
+                              m_model.softwareVersion = version.text;
+                              writeText(m_db.radio, layout::kSoftwareVersion, 8, version.text);
+                              return toQString(text::format(text::kSimVersionSet.data(),
+                                                            version.text.c_str(),
+                                                            m_model.softwareClass()));
+                          },
+                          [this](const SetSupport& support) {
+                              m_model.extendedDatabases = support.extended;
+                              return toQString(text::kSimDone);
+                          },
+                          [this](const ShowStatus&) { return statusText(); },
+                          [](const ShowHelp&) { return QString::fromStdString(consoleHelp()); },
+                          [](const Quit&) { return QString(); },
+                      },
+                      command);
 }
 
 QString VirtualRadio::executeFromAnyThread(const ConsoleCommand& command)
@@ -635,19 +641,13 @@ QString VirtualRadio::statusText() const
     const char* scan = m_state.groupScanning ? "group scan"
                        : m_state.aleScanning ? "ALE scan"
                                              : "no scan";
-    return QStringLiteral("%1 mode, software %2, channel %3 (%4), squelch %5, monitor %6, "
-                          "ALE %7, remote mode %8%9, line %10, faults %11")
-        .arg(m_model.ccirMode ? "CCIR" : "ALE")
-        .arg(QString::fromStdString(m_model.softwareVersion))
-        .arg(m_state.activeChannel)
-        .arg(scan)
-        .arg(m_state.squelch ? "on" : "off")
-        .arg(m_state.monitor ? "on" : "off")
-        .arg(m_state.aleOn ? "on" : "off")
-        .arg(m_state.remoteMode)
-        .arg(m_programmedMemory ? ", programming" : "")
-        .arg(QStringLiteral("%1 baud%2").arg(m_baud).arg(paced() ? "" : " (not paced)"))
-        .arg(m_faults.any() ? "set" : "none");
+    const auto onOff = [](bool on) { return on ? "on" : "off"; };
+    return toQString(text::format(text::kSimStatus.data(), m_model.ccirMode ? "CCIR" : "ALE",
+                                  m_model.softwareVersion.c_str(), m_state.activeChannel, scan,
+                                  onOff(m_state.squelch), onOff(m_state.monitor),
+                                  onOff(m_state.aleOn), unsigned{m_state.remoteMode},
+                                  m_programmedMemory ? ", programming" : "", m_baud,
+                                  paced() ? "" : " (not paced)", m_faults.any() ? "set" : "none"));
 }
 
 // --- database transfer ------------------------------------------------------------------------

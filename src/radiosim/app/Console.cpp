@@ -1,5 +1,6 @@
 #include "radiosim/app/Console.h"
 
+#include "common/Texts.h"
 #include "radiosim/ConsoleCommand.h"
 #include "radiosim/VirtualRadio.h"
 
@@ -41,7 +42,8 @@ void Console::handleLine(const QByteArray& line)
 {
     const ConsoleParse parsed = parseConsoleLine(line.trimmed().toStdString());
     if (!parsed.error.empty()) {
-        std::fprintf(m_err, "error: %s\n", parsed.error.c_str());
+        std::fputs(text::format(text::kSimConsoleError.data(), parsed.error.c_str()).c_str(),
+                   m_err);
         std::fflush(m_err);
         return;
     }

@@ -3,6 +3,7 @@
 #include "aledb/AleFile.h"
 #include "aledb/CcirFile.h"
 #include "aledb/ale_dbase.h"
+#include "common/Texts.h"
 #include "koralapi/RadioRecords.h"
 #include "radiodb/RssFile.h"
 #include "radiodb/dbase.h"
@@ -25,7 +26,14 @@ void toRadioOrder(const Record& record, std::array<std::uint8_t, N>& memory, Tra
 
 std::string missing(const std::string& path)
 {
-    return std::filesystem::exists(path) ? std::string() : "cannot find the file " + path;
+    return std::filesystem::exists(path) ? std::string()
+                                         : text::format(text::kSimFileMissing.data(), path.c_str());
+}
+
+std::string problem(const std::string& path, const std::string& error, std::string_view fallback)
+{
+    return text::format(text::kSimFileProblem.data(), path.c_str(),
+                        error.empty() ? std::string(fallback).c_str() : error.c_str());
 }
 
 std::string loadRss(const std::string& path, RadioDatabases& db)
@@ -34,8 +42,7 @@ std::string loadRss(const std::string& path, RadioDatabases& db)
     dbase record{};
     bool isb = false;
     if (const int result = file.load(nullptr, &record, &isb); result != RssFile::kOk) {
-        return path + ": " +
-               (file.errorString().empty() ? "not a radio database file" : file.errorString());
+        return problem(path, file.errorString(), text::kSimNotRssFile);
     }
     toRadioOrder(record, db.radio, TransferTarget::Radio);
     CcirChannelNumbers numbers{};
@@ -53,7 +60,7 @@ std::string loadAle(const std::string& path, RadioDatabases& db)
     std::string error;
     const int result = loadAleFile(path, &programme, nullptr, nullptr, AleSettings{}, true, &error);
     if (result != alefile::kSuccess) {
-        return path + ": " + (error.empty() ? "not an ALE database file" : error);
+        return problem(path, error, text::kSimNotAleFile);
     }
     toRadioOrder(programme.database, db.ale, TransferTarget::Ale);
     toRadioOrder(programme.globalMembers, db.globalMembers, TransferTarget::GlobalMembers);
@@ -67,8 +74,7 @@ std::string loadCcr(const std::string& path, RadioDatabases& db)
     ccir_dbase record{}; // radio order, as the file's loader hands it over
     CcirState state;
     if (file.load(nullptr, record, state) != CcirFile::kLoaded) {
-        return path + ": " +
-               (file.errorString().empty() ? "not a CCIR database file" : file.errorString());
+        return problem(path, file.errorString(), text::kSimNotCcrFile);
     }
     static_assert(sizeof record == RadioDatabases::kCcirSize);
     std::memcpy(db.ccir.data(), &record, sizeof record);
