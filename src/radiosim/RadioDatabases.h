@@ -62,7 +62,9 @@ inline constexpr std::size_t kChannelTx = 3;
 inline constexpr std::size_t kChannelRx = 7;
 // Inside the radio options.
 inline constexpr std::size_t kOptionPriority = 0;
+inline constexpr std::size_t kOptionScanRate = 3;
 inline constexpr std::size_t kOptionBaudIndex = 12;
+inline constexpr std::size_t kOptionNoiseBlanker = 13;
 
 inline constexpr std::size_t kNetSize = 91;
 inline constexpr std::size_t kNetCount = 20;
@@ -70,6 +72,7 @@ inline constexpr std::size_t kNetSelfAddress = 16;
 inline constexpr std::size_t kNetMembers = 32;
 inline constexpr std::size_t kNetAllCall = 48;
 inline constexpr std::size_t kNetAllCallChannel = 49;
+inline constexpr std::size_t kNetScanRate = 55;
 inline constexpr std::size_t kNetScannedChannels = 60;
 inline constexpr std::size_t kAleOptions = 1820;
 inline constexpr std::size_t kDirectory = 1832;

@@ -377,8 +377,7 @@ void VirtualRadio::onDataBlock(const CRadioMessage& request)
     }
     if (result->status == op::status::Done &&
         result->target == static_cast<int>(TransferTarget::Radio)) {
-        // New channels or options take effect at once, as after the radio's own programming.
-        restart();
+        takeNewMemoryIntoUse();
     }
     commandResult(result->request, result->target, result->status);
 }
@@ -398,7 +397,7 @@ void VirtualRadio::onStopProgramming(const CRadioMessage&)
     m_db.radio = *m_programmedMemory;
     m_programmedMemory.reset();
     commandResult(op::StopProgramming, 0, op::status::Done);
-    restart();
+    takeNewMemoryIntoUse();
 }
 
 } // namespace koral::radiosim

@@ -91,7 +91,7 @@ void VirtualRadio::powerCycle()
     m_state.activeChannel = channelProgrammed(m_db, channel)    ? channel
                             : channelProgrammed(m_db, priority) ? priority
                                                                 : 1;
-    m_state.noiseBlanker = m_db.radio[layout::kRadioOptions + 13] == 1;
+    m_state.noiseBlanker = m_db.radio[layout::kRadioOptions + layout::kOptionNoiseBlanker] == 1;
     m_state.aleOn = !m_model.ccirMode;
 }
 
@@ -100,6 +100,18 @@ void VirtualRadio::restart()
     const std::uint8_t remoteMode = m_state.remoteMode;
     powerCycle();
     m_state.remoteMode = remoteMode;
+}
+
+void VirtualRadio::takeNewMemoryIntoUse()
+{
+    restart();
+    // A paced line follows the baud rate the database now configures, as the radio's port
+    // does; the program reopens its side at that rate.
+    constexpr unsigned kRates[] = {1200, 2400, 4800, 9600};
+    const unsigned index = m_db.radio[layout::kRadioOptions + layout::kOptionBaudIndex];
+    if (paced() && index < std::size(kRates)) {
+        setBaud(kRates[index], true);
+    }
 }
 
 void VirtualRadio::clearFaults()
@@ -252,7 +264,8 @@ void VirtualRadio::startGroupScan(unsigned group)
     m_state.aleScanning = false;
     m_state.groupScanning = true;
     m_state.scanGroup = static_cast<std::uint8_t>(group);
-    const unsigned rate = std::clamp<unsigned>(m_db.radio[layout::kRadioOptions + 3], 1, 5);
+    const unsigned rate =
+        std::clamp<unsigned>(m_db.radio[layout::kRadioOptions + layout::kOptionScanRate], 1, 5);
     m_scanTimer.start(1000 / int(rate));
     if (!scanMember(m_state.activeChannel)) {
         moveToNextScanChannel();
@@ -267,7 +280,7 @@ void VirtualRadio::startAleScan(unsigned net)
     m_state.aleScanning = true;
     m_state.aleOn = true;
     m_state.scanNet = static_cast<std::uint8_t>(net);
-    const unsigned rate = m_db.ale[net * layout::kNetSize + 55] == 5 ? 5 : 2;
+    const unsigned rate = m_db.ale[net * layout::kNetSize + layout::kNetScanRate] == 5 ? 5 : 2;
     m_scanTimer.start(1000 / int(rate));
     if (!scanMember(m_state.activeChannel)) {
         moveToNextScanChannel();

@@ -57,6 +57,8 @@ public:
     void powerCycle();
     // A reset by command: as a power cycle, but the program stays in remote control.
     void restart();
+    // After a database write or memory programming: the radio restarts on its new memory.
+    void takeNewMemoryIntoUse();
 
     void play(const RadioEvent& event);
     void inject(const FaultCommand& fault) { m_faults.apply(fault); }

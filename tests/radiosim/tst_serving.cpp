@@ -13,6 +13,8 @@
 #include <QThread>
 #include <QtTest>
 
+#include <atomic>
+
 using namespace koral;
 using namespace koral::radiosim;
 
@@ -147,6 +149,22 @@ private slots:
         std::array<std::uint8_t, 4> extra{};
         QVERIFY(readTarget(&again, TransferTarget::ExtraOptions, extra, 0, {}, {}, 10));
         QCOMPARE(extra, builtInDatabases().extraOptions);
+    }
+
+    // Programming another baud rate into the radio moves its paced line to that rate.
+    void programmedBaudRateTakesEffect()
+    {
+        std::atomic<VirtualRadio*> radio{nullptr};
+        installBuiltInRadio({true, [&radio](VirtualRadio& created) { radio = &created; }});
+        MessageEngine engine;
+        QVERIFY(engine.OpenComPort(1, 9600) && engine.ConnectSocket(9600, 1));
+        std::array<std::uint8_t, 14> options{0, 1, 50, 2, 5, 0, 5, 0, 0, 1, 1, 1, 2, 1};
+        QVERIFY(StartRADIOProgramming(&engine));
+        QVERIFY(WriteRADIOMemorySection(&engine, options.data(), 4288, int(options.size())));
+        QVERIFY(StopRADIOProgramming(&engine));
+        const ConsoleCommand status = ShowStatus{};
+        QVERIFY(radio.load()->executeFromAnyThread(status).contains("line 4800 baud"));
+        engine.CloseComPort();
     }
 
     // Paced at 9600 baud, reading the radio database takes at least the wire time of its
