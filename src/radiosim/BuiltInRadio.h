@@ -16,8 +16,9 @@ struct BuiltInRadioOptions
 };
 
 // Makes port 1 of the radio library ("Virtual radio (built-in)") a virtual radio inside the
-// program: each opening of the port creates a fresh radio on the other end of an in-process
-// pipe.
+// program: each opening of the port connects a radio on the other end of an in-process pipe.
+// The radio's memory (databases, model, channel) survives closing and reopening the port, as
+// a real radio's does when its cable is unplugged; installing again starts a fresh radio.
 void installBuiltInRadio(BuiltInRadioOptions options = {});
 
 } // namespace koral::radiosim

@@ -66,7 +66,18 @@ VirtualRadio::VirtualRadio(RadioLine* line, QObject* parent)
 
 VirtualRadio::~VirtualRadio()
 {
+    if (m_onClose) {
+        m_onClose(*this);
+    }
     m_link.detach();
+}
+
+void VirtualRadio::restore(const RadioMemory& memory)
+{
+    m_db = memory.databases;
+    m_model = memory.model;
+    m_state.activeChannel = memory.activeChannel;
+    powerCycle();
 }
 
 void VirtualRadio::setBaud(unsigned baud, bool paced)

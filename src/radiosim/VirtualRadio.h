@@ -26,6 +26,14 @@ namespace koral::radiosim {
 
 class RadioLine;
 
+// What a radio keeps while it is switched off or its cable is unplugged.
+struct RadioMemory
+{
+    RadioDatabases databases;
+    RadioModel model;
+    unsigned activeChannel = 1;
+};
+
 // A KORAL radio without the radio: it holds the databases, its model and its live state,
 // answers every request of the link protocol through a table of handlers, sends the reports a
 // radio sends on its own, plays events and faults on command, and paces its bytes at the baud
@@ -51,6 +59,15 @@ public:
     RadioModel& model() { return m_model; }
     const RadioState& state() const { return m_state; }
     const FaultPlan& faults() const { return m_faults; }
+
+    RadioMemory memory() const { return {m_db, m_model, m_state.activeChannel}; }
+    // Takes over what another radio kept, and comes up on it as after switching it on.
+    void restore(const RadioMemory& memory);
+    // Called from the destructor, while the radio is still whole (e.g. to keep its memory).
+    void setOnClose(std::function<void(const VirtualRadio&)> onClose)
+    {
+        m_onClose = std::move(onClose);
+    }
 
     // Brings the radio up as after switching it on: live state from the databases, nothing
     // in progress. Databases and model stay.
@@ -188,6 +205,7 @@ private:
     QTimer m_scanTimer;
     int m_stepMs = 400;
     unsigned m_baud = 9600;
+    std::function<void(const VirtualRadio&)> m_onClose;
     std::array<unsigned, std::size_t(Activity::Count)> m_generation{};
 };
 

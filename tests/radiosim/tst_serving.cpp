@@ -151,6 +151,31 @@ private slots:
         QCOMPARE(extra, builtInDatabases().extraOptions);
     }
 
+    // Closing the built-in port unplugs the cable: what was written stays in the radio.
+    void builtInRadioKeepsItsMemoryAcrossReopening()
+    {
+        installBuiltInRadio({false, {}});
+        std::array<std::uint8_t, 4> written{0, 7, 1, 1};
+        {
+            MessageEngine engine;
+            QVERIFY(engine.OpenComPort(1, 115200) && engine.ConnectSocket(115200, 1));
+            QVERIFY(writeTarget(&engine, TransferTarget::ExtraOptions, written, 0, {}, {}, 10, 4));
+            engine.CloseComPort();
+        }
+        MessageEngine engine;
+        QVERIFY(engine.OpenComPort(1, 115200) && engine.ConnectSocket(115200, 1));
+        std::array<std::uint8_t, 4> back{};
+        QVERIFY(readTarget(&engine, TransferTarget::ExtraOptions, back, 0, {}, {}, 10));
+        QCOMPARE(back, written);
+        engine.CloseComPort();
+
+        installBuiltInRadio({false, {}}); // a new installation is a new radio
+        QVERIFY(engine.OpenComPort(1, 115200) && engine.ConnectSocket(115200, 1));
+        QVERIFY(readTarget(&engine, TransferTarget::ExtraOptions, back, 0, {}, {}, 10));
+        QCOMPARE(back, builtInDatabases().extraOptions);
+        engine.CloseComPort();
+    }
+
     // Programming another baud rate into the radio moves its paced line to that rate.
     void programmedBaudRateTakesEffect()
     {
