@@ -1,9 +1,6 @@
 #pragma once
 
-#include "session/BiteResults.h"
-
 #include <QDialog>
-#include <QTimer>
 
 class QButtonGroup;
 class QLabel;
@@ -13,28 +10,18 @@ class QTreeWidget;
 
 namespace koral {
 
-class CRadioMessage;
-class Notifier;
-class RadioLink;
+class BiteRunner;
 struct dbase;
 
-// "BITE": runs the radio's built-in test, follows its progress reports and lists the result
-// of every test item; the results can be saved with the radio's wide information.
+// "BITE": the window of the built-in test. It shows what the runner says (progress, status,
+// results) and hands the buttons to it; the runner talks to the radio.
 class BiteDialog : public QDialog
 {
     Q_OBJECT
 public:
-    // The radio has this long to report again before the dialog gives up on it.
-    static constexpr int kSilenceMilliseconds = 10000;
+    BiteDialog(BiteRunner& runner, const dbase& radio, QWidget* parent = nullptr);
 
-    BiteDialog(RadioLink& link, Notifier& notifier, const dbase& radio, QWidget* parent = nullptr);
-
-    // A self-test report from the radio (progress or result).
-    void onReport(const CRadioMessage& message);
-    bool isRunning() const { return m_running; }
-    BiteTestType testType() const;
-    void setTestType(BiteTestType type);
-
+    QButtonGroup* testTypes() const { return m_types; }
     QPushButton* runButton() const { return m_run; }
     QPushButton* saveButton() const { return m_save; }
     QTreeWidget* results() const { return m_results; }
@@ -42,19 +29,14 @@ public:
     QLabel* statusLine() const { return m_status; }
     QLabel* hintLine() const { return m_hint; }
 
-    void run();
     bool saveResults();
-
-    // Close: a running test is stopped with a radio reset first.
+    // Close: the runner stops a running test with a radio reset first.
     void reject() override;
 
 private:
-    void setControlsEnabled(bool enabled);
-    void setStatus(const QString& text, bool waiting);
-    void radioSilent();
+    void refresh();
 
-    RadioLink& m_link;
-    Notifier& m_notifier;
+    BiteRunner& m_runner;
     const dbase& m_radio;
     QButtonGroup* m_types;
     QLabel* m_hint;
@@ -64,10 +46,7 @@ private:
     QPushButton* m_run;
     QPushButton* m_save;
     QPushButton* m_close;
-    QTimer m_silence;
-    bool m_running = false;
-    BiteSummary m_summary;
-    BiteTestType m_ranType = BiteTestType::Full;
+    bool m_closing = false;
 };
 
 } // namespace koral

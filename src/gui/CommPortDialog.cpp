@@ -1,9 +1,7 @@
 #include "gui/CommPortDialog.h"
 
-#include "common/Notifier.h"
-#include "common/Texts.h"
 #include "koralapi/Ports.h"
-#include "session/RadioLink.h"
+#include "session/CommPortEditor.h"
 
 #include <QButtonGroup>
 #include <QComboBox>
@@ -17,12 +15,8 @@
 
 namespace koral {
 
-namespace {
-constexpr int kBaudRates[] = {1200, 2400, 4800, 9600};
-}
-
-CommPortDialog::CommPortDialog(RadioLink& link, Notifier& notifier, QWidget* parent)
-    : QDialog(parent), m_link(link), m_notifier(notifier)
+CommPortDialog::CommPortDialog(CommPortEditor& editor, QWidget* parent)
+    : QDialog(parent), m_editor(editor)
 {
     setWindowTitle(tr("Communication Ports"));
 
@@ -36,8 +30,9 @@ CommPortDialog::CommPortDialog(RadioLink& link, Notifier& notifier, QWidget* par
     auto* baudBox = new QGroupBox(tr("Baud Rate"), this);
     auto* baudLayout = new QHBoxLayout(baudBox);
     m_bauds = new QButtonGroup(this);
+    const char* rates[] = {"1200", "2400", "4800", "9600"};
     for (int i = 0; i < 4; ++i) {
-        auto* button = new QRadioButton(QString::number(kBaudRates[i]), baudBox);
+        auto* button = new QRadioButton(QString::fromLatin1(rates[i]), baudBox);
         m_bauds->addButton(button, i);
         baudLayout->addWidget(button);
     }
@@ -65,40 +60,13 @@ CommPortDialog::CommPortDialog(RadioLink& link, Notifier& notifier, QWidget* par
     layout->addWidget(m_notice);
     layout->addWidget(buttons);
 
-    m_ports->setCurrentIndex(std::clamp(link.settings().commPort - 1, 0, m_ports->count() - 1));
-    setBaudRate(link.settings().baudRate);
-}
-
-int CommPortDialog::selectedPort() const
-{
-    return m_ports->currentIndex() + 1;
-}
-
-int CommPortDialog::selectedBaudRate() const
-{
-    const int index = m_bauds->checkedId();
-    if (index < 0 || index > 3) {
-        m_notifier.show(text::kBaudRateIndexIncorrect);
-        return 0;
-    }
-    return kBaudRates[index];
-}
-
-bool CommPortDialog::setBaudRate(int baudRate)
-{
-    const auto* found = std::find(std::begin(kBaudRates), std::end(kBaudRates), baudRate);
-    if (found == std::end(kBaudRates)) {
-        m_notifier.show(text::kBaudRateIncorrect);
-        return false;
-    }
-    setBaudIndex(int(found - std::begin(kBaudRates)));
-    return true;
-}
-
-void CommPortDialog::setBaudIndex(int index)
-{
-    if (QAbstractButton* button = m_bauds->button(index))
+    m_ports->setCurrentIndex(editor.portIndex());
+    if (QAbstractButton* button = m_bauds->button(editor.baudIndex()))
         button->setChecked(true);
+    connect(m_ports, &QComboBox::currentIndexChanged, this,
+            [this](int index) { m_editor.setPortIndex(index); });
+    connect(m_bauds, &QButtonGroup::idClicked, this,
+            [this](int index) { m_editor.setBaudIndex(index); });
 }
 
 void CommPortDialog::showNotice(bool shown)
@@ -110,22 +78,14 @@ void CommPortDialog::showNotice(bool shown)
 void CommPortDialog::check()
 {
     showNotice(true);
-    m_link.changeRadioLink(selectedPort(), selectedBaudRate());
-    // The test answers for itself: no second, "does not respond" message.
-    m_link.setReportNoResponse(false);
-    const int result = m_link.testCommunication();
+    m_editor.check();
     showNotice(false);
-    if (result != 1)
-        m_notifier.show(text::byId(text::id::CommunicationTestFailed), Icon::Critical);
-    else
-        m_notifier.show(text::byId(text::id::CommunicationTestPassed), Icon::Information);
-    m_link.setReportNoResponse(true);
 }
 
 void CommPortDialog::accept()
 {
     showNotice(true);
-    m_link.changeRadioLink(selectedPort(), selectedBaudRate());
+    m_editor.accept();
     showNotice(false);
     QDialog::accept();
 }

@@ -83,8 +83,6 @@ MainWindow::MainWindow(const MainWindowOptions& options, QWidget* parent)
 
     // The start-up notice, then the first connection once the window is on the screen.
     showNotice(tr("%1  27/10/2003").arg(qs(text::kApplicationName)), 4000, true);
-    if (options.connectAtStart)
-        QMetaObject::invokeMethod(m_radio, &RadioController::startUp, Qt::QueuedConnection);
 }
 
 MainWindow::~MainWindow() = default;
@@ -371,8 +369,6 @@ void MainWindow::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
-    if (m_radio)
-        m_radio->shutDown();
     event->accept();
 }
 

@@ -1,5 +1,6 @@
 #include "gui/RadioController.h"
 
+#include "aledb/ConfigurationCheck.h"
 #include "common/Texts.h"
 #include "gui/BiteDialog.h"
 #include "gui/CommPortDialog.h"
@@ -8,13 +9,11 @@
 #include "gui/RssPanel.h"
 #include "gui/ToolbarImages.h"
 #include "koralapi/DatabaseTransfer.h"
-#include "koralapi/RadioRecords.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QStandardPaths>
-#include <QThread>
 
 #include <cstring>
 #include <filesystem>
@@ -58,65 +57,80 @@ constexpr ToggleBinding kToggles[] = {
 
 RadioController::RadioController(MainWindow& window, const MainWindowOptions& options,
                                  QObject* parent)
-    : QObject(parent), m_window(window), m_link(window.notifier(), m_flags, m_trace),
-      m_commands(m_link, m_view, m_flags, window.notifier(), m_trace),
-      m_transfer(m_link, m_commands, m_view, m_flags, m_records, window.notifier(), m_trace),
-      m_calls(dataDirectory(options)),
-      m_dispatcher(m_link, m_commands, m_view, m_flags, m_calls, window.notifier())
+    : QObject(parent), m_window(window), m_session(window.notifier(), dataDirectory(options))
 {
-    m_link.initSession();
-    if (options.port > 0 || options.baud > 0)
-        m_link.changeRadioLink(options.port > 0 ? options.port : m_link.settings().commPort,
-                               options.baud > 0 ? options.baud : m_link.settings().baudRate);
-    m_progress = std::make_unique<ProgressDialog>([this] { m_transfer.cancel(); }, &window);
-    m_transfer.setProgressView(m_progress.get());
-    connect(&m_link, &RadioLink::incomingMessage, &m_dispatcher,
-            &MessageDispatcher::onIncomingMessage);
-    connect(&m_link, &RadioLink::waitCursorChanged, this, [](bool on) {
+    m_progress =
+        std::make_unique<ProgressDialog>([this] { m_session.transfer().cancel(); }, &window);
+    m_session.transfer().setProgressView(m_progress.get());
+
+    ViewCommands& commands = m_session.commands();
+    connect(&m_session.link(), &RadioLink::waitCursorChanged, this, [](bool on) {
         if (on)
             QApplication::setOverrideCursor(Qt::WaitCursor);
         else
             QApplication::restoreOverrideCursor();
     });
-    connect(&m_commands, &ViewCommands::statusTextChanged, this,
+    connect(&commands, &ViewCommands::statusTextChanged, this,
             [this](const std::string& text) { emit statusText(QString::fromStdString(text)); });
-    connect(&m_commands, &ViewCommands::noticeChanged, this, &RadioController::showNotice);
-    connect(&m_commands, &ViewCommands::busyChanged, this, &RadioController::stateChanged);
-    connect(&m_commands, &ViewCommands::radioCommandsEnabledChanged, this,
+    connect(&commands, &ViewCommands::noticeChanged, this, &RadioController::showNotice);
+    connect(&commands, &ViewCommands::busyChanged, this, &RadioController::stateChanged);
+    connect(&commands, &ViewCommands::radioCommandsEnabledChanged, this,
             &RadioController::stateChanged);
-    connect(&m_commands, &ViewCommands::toggleChanged, this, &RadioController::stateChanged);
-    connect(&m_transfer, &DatabaseTransfer::softwareClassChanged, this,
+    connect(&commands, &ViewCommands::toggleChanged, this, &RadioController::stateChanged);
+    connect(&m_session.transfer(), &DatabaseTransfer::softwareClassChanged, this,
             &RadioController::stateChanged);
-    connect(&m_transfer, &DatabaseTransfer::storeEditsRequested, this,
+    connect(&m_session.transfer(), &DatabaseTransfer::storeEditsRequested, this,
             &RadioController::storePanelIntoRecords);
+    connect(&m_session, &ControlCenterSession::startUpFinished, this, [this](bool ready) {
+        if (ready)
+            takeRecordsIntoPanel();
+        emit stateChanged();
+    });
+    connect(this, &RadioController::stateChanged, this, &RadioController::updateCommands);
     bindCommands();
+
+    if (!options.connectAtStart)
+        return;
+    RadioLink& link = m_session.link();
+    if (options.port <= 0 && options.baud <= 0) {
+        m_session.initSession();
+        return;
+    }
+    // A port or baud rate given for this run is taken like one chosen in the dialog.
+    link.initSession();
+    m_session.calls().load();
+    const int port = options.port > 0 ? options.port : link.settings().commPort;
+    const int baud = options.baud > 0 ? options.baud : link.settings().baudRate;
+    if (link.changeRadioLink(port, baud)) {
+        link.closeRadioLink();
+        QMetaObject::invokeMethod(&m_session, &ControlCenterSession::startUpExchange,
+                                  Qt::QueuedConnection);
+    }
 }
 
-RadioController::~RadioController()
-{
-    m_link.closeRadioLink();
-}
+RadioController::~RadioController() = default;
 
 void RadioController::bindCommands()
 {
+    ViewCommands& commands = m_session.commands();
     for (const ToggleBinding& binding : kToggles) {
-        QAction* action = m_window.command(binding.action);
         const Toggle toggle = binding.toggle;
-        connect(action, &QAction::triggered, this, [this, toggle] {
-            m_commands.toggle(toggle);
-            updateCommands();
-        });
+        connect(m_window.command(binding.action), &QAction::triggered, this,
+                [this, &commands, toggle] {
+                    commands.toggle(toggle);
+                    updateCommands();
+                });
     }
     connect(m_window.command("readDevice"), &QAction::triggered, this,
             &RadioController::readDevice);
     connect(m_window.command("writeDevice"), &QAction::triggered, this,
             &RadioController::writeDevice);
-    connect(m_window.command("reset"), &QAction::triggered, this, [this] {
-        m_commands.performReset();
+    connect(m_window.command("reset"), &QAction::triggered, this, [this, &commands] {
+        commands.performReset();
         updateCommands();
     });
-    connect(m_window.command("remote"), &QAction::triggered, this, [this] {
-        m_commands.toggleRemoteMode();
+    connect(m_window.command("remote"), &QAction::triggered, this, [this, &commands] {
+        commands.toggleRemoteMode();
         updateCommands();
     });
 }
@@ -140,85 +154,21 @@ void RadioController::showNotice(ViewCommands::Notice notice, bool shown)
     }
 }
 
-void RadioController::communicationPortSetup()
-{
-    m_commands.setRadioCommandsEnabled(false);
-    m_commands.beginBusy();
-    const int port = m_link.settings().commPort;
-    const int baud = m_link.settings().baudRate;
-    CommPortDialog dialog(m_link, m_window.notifier(), &m_window);
-    connect(&dialog, &CommPortDialog::helpRequested, &m_window, &MainWindow::openHelp);
-    if (dialog.exec() != QDialog::Accepted) {
-        // A "Check" with other settings is undone.
-        m_commands.setStatusText(std::string(text::byId(text::id::CommandInProgress)));
-        m_link.changeRadioLink(port, baud);
-    }
-    m_commands.endBusy();
-    m_commands.setStatusText({});
-    m_view.radioReady = m_link.testCommunication() != 0;
-    if (m_view.radioReady && m_view.databaseRead)
-        m_commands.setRadioCommandsEnabled(true);
-    updateCommands();
-    emit stateChanged();
-}
-
-void RadioController::runBite()
-{
-    BiteDialog dialog(m_link, m_window.notifier(), m_records.radio, &m_window);
-    m_bite = &dialog;
-    const auto connection =
-        connect(&m_dispatcher, &MessageDispatcher::selfTestReport, &dialog, &BiteDialog::onReport);
-    emit biteOpened(&dialog);
-    dialog.exec();
-    disconnect(connection);
-    m_bite = nullptr;
-}
-
-void RadioController::startUp()
-{
-    m_view.radioReady = false;
-    m_commands.setRadioCommandsEnabled(false);
-    m_commands.beginBusy();
-    if (m_link.openRadioLink()) {
-        const int exchanged = m_commands.remoteModeExchange();
-        m_commands.setRadioCommandsEnabled(true);
-        if (exchanged) {
-            const int result = m_transfer.readDevice();
-            if (result > 0) {
-                m_view.radioReady = true;
-                m_commands.setRadioCommandsEnabled(true);
-                takeRecordsIntoPanel();
-            }
-        }
-    }
-    m_commands.endBusy();
-    updateCommands();
-    emit stateChanged();
-}
-
-void RadioController::shutDown()
-{
-    m_link.closeRadioLink();
-    m_link.saveCommPortFile();
-}
-
 void RadioController::readDevice()
 {
-    if (m_view.busy || !m_window.rssPanel()->maybeSave())
+    if (isBusy() || !m_window.rssPanel()->maybeSave())
         return;
-    m_transfer.readDeviceCommand();
-    if (m_view.radioReady)
+    m_session.transfer().readDeviceCommand();
+    if (m_session.view().radioReady)
         takeRecordsIntoPanel();
-    updateCommands();
     emit stateChanged();
 }
 
 void RadioController::writeDevice()
 {
-    if (m_view.busy)
+    if (isBusy())
         return;
-    m_transfer.writeDeviceCommand();
-    updateCommands();
+    m_session.transfer().writeDeviceCommand();
     emit stateChanged();
 }
 
@@ -226,128 +176,133 @@ void RadioController::takeRecordsIntoPanel()
 {
     RssPanel* panel = m_window.rssPanel();
     RssDocument& document = panel->document();
-    document.record = m_records.radio;
-    document.ccirPresent = m_flags.ccirMode;
+    const SessionRecords& records = m_session.records();
+    document.record = records.radio;
+    document.ccirPresent = ccirMode();
     if (document.ccirPresent) {
         // The radio keeps the numbers most significant byte first.
         for (std::size_t i = 0; i < document.ccirNumbers.size(); ++i)
-            document.ccirNumbers[i] = std::uint16_t(m_records.channelNames[2 * i] << 8 |
-                                                    m_records.channelNames[2 * i + 1]);
+            document.ccirNumbers[i] =
+                std::uint16_t(records.channelNames[2 * i] << 8 | records.channelNames[2 * i + 1]);
     }
-    document.isb = m_dispatcher.isbMode() == 1;
+    document.isb = m_session.dispatcher().isbMode() == 1;
     document.markClean();
-    panel->setIsbOffered(m_dispatcher.isbMode() == 1);
+    panel->setIsbOffered(m_session.dispatcher().isbMode() == 1);
+    // The check covers the channels the ALE nets read from the radio refer to.
+    std::vector<AleNetChannels> nets;
+    if (!ccirMode()) {
+        const auto all = aleNetChannels(records.ale);
+        nets.assign(all.begin(), all.end());
+    }
+    panel->setAleNets(std::move(nets));
     panel->refresh();
 }
 
 void RadioController::storePanelIntoRecords()
 {
     const RssDocument& document = m_window.rssPanel()->document();
-    m_records.radio = document.record;
+    SessionRecords& records = m_session.records();
+    records.radio = document.record;
     if (document.ccirPresent) {
         for (std::size_t i = 0; i < document.ccirNumbers.size(); ++i) {
-            m_records.channelNames[2 * i] = std::uint8_t(document.ccirNumbers[i] >> 8);
-            m_records.channelNames[2 * i + 1] = std::uint8_t(document.ccirNumbers[i] & 0xFF);
+            records.channelNames[2 * i] = std::uint8_t(document.ccirNumbers[i] >> 8);
+            records.channelNames[2 * i + 1] = std::uint8_t(document.ccirNumbers[i] & 0xFF);
         }
     }
 }
 
+void RadioController::communicationPortSetup()
+{
+    CommPortEditor& editor = m_session.beginCommPortSetup();
+    CommPortDialog dialog(editor, &m_window);
+    connect(&dialog, &CommPortDialog::helpRequested, &m_window, &MainWindow::openHelp);
+    m_session.endCommPortSetup(dialog.exec() == QDialog::Accepted);
+    emit stateChanged();
+}
+
+void RadioController::runBite()
+{
+    BiteRunner& runner = m_session.bite();
+    BiteDialog dialog(runner, m_session.records().radio, &m_window);
+    emit biteOpened(&dialog);
+    dialog.exec();
+    emit stateChanged();
+}
+
 void RadioController::updateCommands()
 {
+    const ViewCommands& commands = m_session.commands();
     for (const ToggleBinding& binding : kToggles) {
         QAction* action = m_window.command(binding.action);
-        action->setEnabled(m_commands.isEnabled(binding.command) && m_commands.toolbarEnabled());
-        action->setChecked(m_commands.isChecked(binding.command));
-        action->setIcon(ToolbarImages::icon(m_commands.imageIndex(binding.toggle)));
+        action->setEnabled(commands.isEnabled(binding.command) && commands.toolbarEnabled());
+        action->setChecked(commands.isChecked(binding.command));
+        action->setIcon(ToolbarImages::icon(commands.imageIndex(binding.toggle)));
     }
-    const bool idle = !m_view.busy;
-    m_window.command("readDevice")->setEnabled(m_commands.isEnabled(Command::ReadDevice));
-    m_window.command("writeDevice")->setEnabled(idle && m_link.isPortOpen());
-    m_window.command("reset")->setEnabled(m_commands.isEnabled(Command::Reset));
-    m_window.command("commPort")->setEnabled(m_commands.isEnabled(Command::CommPortSetup));
-    m_window.command("remote")->setChecked(m_commands.isChecked(Command::RemoteControl));
-    m_window.command("bite")->setEnabled(idle && m_commands.isReady());
-    m_window.command("exit")->setEnabled(m_commands.closeEnabled());
+    const bool idle = !isBusy();
+    m_window.command("readDevice")->setEnabled(commands.isEnabled(Command::ReadDevice));
+    m_window.command("writeDevice")->setEnabled(idle && m_session.link().isPortOpen());
+    m_window.command("reset")->setEnabled(commands.isEnabled(Command::Reset));
+    m_window.command("commPort")->setEnabled(commands.isEnabled(Command::CommPortSetup));
+    m_window.command("remote")->setChecked(commands.isChecked(Command::RemoteControl));
+    m_window.command("bite")->setEnabled(idle && commands.isReady());
+    m_window.command("exit")->setEnabled(commands.closeEnabled());
 }
 
 QString RadioController::serialPane() const
 {
-    return QString::fromStdString(m_commands.serialPane());
+    return QString::fromStdString(m_session.commands().serialPane());
 }
 
 QString RadioController::codePane() const
 {
-    return QString::fromStdString(m_commands.codePane());
+    return QString::fromStdString(m_session.commands().codePane());
 }
 
 QString RadioController::comPane() const
 {
-    return QString::fromStdString(m_commands.comPane());
+    return QString::fromStdString(m_session.commands().comPane());
 }
 
 bool RadioController::isConnected() const
 {
-    return m_link.isPortOpen() && m_view.radioReady;
+    return m_session.link().isPortOpen() && m_session.view().radioReady;
 }
 
-bool RadioController::writeSection(const dbase& record, int offset, int length)
+bool RadioController::programmed(const std::function<int()>& write)
 {
-    // The radio keeps its numbers big-endian: convert a copy of the section for the write.
-    std::array<std::uint8_t, sizeof(dbase)> bytes{};
-    std::memcpy(bytes.data(), &record, sizeof(dbase));
-    std::span<std::uint8_t> section(bytes.data() + offset, std::size_t(length));
-    convertByteOrder(TransferTarget::Radio, section, std::size_t(offset));
-    return WriteRADIOMemorySection(m_link.engine(), section.data(), offset, unsigned(length)) != 0;
-}
-
-bool RadioController::writeChannels(const dbase& record)
-{
-    m_commands.beginBusy();
+    // The radio takes memory writes only in programming mode.
+    RadioLink& link = m_session.link();
+    m_session.commands().beginBusy();
     const bool written =
-        StartRADIOProgramming(m_link.engine()) &&
-        writeSection(record, int(offsetof(dbase, channels)), int(sizeof record.channels)) &&
-        StopRADIOProgramming(m_link.engine());
-    m_commands.endBusy();
-    if (written)
-        m_records.radio.channels = record.channels;
+        StartRADIOProgramming(link.engine()) && write() && StopRADIOProgramming(link.engine());
+    m_session.commands().endBusy();
+    emit stateChanged();
     return written;
 }
 
-bool RadioController::writeGroups(const dbase& record)
+bool RadioController::writeChannels(dbase& document,
+                                    std::span<const channel, kChannelCount> channels)
 {
-    m_commands.beginBusy();
-    const bool written =
-        StartRADIOProgramming(m_link.engine()) &&
-        writeSection(record, int(offsetof(dbase, groups)), int(sizeof record.groups)) &&
-        StopRADIOProgramming(m_link.engine());
-    m_commands.endBusy();
-    if (written)
-        m_records.radio.groups = record.groups;
-    return written;
+    return programmed([&] { return m_session.memory().writeChannels(document, channels); });
 }
 
-bool RadioController::programOptions(const dbase& record, int baudRate)
+bool RadioController::writeGroups(dbase& document, std::span<const Group, kGroupCount> groups)
 {
-    m_commands.beginBusy();
-    bool written =
-        StartRADIOProgramming(m_link.engine()) &&
-        writeSection(record, int(offsetof(dbase, radioOptions)), int(sizeof record.radioOptions)) &&
-        writeSection(record, 0, int(offsetof(dbase, parameters))) &&
-        writeSection(record, int(offsetof(dbase, accessoryInstalled)), 2) &&
-        StopRADIOProgramming(m_link.engine());
-    if (written) {
-        // The radio may have changed its baud rate: follow it.
-        QThread::msleep(100);
-        written = baudRate > 0 && m_link.changeRadioLink(m_link.settings().commPort, baudRate);
-    }
-    m_commands.endBusy();
-    if (written) {
-        std::memcpy(reinterpret_cast<unsigned char*>(&m_records.radio), &record,
-                    offsetof(dbase, parameters));
-        m_records.radio.radioOptions = record.radioOptions;
-        m_records.radio.accessoryInstalled = record.accessoryInstalled;
-        m_records.radio.tuner = record.tuner;
-    }
+    return programmed([&] { return m_session.memory().writeGroups(document, groups); });
+}
+
+bool RadioController::programOptions(dbase& document, const dbase& edited)
+{
+    MemoryProgramming::Options options;
+    options.options = edited.radioOptions;
+    std::memcpy(options.head.data(), reinterpret_cast<const unsigned char*>(&edited),
+                options.head.size());
+    options.accessoryInstalled = edited.accessoryInstalled;
+    options.tuner = edited.tuner;
+    options.baudIndex = edited.radioOptions.baudRate;
+    m_session.commands().beginBusy();
+    const bool written = m_session.memory().programOptions(document, options) == 1;
+    m_session.commands().endBusy();
     emit stateChanged();
     return written;
 }

@@ -1,14 +1,7 @@
 #pragma once
 
 #include "gui/RssRadio.h"
-#include "session/CallStore.h"
-#include "session/DatabaseTransfer.h"
-#include "session/MessageDispatcher.h"
-#include "session/RadioLink.h"
-#include "session/SessionRecords.h"
-#include "session/SessionState.h"
-#include "session/TraceWriter.h"
-#include "session/ViewCommands.h"
+#include "session/ControlCenterSession.h"
 
 #include <QObject>
 #include <QString>
@@ -23,7 +16,8 @@ struct MainWindowOptions;
 
 // Binds the main window to the radio session: the start-up exchange, Read and Write Device
 // under the progress dialog, the toolbar toggles with their images and enable rules, the
-// status panes, the notices, the busy state, and the section writes of the RSS panel.
+// status panes, the notices, the busy state, the Communication Ports and BITE dialogs, and
+// the section writes of the RSS panel.
 class RadioController : public QObject, public RssRadio
 {
     Q_OBJECT
@@ -31,39 +25,29 @@ public:
     RadioController(MainWindow& window, const MainWindowOptions& options, QObject* parent);
     ~RadioController() override;
 
-    // The start-up exchange: open the link, enter remote mode and read the radio.
-    void startUp();
-    // Closes the link and keeps CommPort.txt and the call files.
-    void shutDown();
     // Brings every radio command's enabled and checked state up to date.
     void updateCommands();
 
     void readDevice();
     void writeDevice();
-    // "Communication Port Setup" and the BITE dialog.
     void communicationPortSetup();
     void runBite();
 
-    bool ccirMode() const { return m_flags.ccirMode; }
-    int softwareClass() const { return m_flags.softwareClass; }
-    bool isBusy() const { return m_view.busy; }
+    bool ccirMode() const { return m_session.flags().ccirMode; }
+    int softwareClass() const { return m_session.flags().softwareClass; }
+    bool isBusy() const { return m_session.view().busy; }
     QString serialPane() const;
     QString codePane() const;
     QString comPane() const;
 
-    RadioLink& link() { return m_link; }
-    ViewCommands& commands() { return m_commands; }
-    DatabaseTransfer& transfer() { return m_transfer; }
-    SessionRecords& records() { return m_records; }
-    CapabilityFlags& flags() { return m_flags; }
-    ViewState& view() { return m_view; }
+    ControlCenterSession& session() { return m_session; }
     ProgressDialog* progressDialog() const { return m_progress.get(); }
 
     // RssRadio
     bool isConnected() const override;
-    bool writeChannels(const dbase& record) override;
-    bool writeGroups(const dbase& record) override;
-    bool programOptions(const dbase& record, int baudRate) override;
+    bool writeChannels(dbase& document, std::span<const channel, kChannelCount> channels) override;
+    bool writeGroups(dbase& document, std::span<const Group, kGroupCount> groups) override;
+    bool programOptions(dbase& document, const dbase& edited) override;
 
 signals:
     void stateChanged();
@@ -76,20 +60,13 @@ private:
     void takeRecordsIntoPanel();
     void storePanelIntoRecords();
     void showNotice(ViewCommands::Notice notice, bool shown);
-    bool writeSection(const dbase& record, int offset, int length);
+    // A section write between the start and the end of programming mode.
+    bool programmed(const std::function<int()>& write);
 
     MainWindow& m_window;
-    CapabilityFlags m_flags;
-    ViewState m_view;
-    SessionRecords m_records;
-    TraceWriter m_trace;
-    RadioLink m_link;
-    ViewCommands m_commands;
-    DatabaseTransfer m_transfer;
-    CallStore m_calls;
-    MessageDispatcher m_dispatcher;
+    // mutable: the session hands out its parts only through non-const accessors.
+    mutable ControlCenterSession m_session;
     std::unique_ptr<ProgressDialog> m_progress;
-    BiteDialog* m_bite = nullptr;
 };
 
 } // namespace koral

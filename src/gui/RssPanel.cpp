@@ -282,8 +282,7 @@ void RssPanel::editChannels(int channel)
     ChannelConfigDialog::ProgramFunction program;
     if (m_radio && m_radio->isConnected()) {
         program = [this](const ChannelConfigEditor& e) {
-            m_document.record.channels = e.channels();
-            const bool written = m_radio->writeChannels(m_document.record);
+            const bool written = m_radio->writeChannels(m_document.record, e.channels());
             documentEdited();
             reportWrite(written);
             return written;
@@ -306,8 +305,9 @@ void RssPanel::editGroups()
     GroupsDialog::ProgramFunction program;
     if (m_radio && m_radio->isConnected()) {
         program = [this](const GroupSelections& groups) {
-            GroupsEditor::toRecord(groups, m_document.record);
-            const bool written = m_radio->writeGroups(m_document.record);
+            dbase edited = m_document.record;
+            GroupsEditor::toRecord(groups, edited);
+            const bool written = m_radio->writeGroups(m_document.record, edited.groups);
             documentEdited();
             reportWrite(written);
             return written;
@@ -326,9 +326,9 @@ void RssPanel::editRadioOptions()
     RadioOptionsDialog::ProgramFunction program;
     if (m_radio && m_radio->isConnected()) {
         program = [this](const RadioOptionsEditor& e) {
-            const int baud = e.chosenBaudRate(m_notifier);
-            e.apply(m_document.record, m_document.isb);
-            const bool written = m_radio->programOptions(m_document.record, baud);
+            dbase edited = m_document.record;
+            e.apply(edited, m_document.isb);
+            const bool written = m_radio->programOptions(m_document.record, edited);
             documentEdited();
             reportWrite(written);
             return written;

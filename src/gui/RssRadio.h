@@ -1,21 +1,25 @@
 #pragma once
 
+#include "radiodb/dbase.h"
+
+#include <span>
+
 namespace koral {
 
-struct dbase;
-
 // What the RSS panel's dialogs need of the connected radio: writing single sections of the
-// database straight into its memory. Each call returns whether the radio took the write.
+// database straight into its memory. Each write takes the section into the document first,
+// whatever the radio answers, and returns whether the radio took it.
 class RssRadio
 {
 public:
     virtual ~RssRadio() = default;
     virtual bool isConnected() const = 0;
-    virtual bool writeChannels(const dbase& record) = 0;
-    virtual bool writeGroups(const dbase& record) = 0;
-    // Writes the radio options, the head and the accessory bytes, then reopens the link at
-    // the baud rate the options now configure (baudRate, bits per second).
-    virtual bool programOptions(const dbase& record, int baudRate) = 0;
+    virtual bool writeChannels(dbase& document,
+                               std::span<const channel, kChannelCount> channels) = 0;
+    virtual bool writeGroups(dbase& document, std::span<const Group, kGroupCount> groups) = 0;
+    // The radio options, the head and the accessory bytes of `edited`; the link is then
+    // reopened at the baud rate the options configure.
+    virtual bool programOptions(dbase& document, const dbase& edited) = 0;
 };
 
 } // namespace koral

@@ -7,7 +7,9 @@ namespace koral::ToolbarImages {
 
 namespace {
 
-constexpr const char* kLabels[] = {"SQL", "MON", "NB", "ATT", "CLP"};
+// The image slots of the toolbar strip; the on/off commands sit from slot 3 on.
+constexpr const char* kLabels[kPairDistance] = {"",    "",    "", "SQL", "MON", "NB",
+                                                "ATT", "CLP", "", "",    "",    ""};
 
 QPixmap plate(const QString& label, const QColor& face, const QColor& led, bool withLed)
 {
@@ -38,8 +40,7 @@ QIcon icon(int index)
 {
     const bool on = index < kPairDistance;
     const int command = index % kPairDistance;
-    const QString label =
-        command < int(std::size(kLabels)) ? QString::fromLatin1(kLabels[command]) : QString();
+    const QString label = QString::fromLatin1(kLabels[command]);
     return QIcon(plate(label, QColor(0xE8, 0xE8, 0xE0),
                        on ? QColor(0x20, 0xD0, 0x30) : QColor(0x50, 0x50, 0x50), true));
 }

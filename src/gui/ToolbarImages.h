@@ -10,11 +10,11 @@ namespace ToolbarImages {
 
 inline constexpr int kPairDistance = 12;
 // The "on" images of the five on/off commands.
-inline constexpr int kSquelch = 0;
-inline constexpr int kMonitor = 1;
-inline constexpr int kNoiseBlanker = 2;
-inline constexpr int kAttenuator = 3;
-inline constexpr int kClipper = 4;
+inline constexpr int kSquelch = 3;
+inline constexpr int kMonitor = 4;
+inline constexpr int kNoiseBlanker = 5;
+inline constexpr int kAttenuator = 6;
+inline constexpr int kClipper = 7;
 
 QIcon icon(int index);
 // The other images of the toolbars, drawn the same way.

@@ -82,16 +82,6 @@ void RadioOptionsEditor::setAccessory(Accessory which, bool on)
     }
 }
 
-int RadioOptionsEditor::chosenBaudRate(Notifier& notifier) const
-{
-    static constexpr int kRates[] = {1200, 2400, 4800, 9600};
-    if (m_options.baudRate > 3) {
-        notifier.show(text::kBaudRateIndexIncorrect);
-        return 0;
-    }
-    return kRates[m_options.baudRate];
-}
-
 void RadioOptionsEditor::apply(dbase& record, bool& isb) const
 {
     record.radioOptions = m_options;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "common/Notifier.h"
 #include "radiodb/dbase.h"
 
 #include <cstdint>
@@ -68,10 +67,6 @@ public:
 
     // Whether the priority channel was changed (the document then counts as modified).
     bool priorityChanged() const { return m_priorityChanged; }
-
-    // The baud rate chosen in the list, for reopening the link after programming; an index
-    // outside 0..3 says so and gives 0.
-    int chosenBaudRate(Notifier& notifier) const;
 
     // Stores the dialog's copy into the record.
     void apply(dbase& record, bool& isb) const;

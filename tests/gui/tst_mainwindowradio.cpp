@@ -13,6 +13,9 @@
 #include "gui/RadioOptionsDialog.h"
 #include "gui/RssPanel.h"
 #include "radiosim/BuiltInRadio.h"
+#include "session/BiteRunner.h"
+
+#include <QButtonGroup>
 
 #include <QComboBox>
 #include <QLabel>
@@ -70,11 +73,11 @@ private slots:
 
     void startUpReadsTheRadio()
     {
-        QTRY_VERIFY_WITH_TIMEOUT(radio()->view().radioReady && !radio()->isBusy(), 90000);
+        QTRY_VERIFY_WITH_TIMEOUT(radio()->session().view().radioReady && !radio()->isBusy(), 90000);
         QVERIFY(MessageBoxNotifier::shownTexts().isEmpty());
         QVERIFY(m_captions.contains(QStringLiteral("Radio Data Base")));
         QVERIFY(radio()->progressDialog()->caption().startsWith(QStringLiteral("Reading ")));
-        const dbase& read = radio()->records().radio;
+        const dbase& read = radio()->session().records().radio;
         QCOMPARE(std::memcmp(&panel()->document().record, &read, sizeof(dbase)), 0);
         QVERIFY(!panel()->document().isModified());
         const QString serial = QString::fromStdString(std::string(fieldText(read.serialNumber)));
@@ -93,7 +96,7 @@ private slots:
         const bool before = squelch->isChecked();
         squelch->trigger();
         QCOMPARE(squelch->isChecked(), !before);
-        QCOMPARE(radio()->commands().state(ViewCommands::Toggle::Squelch), !before);
+        QCOMPARE(radio()->session().commands().state(ViewCommands::Toggle::Squelch), !before);
         squelch->trigger();
         QCOMPARE(squelch->isChecked(), before);
     }
@@ -101,8 +104,8 @@ private slots:
     void communicationPortsCheckAndCancel()
     {
         onNextDialog<CommPortDialog>([](CommPortDialog* dialog) {
-            QCOMPARE(dialog->selectedPort(), 1);
-            QCOMPARE(dialog->selectedBaudRate(), 9600);
+            QCOMPARE(dialog->portList()->currentIndex(), 0);
+            QCOMPARE(dialog->baudButtons()->checkedId(), 3);
             screenshot(dialog, "comm-ports");
             dialog->check();
             dialog->reject();
@@ -111,7 +114,7 @@ private slots:
         m_window->command("commPort")->trigger();
         QCOMPARE(MessageBoxNotifier::shownTexts(),
                  QStringList{"Communication test has been completed successfully."});
-        QVERIFY(radio()->view().radioReady);
+        QVERIFY(radio()->session().view().radioReady);
         QVERIFY(!radio()->isBusy());
     }
 
@@ -153,23 +156,29 @@ private slots:
     {
         BiteDialog* shown = nullptr;
         const QString file = m_dir.filePath("bite.txt");
-        connect(radio(), &RadioController::biteOpened, this, [&shown, file](BiteDialog* dialog) {
-            shown = dialog;
-            QTimer::singleShot(0, dialog, [dialog, file] {
-                dialog->setTestType(BiteTestType::LowRf);
-                QCOMPARE(dialog->hintLine()->text(), QString());
-                QTest::mouseClick(dialog->runButton(), Qt::LeftButton);
-                QVERIFY(dialog->isRunning());
-                QTRY_VERIFY_WITH_TIMEOUT(!dialog->isRunning(), 60000);
-                QVERIFY(dialog->statusLine()->text().startsWith(QStringLiteral("Summary: ")));
-                QCOMPARE(dialog->progressBar()->value(), 12);
-                QVERIFY(dialog->results()->topLevelItemCount() > 0);
-                screenshot(dialog, "bite");
-                FileDialogs::queueFileName(file);
-                QVERIFY(dialog->saveResults());
-                dialog->reject();
+        BiteRunner& runner = radio()->session().bite();
+        connect(
+            radio(), &RadioController::biteOpened, this,
+            [&shown, &runner, file](BiteDialog* dialog) {
+                shown = dialog;
+                QTimer::singleShot(0, dialog, [dialog, &runner, file] {
+                    dialog->testTypes()->button(0)->click();
+                    QCOMPARE(dialog->hintLine()->text(), QStringLiteral("Connect a dummy load"));
+                    dialog->testTypes()->button(2)->click();
+                    QCOMPARE(dialog->hintLine()->text(), QString());
+                    QTest::mouseClick(dialog->runButton(), Qt::LeftButton);
+                    QVERIFY(runner.isRunning());
+                    QVERIFY(!dialog->runButton()->isEnabled());
+                    QTRY_VERIFY_WITH_TIMEOUT(!runner.isRunning(), 60000);
+                    QVERIFY(dialog->statusLine()->text().startsWith(QStringLiteral("Summary: ")));
+                    QCOMPARE(dialog->progressBar()->value(), 12);
+                    QVERIFY(dialog->results()->topLevelItemCount() > 0);
+                    screenshot(dialog, "bite");
+                    FileDialogs::queueFileName(file);
+                    QVERIFY(dialog->saveResults());
+                    dialog->reject();
+                });
             });
-        });
         m_window->command("bite")->trigger();
         QVERIFY(shown);
         QFile saved(file);

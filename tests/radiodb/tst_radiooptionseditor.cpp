@@ -1,4 +1,3 @@
-#include "common/RecordingNotifier.h"
 #include "radiodb/RadioOptionsEditor.h"
 #include "radiodb/WideInformationView.h"
 
@@ -161,28 +160,6 @@ private slots:
         QCOMPARE(record.accessoryInstalled, 3);
         RadioOptionsEditor second(record, false);
         QCOMPARE(second.accessoryInstalled(), 0);
-    }
-
-    void chosenBaudRate_data()
-    {
-        QTest::addColumn<int>("index");
-        QTest::addColumn<int>("rate");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("1200") << 0 << 1200 << "";
-        QTest::newRow("9600") << 3 << 9600 << "";
-        QTest::newRow("bad") << 4 << 0 << "Baud Rate Index is not correct!";
-    }
-    void chosenBaudRate()
-    {
-        QFETCH(int, index);
-        QFETCH(int, rate);
-        QFETCH(QString, message);
-        RecordingNotifier notifier;
-        RadioOptionsEditor editor(dbase{}, false);
-        editor.setBaudRateIndex(index);
-        QCOMPARE(editor.chosenBaudRate(notifier), rate);
-        QCOMPARE(QString::fromStdString(notifier.texts().empty() ? "" : notifier.texts()[0]),
-                 message);
     }
 
     void optionSlotCheck_data()
