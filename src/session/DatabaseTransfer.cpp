@@ -211,8 +211,8 @@ int DatabaseTransfer::readDataBases()
         return special;
     m_records.radio = dbase{};
     m_records.ale = ale_dbase{};
-    m_records.ccir = {};
-    m_records.channelNames = {};
+    m_records.ccir = ccir_dbase{};
+    m_records.channelNames = channel_name{};
     m_records.globalMembers = ale_dbase_global_members{};
     if (m_flags.extraOptionsSupported)
         m_records.extraOptions = AleExtraOptions{};
@@ -234,13 +234,11 @@ int DatabaseTransfer::readDataBases()
         }
     } else if (ok) {
         m_trace.traceLine("BEFORE ReadCcirDataBase()");
-        ok = ReadCcirDataBase(engine, reinterpret_cast<ccir_dbase*>(m_records.ccir.data()), pump(),
-                              progress(), kPatience);
+        ok = ReadCcirDataBase(engine, &m_records.ccir, pump(), progress(), kPatience);
         if (ok) {
             m_trace.traceLine("BEFORE ReadChannelNameDataBase()");
-            ok = ReadChannelNameDataBase(
-                engine, reinterpret_cast<channel_name*>(m_records.channelNames.data()), pump(),
-                progress(), kPatience);
+            ok = ReadChannelNameDataBase(engine, &m_records.channelNames, pump(), progress(),
+                                         kPatience);
         }
     }
     if (ok && m_flags.extraOptionsSupported) {
@@ -272,12 +270,9 @@ int DatabaseTransfer::writeDataBases()
     ok = ok && WriteAleDataBase(engine, &m_records.ale, pump(), progress(), kPatience, ccir,
                                 aleGlobal, extra);
     if (ccir) {
-        ok = ok &&
-             WriteCcirDataBase(engine, reinterpret_cast<const ccir_dbase*>(m_records.ccir.data()),
-                               pump(), progress(), kPatience);
-        ok = ok && WriteChannelNameDataBase(
-                       engine, reinterpret_cast<const channel_name*>(m_records.channelNames.data()),
-                       pump(), progress(), kPatience, extra);
+        ok = ok && WriteCcirDataBase(engine, &m_records.ccir, pump(), progress(), kPatience);
+        ok = ok && WriteChannelNameDataBase(engine, &m_records.channelNames, pump(), progress(),
+                                            kPatience, extra);
     } else if (aleGlobal) {
         ok = ok && WriteGlobalMemberDataBase(engine, &m_records.globalMembers, pump(), progress(),
                                              kPatience, extra);

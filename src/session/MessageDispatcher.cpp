@@ -56,7 +56,12 @@ MessageDispatcher::MessageDispatcher(RadioLink& link, ViewCommands& commands, Vi
 
 void MessageDispatcher::onIncomingMessage()
 {
-    m_lastIncoming = m_link.latestIncoming();
+    dispatchMessage(m_link.latestIncoming());
+}
+
+void MessageDispatcher::dispatchMessage(const CRadioMessage& message)
+{
+    m_lastIncoming = message;
     m_view.lastOpcode = m_lastIncoming.GetOpcode();
     dispatch();
 }

@@ -39,6 +39,8 @@ public:
 
     // Takes the latest hand-over and dispatches it (connected to RadioLink::incomingMessage).
     void onIncomingMessage();
+    // Takes `message` as the latest and acts on it.
+    void dispatchMessage(const CRadioMessage& message);
     // Acts on `lastIncoming` by `view.lastOpcode`, then runs the common tail.
     void dispatch();
 

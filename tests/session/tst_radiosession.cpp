@@ -85,8 +85,10 @@ private slots:
                             radio.globalMembers.size()) == 0 ||
                 !extended || ccir);
         if (ccir) {
-            QVERIFY(radio.ccir == session.records().ccir);
-            QVERIFY(radio.channelNames == session.records().channelNames);
+            QVERIFY(std::memcmp(radio.ccir.data(), &session.records().ccir, radio.ccir.size()) ==
+                    0);
+            QVERIFY(std::memcmp(radio.channelNames.data(), &session.records().channelNames,
+                                radio.channelNames.size()) == 0);
         }
         QVERIFY(!session.transfer().programmedChannels().empty());
         QCOMPARE(session.view().serialNumber,

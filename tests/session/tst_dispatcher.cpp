@@ -1,0 +1,170 @@
+// The view's dispatch of incoming messages and its common tail, message by message, with no
+// radio on the line.
+
+#include "SessionFixture.h"
+
+#include <QSignalSpy>
+
+using namespace koral;
+using namespace koral::test;
+
+namespace {
+
+CRadioMessage report(int opcode, std::initializer_list<std::uint8_t> payload)
+{
+    CRadioMessage message;
+    message.prepareReport();
+    message.setOpcodeAndLength(opcode, payload.size());
+    std::size_t at = 6;
+    for (std::uint8_t byte : payload)
+        message[at++] = byte;
+    return message;
+}
+
+} // namespace
+
+class DispatcherTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void linkResults_data()
+    {
+        QTest::addColumn<int>("stateBefore");
+        QTest::addColumn<int>("code");
+        QTest::addColumn<int>("stateAfter");
+        QTest::addColumn<int>("logged");
+        QTest::addColumn<QString>("status");
+        QTest::newRow("no link") << 36 << 0 << 1 << 0 << "No link was established.";
+        QTest::newRow("link") << 36 << 1 << 1 << 0 << "Link was established.";
+        QTest::newRow("channel busy ends an incoming call") << 55 << 2 << 1 << 1 << "Channel busy.";
+        QTest::newRow("station busy while idle") << 1 << 3 << 1 << 0 << "Station busy.";
+        QTest::newRow("code 5 changes only the tail") << 55 << 5 << 55 << 0 << "";
+        QTest::newRow("ignored while replacing") << 39 << 0 << 39 << 0 << "";
+        QTest::newRow("tail 54 goes idle") << 54 << 6 << 1 << 0 << "";
+    }
+    void linkResults()
+    {
+        QFETCH(int, stateBefore);
+        QFETCH(int, code);
+        QFETCH(int, stateAfter);
+        QFETCH(int, logged);
+        QFETCH(QString, status);
+        SessionFixture fixture;
+        auto& session = *fixture.session;
+        session.view().callState = stateBefore;
+        session.dispatcher().setCallControls(7);
+        session.dispatcher().dispatchMessage(report(85, {std::uint8_t(code)}));
+        QCOMPARE(session.view().callState, stateAfter);
+        QCOMPARE(int(session.calls().log().size()), logged);
+        QCOMPARE(int(session.calls().stack().size()), logged);
+        QCOMPARE(QString::fromStdString(session.commands().callStatus()), status);
+        // Every result that was acted on leaves the call controls idle again.
+        const bool actedOn = stateBefore != 39 && code < 4;
+        QCOMPARE(session.dispatcher().callControls().idle, actedOn);
+        QCOMPARE(session.view().linked, !actedOn);
+        QCOMPARE(texts(fixture.notifier), QStringList());
+    }
+
+    void commonTail_data()
+    {
+        QTest::addColumn<int>("stateBefore");
+        QTest::addColumn<int>("opcode");
+        QTest::addColumn<int>("stateAfter");
+        QTest::addColumn<bool>("linked");
+        QTest::newRow("36 ends on another report") << 36 << 84 << 1 << false;
+        QTest::newRow("36 waits on a status value") << 36 << 65 << 36 << true;
+        QTest::newRow("40 becomes 36") << 40 << 84 << 36 << true;
+        QTest::newRow("57 shows the link") << 57 << 84 << 1 << true;
+        QTest::newRow("58 ends the call") << 58 << 84 << 1 << false;
+        QTest::newRow("34 clears the indicators") << 34 << 84 << 1 << true;
+        QTest::newRow("call progress sets 31") << 1 << 69 << 31 << true;
+        QTest::newRow("monitor report goes idle") << 40 << 89 << 1 << true;
+    }
+    void commonTail()
+    {
+        QFETCH(int, stateBefore);
+        QFETCH(int, opcode);
+        QFETCH(int, stateAfter);
+        QFETCH(bool, linked);
+        SessionFixture fixture;
+        auto& session = *fixture.session;
+        session.view().linked = true;
+        session.view().callState = stateBefore;
+        session.dispatcher().dispatchMessage(report(opcode, {0, 0, 0, 0}));
+        QCOMPARE(session.view().callState, stateAfter);
+        QCOMPARE(session.view().linked, linked);
+    }
+
+    void monitorReportShowsOnTheToolbar_data()
+    {
+        QTest::addColumn<int>("byte6");
+        QTest::addColumn<bool>("on");
+        QTest::newRow("on") << 1 << true;
+        QTest::newRow("off") << 0 << false;
+        QTest::newRow("out of range is off") << 7 << false;
+    }
+    void monitorReportShowsOnTheToolbar()
+    {
+        QFETCH(int, byte6);
+        QFETCH(bool, on);
+        SessionFixture fixture;
+        auto& commands = fixture.session->commands();
+        commands.showToggleState(ViewCommands::Toggle::Monitor, !on);
+        fixture.session->dispatcher().dispatchMessage(report(89, {std::uint8_t(byte6)}));
+        QCOMPARE(commands.state(ViewCommands::Toggle::Monitor), on);
+        QCOMPARE(commands.imageIndex(ViewCommands::Toggle::Monitor) < 12, on);
+    }
+
+    void panelReports()
+    {
+        SessionFixture fixture;
+        auto& dispatcher = fixture.session->dispatcher();
+        QSignalSpy status(&dispatcher, &MessageDispatcher::channelPaneStatus);
+        QSignalSpy indicator(&dispatcher, &MessageDispatcher::linkIndicator);
+        QSignalSpy isb(&dispatcher, &MessageDispatcher::isbModeReported);
+        dispatcher.dispatchMessage(report(65, {1, 0, 0, 42}));
+        dispatcher.dispatchMessage(report(65, {4, 0, 0, 42}));
+        dispatcher.dispatchMessage(report(48, {1}));
+        dispatcher.dispatchMessage(report(48, {2}));
+        dispatcher.dispatchMessage(report(30, {0}));
+        QCOMPARE(status.count(), 1);
+        QCOMPARE(status.front().front().value<std::string>(), std::string("42"));
+        QCOMPARE(indicator.count(), 1);
+        QCOMPARE(isb.count(), 2);
+        QCOMPARE(dispatcher.isbMode(), 1);
+        QCOMPARE(isb.back().at(1).toBool(), false);
+    }
+
+    void channelReportLayoutFollowsTheSoftwareClass_data()
+    {
+        QTest::addColumn<int>("softwareClass");
+        QTest::addColumn<int>("layout");
+        QTest::newRow("class 1") << 1 << 2;
+        QTest::newRow("class 2") << 2 << 1;
+        QTest::newRow("unknown") << 0 << 1;
+    }
+    void channelReportLayoutFollowsTheSoftwareClass()
+    {
+        QFETCH(int, softwareClass);
+        QFETCH(int, layout);
+        SessionFixture fixture;
+        fixture.session->flags().softwareClass = std::uint8_t(softwareClass);
+        int shown = 0;
+        connect(&fixture.session->dispatcher(), &MessageDispatcher::channelReport, this,
+                [&](const CRadioMessage&, int used) { shown = used; });
+        fixture.session->dispatcher().dispatchMessage(report(46, {0, 5}));
+        QCOMPARE(shown, layout);
+    }
+
+    void remoteRequestRunsTheExchangeOnlyWhenReady()
+    {
+        SessionFixture fixture;
+        fixture.session->dispatcher().dispatchMessage(report(28, {}));
+        QVERIFY(fixture.session->view().remoteRequested);
+        // Not ready: nothing was sent, so nothing could fail.
+        QCOMPARE(texts(fixture.notifier), QStringList());
+    }
+};
+
+QTEST_GUILESS_MAIN(DispatcherTest)
+#include "tst_dispatcher.moc"
