@@ -242,9 +242,6 @@ private slots:
                    QCOMPARE(p.database.autoDials[9].address, kSlotEmpty);
                    QCOMPARE(p.database.autoDials[9].message, kSlotEmpty);
                });
-        QTest::newRow("scan rate 3 is repaired to 2")
-            << QByteArray("[Net No. 1]\nScan_Rate=3 Ch/Sec\nScanned Channels=4\n")
-            << AleSetup([](AleProgramme& p) { QCOMPARE(p.database.nets[0].scanRate, 2); });
         QTest::newRow("an unknown silent text means silent")
             << QByteArray("[Net No. 1]\nSilent=Maybe\n")
             << AleSetup([](AleProgramme& p) { QCOMPARE(p.database.nets[0].silent, 0); });
@@ -288,13 +285,6 @@ private slots:
                    QCOMPARE(d[3].address, kSlotEmpty);
                    QCOMPARE(d[3].message, kSlotEmpty);
                });
-        QTest::newRow("texts are cleaned and cut")
-            << QByteArray("[Directory]\nAddress No. 100=AB-12 x\n[Messages]\nMessage No. 9=") +
-                   QByteArray(95, 'M') + "\n"
-            << AleSetup([](AleProgramme& p) {
-                   QCOMPARE(std::string(fieldText(p.database.directory[99])), std::string("AB12x"));
-                   QCOMPARE(fieldText(p.database.messages[9]).size(), std::size_t(90));
-               });
         QTest::newRow("extra options come back from Options")
             << QByteArray("[Options]\nMultinet=Yes\nMax Channel=120\nVcds=Yes\n"
                           "LinkAfterBidr=Yes\n")
@@ -304,16 +294,6 @@ private slots:
                    QCOMPARE(p.extraOptions.vcds, 1);
                    QCOMPARE(p.extraOptions.linkAfterBidr, 1);
                    QCOMPARE(p.database.options.multinet, 1);
-               });
-        QTest::newRow("global members by number")
-            << QByteArray("[Net No. 5]\nGlobal Member No. 1=129\nGlobal Member No. 20=3\n"
-                          "Global Members Name=GRP\n")
-            << AleSetup([](AleProgramme& p) {
-                   const auto& group = p.globalMembers.nets[4];
-                   QCOMPARE(group.members[0], 129);
-                   QCOMPARE(group.members[1], kSlotEmpty);
-                   QCOMPARE(group.members[19], 3);
-                   QCOMPARE(std::string(fieldText(group.name)), std::string("GRP"));
                });
     }
     void loading()
@@ -362,40 +342,6 @@ private slots:
         writeAleProfile(file, p, sampleRadio(), nullptr, {});
         QVERIFY(!file.hasSection("Net No. 2"));
         QCOMPARE(file.read("Net No. 4", "Net Name"), std::string("NETD"));
-    }
-
-    void fileKeepsIdentityAndInformation()
-    {
-        QTemporaryDir dir;
-        const std::filesystem::path path = dir.filePath("prog.ale").toStdString();
-        FileInfo info{"two\r\nlines", "OPERATOR", 0};
-        QCOMPARE(saveAleFile(path, sampleProgramme(), sampleRadio(), &info, {}), 0);
-        QVERIFY(info.modificationTime > 0);
-        dbase radio{};
-        FileInfo loadedInfo;
-        AleProgramme p;
-        QCOMPARE(loadAleFile(path, &p, &radio, &loadedInfo, {}, false), 0);
-        QCOMPARE(std::string(fieldText(radio.serialNumber)), std::string("SN000123"));
-        QCOMPARE(std::string(fieldText(radio.controlHeadHardwareVersion)), std::string("01.00"));
-        QCOMPARE(loadedInfo.comment, info.comment);
-        QCOMPARE(loadedInfo.userName, info.userName);
-    }
-
-    void exampleSavesToItsOwnBytes()
-    {
-        QFile example(KORAL_EXAMPLES_DIR "/radio.ale");
-        QVERIFY(example.open(QIODevice::ReadOnly));
-        const QByteArray bytes = example.readAll();
-        ProfileFile in;
-        in.setContent(std::string_view(bytes.constData(), std::size_t(bytes.size())));
-        AleProgramme p;
-        dbase radio{};
-        FileInfo info;
-        QCOMPARE(readAleProfile(in, &p, &radio, &info, {}, false), 0);
-        QCOMPARE(int(p.database.nets[0].members[6]), int(kSlotSelfAddress));
-        ProfileFile out;
-        writeAleProfile(out, p, radio, &info, {});
-        QCOMPARE(QByteArray::fromStdString(out.content()), bytes);
     }
 
     void unwritablePathFails()

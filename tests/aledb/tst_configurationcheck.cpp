@@ -1,9 +1,7 @@
 #include "AleTestSupport.h"
 
-#include "aledb/AleFile.h"
 #include "aledb/ConfigurationCheck.h"
 #include "common/RecordingNotifier.h"
-#include "radiodb/RssFile.h"
 #include "radiodb/dbase.h"
 
 #include <QtTest>
@@ -49,17 +47,6 @@ private slots:
         QVERIFY(result.ale.someNetConfigured);
     }
 
-    void cleanProgrammeHasNoLine()
-    {
-        AleProgramme p = emptyProgramme();
-        setNet(p, 1, "NETA", "HOME", {1, 5});
-        RecordingNotifier notifier;
-        const ConfigurationCheckResult result =
-            runConfigurationCheck(radioWithTwoChannels(), &p, {}, notifier);
-        QVERIFY(result.lines().empty());
-        QVERIFY(result.ale.valid && result.radioConfigurationValid());
-    }
-
     void withoutAleProgrammeOnlyTheRadioIsChecked()
     {
         dbase radio = radioWithTwoChannels();
@@ -68,20 +55,6 @@ private slots:
         const ConfigurationCheckResult result = runConfigurationCheck(radio, nullptr, {}, notifier);
         QCOMPARE(result.lines(), std::vector<std::string>{"Priority channel 3 is not programmed."});
         QVERIFY(result.ale.valid);
-    }
-
-    void examplesAreConsistent()
-    {
-        dbase radio{};
-        QCOMPARE(RssFile(KORAL_EXAMPLES_DIR "/radio.rss").load(nullptr, &radio, nullptr),
-                 RssFile::kOk);
-        AleProgramme p;
-        QCOMPARE(loadAleFile(KORAL_EXAMPLES_DIR "/radio.ale", &p, nullptr, nullptr, {}, false),
-                 alefile::kSuccess);
-        RecordingNotifier notifier;
-        const ConfigurationCheckResult result = runConfigurationCheck(radio, &p, {}, notifier);
-        QCOMPARE(result.lines(), std::vector<std::string>{});
-        QVERIFY(result.ale.someNetConfigured);
     }
 };
 

@@ -67,13 +67,6 @@ private slots:
         QCOMPARE(editor.text(), std::string("FIRST"));
     }
 
-    void longTextKeepsNinetyCharacters()
-    {
-        MessageEditor editor(emptyProgramme().database);
-        editor.setText(std::string(95, 'X'));
-        QCOMPARE(fieldText(editor.database().messages[0]).size(), std::size_t(90));
-    }
-
     void dialLists()
     {
         AleProgramme p = emptyProgramme();
