@@ -86,10 +86,7 @@ void BiteRunner::onWatchdog()
 void BiteRunner::close()
 {
     if (isRunning()) {
-        CRadioMessage reset;
-        reset.prepareRequest();
-        PerformReset(&reset);
-        m_link.sendToRadio(reset);
+        m_link.sendRequest(&PerformReset);
         setStatus(std::string(text::kWaitForReset), true);
         emit changed();
         m_link.waitPumping(20);

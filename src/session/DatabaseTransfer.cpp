@@ -23,13 +23,6 @@ namespace {
 // How many seconds the radio may take to start answering a transfer.
 constexpr int kPatience = 10;
 
-CRadioMessage freshRequest()
-{
-    CRadioMessage message;
-    message.prepareRequest();
-    return message;
-}
-
 std::string fieldString(const std::array<char, 16>& field)
 {
     return std::string(fieldText(field));
@@ -101,13 +94,6 @@ int DatabaseTransfer::loadProgressDlg()
     return result;
 }
 
-bool DatabaseTransfer::sendQuery(int (*build)(CRadioMessage*))
-{
-    CRadioMessage message = freshRequest();
-    build(&message);
-    return m_link.sendToRadio(message) != 0;
-}
-
 void DatabaseTransfer::awaitAnswer(const std::atomic<int>& answers, int before)
 {
     // The answer comes through the incoming worker; the queries after it depend on what it
@@ -128,14 +114,14 @@ int DatabaseTransfer::capabilityQueries(bool readMode)
     // The answer may be settled by the worker before the send returns here, so it is taken
     // as answered while the query is out; a query the radio did not take undoes that.
     m_flags.supportModeAnswered = true;
-    m_flags.supportModeAnswered = sendQuery(&ReportRadioSupportMode);
+    m_flags.supportModeAnswered = m_link.sendRequest(&ReportRadioSupportMode);
     if (m_flags.supportModeAnswered)
         awaitAnswer(m_flags.supportAnswers, supportBefore);
 
     m_flags.ccirMode = false;
     m_flags.ccirFileLoaded = false;
     const int ccirBefore = m_flags.ccirAnswers;
-    if (!sendQuery(&ReportCcirMode)) {
+    if (!m_link.sendRequest(&ReportCcirMode)) {
         // A radio that cannot say is taken to be a CCIR radio.
         m_flags.ccirMode = true;
         return 0;
@@ -164,7 +150,7 @@ int DatabaseTransfer::readWork()
     const bool cancelled = gate < 0;
     if (!readDataBases())
         return 0;
-    if (!sendQuery(&ReportIsbMode))
+    if (!m_link.sendRequest(&ReportIsbMode))
         return 0;
     return cancelled ? 0 : 1;
 }
@@ -289,11 +275,8 @@ int DatabaseTransfer::writeDataBases()
 int DatabaseTransfer::queryByte(int (*build)(CRadioMessage*), int replyOpcode, int byteIndex,
                                 int& value)
 {
-    m_link.lockGetMessage();
-    if (!sendQuery(build))
-        return 0;
-    CRadioMessage reply = freshRequest();
-    if (!m_link.waitForRadioReply(reply, replyOpcode))
+    CRadioMessage reply;
+    if (!m_link.query(build, replyOpcode, reply))
         return 0;
     value = reply[std::size_t(byteIndex)];
     return 1;
@@ -316,7 +299,7 @@ int DatabaseTransfer::readDevice()
         return 0;
     m_view.radioReady = true;
     m_trace.traceLine("BEFORE PerformReset()");
-    if (!sendQuery(&PerformReset))
+    if (!m_link.sendRequest(&PerformReset))
         return 0;
     m_records.reference = m_records.radio;
 

@@ -79,7 +79,6 @@ private:
     int readWork();
     int writeWork();
     int capabilityQueries(bool readMode);
-    bool sendQuery(int (*build)(CRadioMessage*));
     void awaitAnswer(const std::atomic<int>& answers, int before);
     int queryByte(int (*build)(CRadioMessage*), int replyOpcode, int byteIndex, int& value);
     int fillChannelList();

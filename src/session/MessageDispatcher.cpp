@@ -269,23 +269,15 @@ void MessageDispatcher::setCallControls(int step)
     emit callControlsChanged();
 }
 
-int MessageDispatcher::sendRequest(int (*build)(CRadioMessage*))
-{
-    CRadioMessage message;
-    message.prepareRequest();
-    build(&message);
-    return m_link.sendToRadio(message);
-}
-
 int MessageDispatcher::acceptLink()
 {
     m_view.lastOpcode = kAcceptedOpcode;
-    return sendRequest(&AcceptLink);
+    return m_link.sendRequest(&AcceptLink);
 }
 
 int MessageDispatcher::abortLink()
 {
-    const int sent = sendRequest(&AbortLink);
+    const int sent = m_link.sendRequest(&AbortLink);
     m_view.lastOpcode = kAbortedOpcode;
     m_view.callState = kAborted;
     m_commands.showCallStatus(-1);

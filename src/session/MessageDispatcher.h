@@ -85,7 +85,6 @@ private:
     void commonTail();
     void receiveCall();
     void establishedLink();
-    int sendRequest(int (*build)(CRadioMessage*));
 
     RadioLink& m_link;
     ViewCommands& m_commands;

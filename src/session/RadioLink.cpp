@@ -130,6 +130,29 @@ void RadioLink::lockGetMessage()
     m_engine->LockGetMessage();
 }
 
+CRadioMessage RadioLink::newRequest()
+{
+    CRadioMessage message;
+    message.prepareRequest();
+    return message;
+}
+
+int RadioLink::sendRequest(int (*build)(CRadioMessage*))
+{
+    CRadioMessage message = newRequest();
+    build(&message);
+    return sendToRadio(message);
+}
+
+int RadioLink::query(int (*build)(CRadioMessage*), int replyOpcode, CRadioMessage& reply)
+{
+    lockGetMessage();
+    if (!sendRequest(build))
+        return 0;
+    reply = newRequest();
+    return waitForRadioReply(reply, replyOpcode);
+}
+
 int RadioLink::testCommunication()
 {
     if (!isPortOpen())

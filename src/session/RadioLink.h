@@ -66,6 +66,12 @@ public:
     // silenced). Call lockGetMessage before sending the request.
     int waitForRadioReply(CRadioMessage& message, int opcode);
     void lockGetMessage();
+    // A request prepared as the program prepares every request (bytes 0, 2 and 5).
+    static CRadioMessage newRequest();
+    // Builds a request that takes no arguments and sends it.
+    int sendRequest(int (*build)(CRadioMessage*));
+    // Locks the replies, sends the request and waits for its reply; 1 with the reply.
+    int query(int (*build)(CRadioMessage*), int replyOpcode, CRadioMessage& reply);
     // 0 without an open port, else whether the radio answered the program-word query.
     int testCommunication();
     // `rounds` times: sleep 10 ms, then let the window handle what is pending.

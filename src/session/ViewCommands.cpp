@@ -15,13 +15,6 @@ namespace {
 // SetDspMenuParameters leaves a value of 255 as the radio has it.
 constexpr int kUnchanged = 255;
 
-CRadioMessage freshRequest()
-{
-    CRadioMessage message;
-    message.prepareRequest();
-    return message;
-}
-
 } // namespace
 
 ViewCommands::ViewCommands(RadioLink& link, ViewState& view, CapabilityFlags& flags,
@@ -71,7 +64,7 @@ int ViewCommands::toggle(Toggle which)
     bool& setting = flag(which);
     setting = !setting;
     const int on = setting ? 1 : 0;
-    CRadioMessage message = freshRequest();
+    CRadioMessage message = RadioLink::newRequest();
     switch (which) {
     case Toggle::Squelch:
         SetSquelchOnOff(&message, 0, on);
@@ -155,46 +148,33 @@ bool ViewCommands::isChecked(Command command) const
     return false;
 }
 
-int ViewCommands::query(int replyOpcode, CRadioMessage& reply, int (*build)(CRadioMessage*))
-{
-    m_link.lockGetMessage();
-    CRadioMessage request = freshRequest();
-    build(&request);
-    if (!m_link.sendToRadio(request))
-        return 0;
-    reply = freshRequest();
-    return m_link.waitForRadioReply(reply, replyOpcode);
-}
-
 int ViewCommands::updateToolBarAndSliders()
 {
     CRadioMessage reply;
-    if (!query(op::SquelchState, reply, &ReportSquelchState))
+    if (!m_link.query(&ReportSquelchState, op::SquelchState, reply))
         return 0;
     setToggle(Toggle::Squelch, (reply[6] & 2) != 0);
 
     // The monitor state comes back as a report through the incoming worker.
-    CRadioMessage monitor = freshRequest();
-    ReportMonitorState(&monitor);
-    m_link.sendToRadio(monitor);
+    m_link.sendRequest(&ReportMonitorState);
 
-    if (!query(op::DspParameters, reply, &ReportDspMenuParameters))
+    if (!m_link.query(&ReportDspMenuParameters, op::DspParameters, reply))
         return 0;
     m_dspSliderPosition = reply[6] * m_dspLineSize + 300;
     setToggle(Toggle::Clipper, reply[7] != 0);
     setToggle(Toggle::NoiseBlanker, reply[8] != 0);
     setToggle(Toggle::Attenuator, reply[9] != 0);
 
-    if (!query(op::ClarifierPosition, reply, &ReportClarifierPosition))
+    if (!m_link.query(&ReportClarifierPosition, op::ClarifierPosition, reply))
         return 0;
     m_clarifierOn = reply[6] == 1 || reply[6] == 2;
     m_clarifierPosition = reply[6] == 1 ? reply[7] : reply[6] == 2 ? -reply[7] : 0;
     emit slidersChanged();
 
-    if (!query(op::OperationMode, reply, &ReportRadioOperationMode))
+    if (!m_link.query(&ReportRadioOperationMode, op::OperationMode, reply))
         return 0;
     m_view.operationMode = reply[6];
-    if (!query(op::AleOnOff, reply, &ReportAleON_OFF))
+    if (!m_link.query(&ReportAleON_OFF, op::AleOnOff, reply))
         return 0;
     m_flags.aleState = reply[6];
     m_flags.aleOff = reply[6] != 1;
@@ -206,14 +186,14 @@ int ViewCommands::updateToolBarAndSliders()
 
 int ViewCommands::enableSpecialReport()
 {
-    CRadioMessage message = freshRequest();
+    CRadioMessage message = RadioLink::newRequest();
     EnableDisableSpecialReport(&message, 0, m_view.databaseRead ? 1 : 0, op::ChannelReport);
     return m_link.sendToRadio(message);
 }
 
 int ViewCommands::remoteModeExchange()
 {
-    CRadioMessage message = freshRequest();
+    CRadioMessage message = RadioLink::newRequest();
     EnterRemoteMode(&message, m_view.remoteMode);
     if (!m_link.sendToRadio(message))
         return 0;
@@ -224,7 +204,7 @@ int ViewCommands::remoteModeExchange()
 int ViewCommands::toggleRemoteMode()
 {
     m_view.remoteMode = m_view.remoteMode > 0 ? 0 : 2;
-    CRadioMessage message = freshRequest();
+    CRadioMessage message = RadioLink::newRequest();
     EnterRemoteMode(&message, m_view.remoteMode);
     return m_link.sendToRadio(message);
 }
@@ -237,9 +217,7 @@ void ViewCommands::performReset()
     }
     setRadioCommandsEnabled(false);
     beginBusy();
-    CRadioMessage message = freshRequest();
-    PerformReset(&message);
-    if (m_link.sendToRadio(message)) {
+    if (m_link.sendRequest(&PerformReset)) {
         showNotice(Notice::PleaseWait);
         m_link.waitPumping(400);
         closeNotice(Notice::PleaseWait);

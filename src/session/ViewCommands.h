@@ -133,7 +133,6 @@ private:
     bool& flag(Toggle which);
     void setToggle(Toggle which, bool on);
     bool linkBlocksDsp() const;
-    int query(int replyOpcode, CRadioMessage& reply, int (*build)(CRadioMessage*));
 
     RadioLink& m_link;
     ViewState& m_view;
