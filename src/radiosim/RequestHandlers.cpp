@@ -371,15 +371,16 @@ void VirtualRadio::onTransferAbort(const CRadioMessage& request)
 
 void VirtualRadio::onDataBlock(const CRadioMessage& request)
 {
+    const std::uint8_t baudIndex = configuredBaudIndex();
     const auto result = m_transfers.block(request);
     if (!result) {
         return;
     }
+    commandResult(result->request, result->target, result->status);
     if (result->status == op::status::Done &&
         result->target == static_cast<int>(TransferTarget::Radio)) {
-        takeNewMemoryIntoUse();
+        takeNewMemoryIntoUse(baudIndex);
     }
-    commandResult(result->request, result->target, result->status);
 }
 
 void VirtualRadio::onStartProgramming(const CRadioMessage&)
@@ -394,10 +395,11 @@ void VirtualRadio::onStopProgramming(const CRadioMessage&)
         commandResult(op::StopProgramming, 0, op::status::NotProgramming);
         return;
     }
+    const std::uint8_t baudIndex = configuredBaudIndex();
     m_db.radio = *m_programmedMemory;
     m_programmedMemory.reset();
     commandResult(op::StopProgramming, 0, op::status::Done);
-    takeNewMemoryIntoUse();
+    takeNewMemoryIntoUse(baudIndex);
 }
 
 } // namespace koral::radiosim

@@ -113,14 +113,19 @@ void VirtualRadio::restart()
     m_state.remoteMode = remoteMode;
 }
 
-void VirtualRadio::takeNewMemoryIntoUse()
+std::uint8_t VirtualRadio::configuredBaudIndex() const
+{
+    return m_db.radio[layout::kRadioOptions + layout::kOptionBaudIndex];
+}
+
+void VirtualRadio::takeNewMemoryIntoUse(std::uint8_t previousBaudIndex)
 {
     restart();
-    // A paced line follows the baud rate the database now configures, as the radio's port
-    // does; the program reopens its side at that rate.
+    // The radio's port follows a newly configured baud rate (after the answer has gone out at
+    // the old one); the program then reopens its side at that rate.
     constexpr unsigned kRates[] = {1200, 2400, 4800, 9600};
-    const unsigned index = m_db.radio[layout::kRadioOptions + layout::kOptionBaudIndex];
-    if (paced() && index < std::size(kRates)) {
+    const std::uint8_t index = configuredBaudIndex();
+    if (paced() && index != previousBaudIndex && index < std::size(kRates)) {
         setBaud(kRates[index], true);
     }
 }
