@@ -27,6 +27,7 @@ int ControlCenterSession::initSession(const std::filesystem::path& startDirector
 {
     m_link.initSession(startDirectory);
     m_calls.load();
+    m_commands.showNotice(ViewCommands::Notice::Startup);
     QMetaObject::invokeMethod(this, &ControlCenterSession::startUpExchange, Qt::QueuedConnection);
     return 1;
 }

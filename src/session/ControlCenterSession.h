@@ -36,9 +36,9 @@ public:
     // Closes the link, writes CommPort.txt to the start-up directory and saves the calls.
     ~ControlCenterSession() override;
 
-    // Reads CommPort.txt from `startDirectory`, creates the engine, loads the call lists and
-    // queues the start-up exchange, which runs once the event loop turns (so the window is on
-    // the screen before the first connection attempt).
+    // Reads CommPort.txt from `startDirectory`, creates the engine, loads the call lists, shows
+    // the start-up notice (for 4 s) and queues the start-up exchange, which runs once the event
+    // loop turns (so the window is on the screen before the first connection attempt).
     int initSession(const std::filesystem::path& startDirectory = std::filesystem::current_path());
     // The start-up exchange: opens the link, takes remote control and reads the radio.
     void startUpExchange();

@@ -20,7 +20,9 @@ public:
     // The pause between two writes of the options sequence, in milliseconds.
     void setInterMessageDelay(int ms) { m_delayMs = ms; }
 
-    // Takes the channels (or groups) into the document and writes them; 1 on success.
+    // Takes the channels (or groups) into the document and writes them; 1 on success. The
+    // radio takes section writes only in programming mode: the caller brackets them with
+    // StartRADIOProgramming and StopRADIOProgramming.
     int writeChannels(dbase& document, std::span<const channel, kChannelCount> channels);
     int writeGroups(dbase& document, std::span<const Group, kGroupCount> groups);
 

@@ -81,14 +81,6 @@ private slots:
         QFETCH(int, position);
         QCOMPARE(biteProgressFromText(text.toStdString()), position);
     }
-
-    void setupHints()
-    {
-        QCOMPARE(biteSetupHint(BiteTestType::Full), std::string_view("Connect a dummy load"));
-        QCOMPARE(biteSetupHint(BiteTestType::Channel),
-                 std::string_view("Connect a dummy load or an antenna"));
-        QVERIFY(biteSetupHint(BiteTestType::LowRf).empty());
-    }
 };
 
 QTEST_GUILESS_MAIN(BiteResultsTest)

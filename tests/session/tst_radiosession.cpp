@@ -97,6 +97,20 @@ private slots:
         QVERIFY(!session.view().busy);
     }
 
+    void initSessionStartsUpOnceTheEventLoopTurns()
+    {
+        SessionFixture fixture;
+        auto& session = *fixture.session;
+        session.commands().setNoticeMilliseconds(50);
+        QSignalSpy finished(&session, &ControlCenterSession::startUpFinished);
+        QCOMPARE(session.initSession(fixture.startDir()), 1);
+        QVERIFY(session.commands().isNoticeShown(ViewCommands::Notice::Startup));
+        QCOMPARE(finished.count(), 0);
+        QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 1, 20000);
+        QVERIFY(finished.front().front().toBool());
+        QTRY_VERIFY(!session.commands().isNoticeShown(ViewCommands::Notice::Startup));
+    }
+
     void firstRunLeavesCommPortFile()
     {
         std::filesystem::path file;

@@ -198,10 +198,7 @@ private slots:
     {
         QTest::addColumn<int>("code");
         QTest::addColumn<QString>("text");
-        QTest::newRow("0") << 0 << "No link was established.";
-        QTest::newRow("1") << 1 << "Link was established.";
         QTest::newRow("4") << 4 << "Link was established on silent net.";
-        QTest::newRow("5") << 5 << "Command in progress, please wait!!!";
         QTest::newRow("6 has no text") << 6 << "";
         QTest::newRow("7") << 7 << "Last command was not completed successfully.";
         QTest::newRow("-1") << -1 << "";
@@ -212,14 +209,6 @@ private slots:
         QFETCH(QString, text);
         const auto shown = callStatusText(code);
         QCOMPARE(QString::fromUtf8(shown.data(), shown.size()), text);
-    }
-
-    void statusPanes()
-    {
-        QCOMPARE(comPaneText(2, 4800), std::string("COM: 2,4800"));
-        QCOMPARE(serialPaneText(""), std::string("S/N: "));
-        QCOMPARE(serialPaneText("A123"), std::string("S/N: A123"));
-        QCOMPARE(codePaneText("XY"), std::string("Code: XY"));
     }
 
     void traceWritesNothingUntilStarted()
