@@ -48,6 +48,8 @@ int RadioLink::saveCommPortFile()
 
 int RadioLink::openRadioLink()
 {
+    if (!m_engine)
+        m_engine = std::make_unique<MessageEngine>();
     if (!m_engine->OpenComPort(m_settings.commPort, m_settings.baudRate)) {
         m_notifier.show(text::byId(text::id::CannotOpenPort));
         return 0;
@@ -117,17 +119,18 @@ int RadioLink::reportFailure()
 
 int RadioLink::sendToRadio(const CRadioMessage& message)
 {
-    return m_engine->SendRadioMessage(&message) ? 1 : reportFailure();
+    return m_engine && m_engine->SendRadioMessage(&message) ? 1 : reportFailure();
 }
 
 int RadioLink::waitForRadioReply(CRadioMessage& message, int opcode)
 {
-    return m_engine->GetMessageWithOpcode(&message, opcode) ? 1 : reportFailure();
+    return m_engine && m_engine->GetMessageWithOpcode(&message, opcode) ? 1 : reportFailure();
 }
 
 void RadioLink::lockGetMessage()
 {
-    m_engine->LockGetMessage();
+    if (m_engine)
+        m_engine->LockGetMessage();
 }
 
 CRadioMessage RadioLink::newRequest()
