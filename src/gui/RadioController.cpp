@@ -1,6 +1,7 @@
 #include "gui/RadioController.h"
 
 #include "aledb/ConfigurationCheck.h"
+#include "aledb/ccir_dbase.h"
 #include "common/Texts.h"
 #include "gui/BiteDialog.h"
 #include "gui/CommPortDialog.h"
@@ -52,6 +53,16 @@ constexpr ToggleBinding kToggles[] = {
     {"attenuator", Toggle::Attenuator, Command::Attenuator},
     {"clipper", Toggle::Clipper, Command::Clipper},
 };
+
+// The radio's channel-number table, most significant byte first, from the session's copy.
+channel_name radioChannelNames(const SessionRecords& records)
+{
+    static_assert(sizeof records.channelNames == sizeof(channel_name));
+    channel_name table;
+    std::memcpy(reinterpret_cast<unsigned char*>(&table),
+                reinterpret_cast<const unsigned char*>(&records.channelNames), sizeof table);
+    return table;
+}
 
 } // namespace
 
@@ -179,12 +190,8 @@ void RadioController::takeRecordsIntoPanel()
     const SessionRecords& records = m_session.records();
     document.record = records.radio;
     document.ccirPresent = ccirMode();
-    if (document.ccirPresent) {
-        // The radio keeps the numbers most significant byte first.
-        for (std::size_t i = 0; i < document.ccirNumbers.size(); ++i)
-            document.ccirNumbers[i] =
-                std::uint16_t(records.channelNames[2 * i] << 8 | records.channelNames[2 * i + 1]);
-    }
+    if (document.ccirPresent)
+        document.ccirNumbers = fromChannelName(radioChannelNames(records));
     document.isb = m_session.dispatcher().isbMode() == 1;
     document.markClean();
     panel->setIsbOffered(m_session.dispatcher().isbMode() == 1);
@@ -204,10 +211,9 @@ void RadioController::storePanelIntoRecords()
     SessionRecords& records = m_session.records();
     records.radio = document.record;
     if (document.ccirPresent) {
-        for (std::size_t i = 0; i < document.ccirNumbers.size(); ++i) {
-            records.channelNames[2 * i] = std::uint8_t(document.ccirNumbers[i] >> 8);
-            records.channelNames[2 * i + 1] = std::uint8_t(document.ccirNumbers[i] & 0xFF);
-        }
+        const channel_name radio = toChannelName(document.ccirNumbers);
+        std::memcpy(reinterpret_cast<unsigned char*>(&records.channelNames),
+                    reinterpret_cast<const unsigned char*>(&radio), sizeof radio);
     }
 }
 

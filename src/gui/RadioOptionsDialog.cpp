@@ -12,6 +12,9 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <string>
+#include <vector>
+
 namespace koral {
 
 namespace {
@@ -33,53 +36,47 @@ RadioOptionsDialog::RadioOptionsDialog(RadioOptionsEditor& editor, ProgramFuncti
 {
     setWindowTitle(tr("Radio Options"));
 
-    auto* priority = new QComboBox(this);
-    priority->setObjectName("priority");
+    // The priority list offers the channel numbers; the others come from their value lists.
+    std::vector<ValueText> channels;
+    std::vector<std::string> numbers;
+    numbers.reserve(kChannelCount);
     for (int channel = 1; channel <= kChannelCount; ++channel)
-        priority->addItem(QString::number(channel));
-    auto* scanRate = listOf(this, "scanRate", values::kScanRate);
-    auto* baudRate = listOf(this, "baudRate", values::kBaudRate);
-    auto* alertTone = listOf(this, "alertTone", values::kAlertTone);
-    auto* cwPttHold = listOf(this, "cwPttHold", values::kCwPttHold);
-    auto* alternate = listOf(this, "alternateDisplay", values::kAlternateDisplayTime);
-    auto* dataPower = listOf(this, "dataPower", values::kPower);
-    auto* language = listOf(this, "language", values::kLanguage);
+        numbers.push_back(std::to_string(channel));
+    for (int channel = 1; channel <= kChannelCount; ++channel)
+        channels.push_back({channel, numbers[std::size_t(channel - 1)].c_str()});
 
-    priority->setCurrentIndex(editor.priorityIndex());
-    scanRate->setCurrentIndex(editor.scanRateIndex());
-    baudRate->setCurrentIndex(editor.baudRateIndex());
-    alertTone->setCurrentIndex(editor.alertToneIndex());
-    cwPttHold->setCurrentIndex(editor.cwPttHoldIndex());
-    alternate->setCurrentIndex(editor.alternateDisplayIndex());
-    dataPower->setCurrentIndex(editor.dataPowerIndex());
-    language->setCurrentIndex(editor.languageIndex());
-
-    auto* lists = new QFormLayout;
-    lists->addRow(tr("Priority Channel :"), priority);
-    lists->addRow(tr("Scan Rate :"), scanRate);
-    lists->addRow(tr("Baud Rate :"), baudRate);
-    lists->addRow(tr("Alert tone :"), alertTone);
-    lists->addRow(tr("CW PTT Hold :"), cwPttHold);
-    lists->addRow(tr("Alternate Display :"), alternate);
-    lists->addRow(tr("Data Power Level :"), dataPower);
-    lists->addRow(tr("Language :"), language);
-
-    connect(priority, &QComboBox::currentIndexChanged, this,
-            [this](int i) { m_editor.setPriorityIndex(i); });
-    connect(scanRate, &QComboBox::currentIndexChanged, this,
-            [this](int i) { m_editor.setScanRateIndex(i); });
-    connect(baudRate, &QComboBox::currentIndexChanged, this,
-            [this](int i) { m_editor.setBaudRateIndex(i); });
-    connect(alertTone, &QComboBox::currentIndexChanged, this,
-            [this](int i) { m_editor.setAlertToneIndex(i); });
-    connect(cwPttHold, &QComboBox::currentIndexChanged, this,
-            [this](int i) { m_editor.setCwPttHoldIndex(i); });
-    connect(alternate, &QComboBox::currentIndexChanged, this,
-            [this](int i) { m_editor.setAlternateDisplayIndex(i); });
-    connect(dataPower, &QComboBox::currentIndexChanged, this,
-            [this](int i) { m_editor.setDataPowerIndex(i); });
-    connect(language, &QComboBox::currentIndexChanged, this,
-            [this](int i) { m_editor.setLanguageIndex(i); });
+    using Ed = RadioOptionsEditor;
+    struct List
+    {
+        const char* name;
+        const char* label;
+        ValueList values;
+        int (Ed::*get)() const;
+        void (Ed::*set)(int);
+    };
+    const List lists[] = {
+        {"priority", "Priority Channel :", channels, &Ed::priorityIndex, &Ed::setPriorityIndex},
+        {"scanRate", "Scan Rate :", values::kScanRate, &Ed::scanRateIndex, &Ed::setScanRateIndex},
+        {"baudRate", "Baud Rate :", values::kBaudRate, &Ed::baudRateIndex, &Ed::setBaudRateIndex},
+        {"alertTone", "Alert tone :", values::kAlertTone, &Ed::alertToneIndex,
+         &Ed::setAlertToneIndex},
+        {"cwPttHold", "CW PTT Hold :", values::kCwPttHold, &Ed::cwPttHoldIndex,
+         &Ed::setCwPttHoldIndex},
+        {"alternateDisplay", "Alternate Display :", values::kAlternateDisplayTime,
+         &Ed::alternateDisplayIndex, &Ed::setAlternateDisplayIndex},
+        {"dataPower", "Data Power Level :", values::kPower, &Ed::dataPowerIndex,
+         &Ed::setDataPowerIndex},
+        {"language", "Language :", values::kLanguage, &Ed::languageIndex, &Ed::setLanguageIndex},
+    };
+    auto* form = new QFormLayout;
+    for (const List& list : lists) {
+        QComboBox* combo = listOf(this, list.name, list.values);
+        combo->setCurrentIndex((editor.*list.get)());
+        form->addRow(tr(list.label), combo);
+        const auto set = list.set;
+        connect(combo, &QComboBox::currentIndexChanged, this,
+                [this, set](int index) { (m_editor.*set)(index); });
+    }
 
     struct Box
     {
@@ -148,7 +145,7 @@ RadioOptionsDialog::RadioOptionsDialog(RadioOptionsEditor& editor, ProgramFuncti
     }
 
     auto* columns = new QHBoxLayout;
-    columns->addLayout(lists);
+    columns->addLayout(form);
     columns->addSpacing(16);
     columns->addLayout(checks);
 

@@ -2,22 +2,13 @@
 
 namespace koral {
 
-const std::array<const char*, kOptionSlotCount> WideInformationView::kOptionLabels{
-    "High Stability Oscillator",
-    "Delete LSB",
-    "Noise Blanker",
-    "Remote Control",
-    "SelCall",
-    "Delete ALE",
-    "Delete Data",
-    "Accessory Stop Scan",
-    "Amateure Ferq Restriction",
-    "MultyNet Enable",
-    "Global ALE",
-    "Read Programmed Memory",
-    "VP Option Enable",
-    "PPS Option Enable",
-    "Input Password Enable"};
+const char* WideInformationView::optionLabel(std::size_t slot)
+{
+    // The options list names the broad-band filter slot after what it enables on the radio.
+    if (slot == static_cast<std::size_t>(OptionSlot::BroadBandFilterEnable))
+        return "Global ALE";
+    return kOptionSlotNames[slot];
+}
 
 WideInformationView WideInformationView::of(const dbase& record)
 {
@@ -30,7 +21,7 @@ WideInformationView WideInformationView::of(const dbase& record)
     view.controlHeadHardwareVersion = fieldText(record.controlHeadHardwareVersion);
     for (std::size_t i = 0; i < record.options.size(); ++i) {
         const OptionRecord& slot = record.options[i];
-        view.options.push_back({kOptionLabels[i], std::string(fieldText(slot.softwareVersion)),
+        view.options.push_back({optionLabel(i), std::string(fieldText(slot.softwareVersion)),
                                 std::string(fieldText(slot.hardwareVersion)),
                                 slot.enabled() ? "Enabled" : "Disabled"});
     }

@@ -30,8 +30,9 @@ struct WideInformationView
     std::vector<std::string> ecn;
     std::vector<std::string> sp;
 
-    // The options list names the eleventh slot differently from the .rss key.
-    static const std::array<const char*, kOptionSlotCount> kOptionLabels;
+    // The label of an option slot in the options list: the .rss key, except for the eleventh
+    // slot.
+    static const char* optionLabel(std::size_t slot);
 
     static WideInformationView of(const dbase& record);
 };
