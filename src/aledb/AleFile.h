@@ -33,9 +33,10 @@ inline constexpr int kVersionMismatch = 118;
 void writeAleProfile(ProfileFile& file, const AleProgramme& programme, const dbase& radio,
                      const FileInfo* info, const AleSettings& settings);
 
-// Reads a profile into the wanted parts (each may be null): the programme (normalised), the
-// wide-information fields of `radio` (nothing else of it is touched) and the file information
-// (without its modification time). Returns kVersionMismatch, touching nothing, when the
+// Reads a profile into the wanted parts (each may be null): the programme (normalised; the
+// global member groups stay empty while the feature is not in force), the wide-information
+// fields of `radio` (nothing else of it is touched) and the file information (without its
+// modification time). Returns kVersionMismatch, touching nothing, when the
 // version is checked and is not the program's; kSuccess otherwise.
 int readAleProfile(const ProfileFile& file, AleProgramme* programme, dbase* radio, FileInfo* info,
                    const AleSettings& settings, bool skipVersionCheck);
