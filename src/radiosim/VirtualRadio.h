@@ -74,10 +74,6 @@ public:
     void powerCycle();
     // A reset by command: as a power cycle, but the program stays in remote control.
     void restart();
-    // After a database write or memory programming: the radio restarts on its new memory,
-    // and a paced line moves to a baud rate the write changed.
-    void takeNewMemoryIntoUse(std::uint8_t previousBaudIndex);
-    std::uint8_t configuredBaudIndex() const;
 
     void play(const RadioEvent& event);
     void inject(const FaultCommand& fault) { m_faults.apply(fault); }
@@ -113,6 +109,11 @@ private:
         SelfTest,
         Count,
     };
+
+    // After a database write or memory programming: the radio restarts on its new memory,
+    // and a paced line moves to a baud rate the write changed.
+    void takeNewMemoryIntoUse(std::uint8_t previousBaudIndex);
+    std::uint8_t configuredBaudIndex() const;
 
     // Incoming messages and outgoing reports.
     void onMessage(const QByteArray& wire);
