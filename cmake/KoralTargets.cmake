@@ -20,6 +20,7 @@ function(koral_add_test name)
     add_executable(${name} ${ARG_SOURCES})
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
     target_link_libraries(${name} PRIVATE Qt6::Test ${ARG_LIBS})
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
     target_compile_definitions(${name} PRIVATE
         KORAL_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
         KORAL_EXAMPLES_DIR="${PROJECT_SOURCE_DIR}/examples")

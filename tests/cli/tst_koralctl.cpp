@@ -1,32 +1,16 @@
-#include "cli/Command.h"
+#include "support/KoralctlRunner.h"
 
 #include <QtTest>
-
-#include <sstream>
 
 using namespace koral;
 
 namespace {
 
-struct Outcome
-{
-    int exitCode = -1;
-    QString out;
-    QString err;
-};
+using Outcome = test::KoralctlOutcome;
 
 Outcome koralctl(const QStringList& arguments)
 {
-    std::vector<std::string> args;
-    for (const QString& argument : arguments)
-        args.push_back(argument.toStdString());
-    std::ostringstream out;
-    std::ostringstream err;
-    Outcome outcome;
-    outcome.exitCode = cli::run(args, out, err);
-    outcome.out = QString::fromStdString(out.str());
-    outcome.err = QString::fromStdString(err.str());
-    return outcome;
+    return test::runKoralctl(arguments);
 }
 
 const QString kExample = QStringLiteral(KORAL_EXAMPLES_DIR "/radio.rss");

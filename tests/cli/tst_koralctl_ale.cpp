@@ -1,32 +1,16 @@
-#include "cli/Command.h"
+#include "support/KoralctlRunner.h"
 
 #include <QtTest>
-
-#include <sstream>
 
 using namespace koral;
 
 namespace {
 
-struct Outcome
-{
-    int exitCode = -1;
-    QStringList outLines;
-    QString err;
-};
+using Outcome = test::KoralctlOutcome;
 
 Outcome koralctl(const QStringList& arguments)
 {
-    std::vector<std::string> args;
-    for (const QString& argument : arguments)
-        args.push_back(argument.toStdString());
-    std::ostringstream out;
-    std::ostringstream err;
-    Outcome outcome;
-    outcome.exitCode = cli::run(args, out, err);
-    outcome.outLines = QString::fromStdString(out.str()).split('\n', Qt::SkipEmptyParts);
-    outcome.err = QString::fromStdString(err.str());
-    return outcome;
+    return test::runKoralctl(arguments);
 }
 
 using Changes = QList<QPair<QByteArray, QByteArray>>;
@@ -112,7 +96,7 @@ private slots:
         QFETCH(int, exitCode);
         QFETCH(QStringList, lines);
         const Outcome outcome = koralctl({"check", kRadio, edited("check.ale", changes)});
-        QCOMPARE(outcome.outLines, lines);
+        QCOMPARE(outcome.outLines(), lines);
         QCOMPARE(outcome.exitCode, exitCode);
     }
 
