@@ -8,6 +8,7 @@
 #include "profile/FileInfo.h"
 #include "profile/ProfileFile.h"
 #include "profile/Schema.h"
+#include "radiodb/WideInformationRows.h"
 #include "radiodb/dbase.h"
 
 #include <cstring>
@@ -35,22 +36,6 @@ std::span<std::uint8_t> bytesOf(T& record)
 }
 
 constexpr std::size_t kOptions = offsetof(ale_dbase, options);
-
-// --- Wide Information: the radio's identity, kept in the radio database record ---
-constexpr std::array kWideInformationRows{
-    Row{"Wide Information", "Serial_Number", "", schema::kAlways, Type::FixedText,
-        offsetof(dbase, serialNumber), 16},
-    Row{"Wide Information", "Radio_Code", "", schema::kAlways, Type::FixedText,
-        offsetof(dbase, radioCode), 16},
-    Row{"Wide Information", "Software_Version", "", schema::kAlways, Type::FixedText,
-        offsetof(dbase, softwareVersion), 8},
-    Row{"Wide Information", "Hardware_Version", "", schema::kAlways, Type::FixedText,
-        offsetof(dbase, hardwareVersion), 8},
-    Row{"Wide Information", "Control_Head_Software_Version", "", schema::kAlways, Type::FixedText,
-        offsetof(dbase, controlHeadSoftwareVersion), 8},
-    Row{"Wide Information", "Control_Head_Hardware_Version", "", schema::kAlways, Type::FixedText,
-        offsetof(dbase, controlHeadHardwareVersion), 8},
-};
 
 // --- Options, directory and messages: straight from the ALE record ---
 constexpr Row optionRow(const char* key, const char* defaultText, std::size_t field,

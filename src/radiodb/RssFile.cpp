@@ -4,6 +4,7 @@
 #include "radiodb/ProgrammedFlags.h"
 #include "radiodb/RadioSanitiser.h"
 #include "radiodb/RadioValueLists.h"
+#include "radiodb/WideInformationRows.h"
 
 #include <array>
 #include <cstddef>
@@ -84,16 +85,6 @@ constexpr std::array<Field, 7> kChannelFields{{
      .values = values::kBandwidth},
 }};
 
-Row text(const char* key, std::size_t offset, std::size_t width)
-{
-    return {.section = "Wide Information",
-            .key = key,
-            .flag = Flags::kSingletons,
-            .type = Type::FixedText,
-            .offset = offset,
-            .width = width};
-}
-
 Row radioOption(const char* key, const char* defaultText, std::size_t offset, ValueList list,
                 const char* section = "Radio Options")
 {
@@ -116,14 +107,7 @@ std::vector<Row> buildTable()
                     .type = Type::FixedText,
                     .offset = offsetof(RssWork, fileVersion),
                     .width = 8});
-    rows.push_back(text("Serial_Number", offsetof(dbase, serialNumber), 16));
-    rows.push_back(text("Radio_Code", offsetof(dbase, radioCode), 16));
-    rows.push_back(text("Software_Version", offsetof(dbase, softwareVersion), 8));
-    rows.push_back(text("Hardware_Version", offsetof(dbase, hardwareVersion), 8));
-    rows.push_back(
-        text("Control_Head_Software_Version", offsetof(dbase, controlHeadSoftwareVersion), 8));
-    rows.push_back(
-        text("Control_Head_Hardware_Version", offsetof(dbase, controlHeadHardwareVersion), 8));
+    rows.insert(rows.end(), kWideInformationRows.begin(), kWideInformationRows.end());
     for (std::size_t slot = 0; slot < kOptionSlotCount; ++slot) {
         rows.push_back({.section = "Options",
                         .key = kOptionSlotNames[slot],
