@@ -10,7 +10,7 @@ enum class Icon
 {
     None,
     Information,
-    Warning, // exclamation
+    Warning,  // exclamation
     Critical, // stop
     Question,
 };
@@ -20,6 +20,7 @@ enum class Buttons
     Ok,
     OkCancel,
     YesNo,
+    SaveDiscardCancel, // Escape answers Cancel
 };
 
 enum class Answer
@@ -28,6 +29,8 @@ enum class Answer
     Cancel,
     Yes,
     No,
+    Save,
+    Discard,
 };
 
 // Every message the operator sees goes through one notifier: a message box in the desktop

@@ -15,7 +15,16 @@ Answer RecordingNotifier::ask(std::string_view text, Buttons buttons, Icon icon)
         m_answers.pop_front();
         return answer;
     }
-    return buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok;
+    switch (buttons) {
+    case Buttons::YesNo:
+        return Answer::Yes;
+    case Buttons::SaveDiscardCancel:
+        return Answer::Save;
+    case Buttons::Ok:
+    case Buttons::OkCancel:
+        break;
+    }
+    return Answer::Ok;
 }
 
 std::vector<std::string> RecordingNotifier::texts() const

@@ -10,6 +10,8 @@
 
 namespace koral::text {
 
+// One text per line, however long, so that a text is found by searching for it.
+// clang-format off
 namespace id {
 inline constexpr int CommandInProgress = 1;
 inline constexpr int LinkEstablishedOnSilentNet = 2;
@@ -150,6 +152,18 @@ inline constexpr std::string_view kNoRadioLink = "No radio is connected.";
 inline constexpr std::string_view kRssFileFilter = "RSS files (*.rss);;All files (*)";
 inline constexpr std::string_view kPdfFileFilter = "PDF files (*.pdf)";
 inline constexpr std::string_view kBiteFileFilter = "BITE results (*.bit *.txt);;All files (*)";
+// What Write Device sends, and the questions that keep an operator from erasing a radio.
+inline constexpr std::string_view kRadioDatabaseName = "radio database";
+inline constexpr std::string_view kAleDatabaseName = "ALE database";
+inline constexpr std::string_view kGlobalMembersName = "ALE global members";
+inline constexpr std::string_view kExtraOptionsName = "extra options";
+inline constexpr std::string_view kCcirDatabaseName = "CCIR database";
+inline constexpr std::string_view kCcirChannelNumbersName = "CCIR channel numbers";
+inline constexpr std::string_view kNothing = "nothing";
+inline constexpr std::string_view kRecordsNotWritten = "Written to the radio: %s.\nNot written, because they were neither read from this radio nor opened from a file: %s.";
+inline constexpr std::string_view kWriteEmptyDatabase = "The radio database in the window is empty: it holds no channels, groups, serial number or code. Writing it erases those of the radio. Write it anyway?";
+inline constexpr std::string_view kReadCancelled = "Read Device cancelled: nothing was changed.";
+inline constexpr std::string_view kNotRadioDatabaseFile = "%s does not look like a radio database file: it has none of the sections of one. Open it anyway?";
 
 // --- built-in test ---
 inline constexpr std::string_view kConnectDummyLoad = "Connect a dummy load";
@@ -360,4 +374,5 @@ inline constexpr std::string_view kSimRestarted = "restarted in %s mode";
 inline constexpr std::string_view kSimVersionSet = "software version %s (class %d)";
 inline constexpr std::string_view kSimStatus = "%s mode, software %s, channel %u (%s), squelch %s, monitor %s, ALE %s, remote mode %u%s, line %u baud%s, faults %s";
 
+// clang-format on
 } // namespace koral::text

@@ -23,10 +23,20 @@ ControlCenterSession::~ControlCenterSession()
     m_calls.save();
 }
 
-int ControlCenterSession::initSession(const std::filesystem::path& startDirectory)
+int ControlCenterSession::initSession(const std::filesystem::path& startDirectory, int port,
+                                      int baud)
 {
     m_link.initSession(startDirectory);
     m_calls.load();
+    if (port > 0 || baud > 0) {
+        // Used like a port chosen in the dialog, but CommPort.txt keeps the operator's choice.
+        const LinkSettings remembered = m_link.settings();
+        m_link.keepRememberedSettings(remembered);
+        if (!m_link.changeRadioLink(port > 0 ? port : remembered.commPort,
+                                    baud > 0 ? baud : remembered.baudRate))
+            return 0;
+        m_link.closeRadioLink();
+    }
     m_commands.showNotice(ViewCommands::Notice::Startup);
     QMetaObject::invokeMethod(this, &ControlCenterSession::startUpExchange, Qt::QueuedConnection);
     return 1;
@@ -69,6 +79,8 @@ void ControlCenterSession::endCommPortSetup(bool accepted)
     if (!accepted) {
         m_commands.setStatusText(std::string(text::byId(text::id::CommandInProgress)));
         m_link.changeRadioLink(m_setupPort, m_setupBaud);
+    } else {
+        m_link.forgetRememberedSettings();
     }
     m_commands.endBusy();
     m_commPortEditor.reset();

@@ -39,7 +39,9 @@ public:
     // Reads CommPort.txt from `startDirectory`, creates the engine, loads the call lists, shows
     // the start-up notice (for 4 s) and queues the start-up exchange, which runs once the event
     // loop turns (so the window is on the screen before the first connection attempt).
-    int initSession(const std::filesystem::path& startDirectory = std::filesystem::current_path());
+    // A port or baud rate above 0 replaces CommPort.txt's for this run only.
+    int initSession(const std::filesystem::path& startDirectory = std::filesystem::current_path(),
+                    int port = 0, int baud = 0);
     // The start-up exchange: opens the link, takes remote control and reads the radio.
     void startUpExchange();
 

@@ -15,6 +15,8 @@
 #include <QElapsedTimer>
 
 #include <cstring>
+#include <functional>
+#include <memory>
 
 namespace koral {
 
@@ -26,6 +28,14 @@ constexpr int kPatience = 10;
 std::string fieldString(const std::array<char, 16>& field)
 {
     return std::string(fieldText(field));
+}
+
+std::string joined(const std::vector<std::string>& names)
+{
+    std::string text;
+    for (const std::string& name : names)
+        text += (text.empty() ? "" : ", ") + name;
+    return text.empty() ? std::string(text::kNothing) : text;
 }
 
 } // namespace
@@ -183,6 +193,10 @@ int DatabaseTransfer::writeWork()
         m_notifier.show(text::kCcirNotProgrammed);
     if (wasAleGlobal && wasAleGlobal != m_flags.aleGlobalSupported)
         m_notifier.show(text::kAleGlobalNotProgrammed);
+    if (!m_notWritten.empty())
+        m_notifier.show(text::format(text::kRecordsNotWritten.data(), joined(m_written).c_str(),
+                                     joined(m_notWritten).c_str()),
+                        Icon::Information);
     if (slowLink) {
         m_flags.ccirMode = wasCcir;
         m_flags.aleGlobalSupported = wasAleGlobal;
@@ -192,9 +206,12 @@ int DatabaseTransfer::writeWork()
 
 int DatabaseTransfer::readDataBases()
 {
+    const bool wasRead = m_view.databaseRead;
     m_view.databaseRead = false;
     if (const int special = m_commands.enableSpecialReport(); !special)
         return special;
+    // A read the operator cancels leaves every record as it was.
+    const auto before = std::make_unique<SessionRecords>(m_records);
     m_records.radio = dbase{};
     m_records.ale = ale_dbase{};
     m_records.ccir = ccir_dbase{};
@@ -202,35 +219,43 @@ int DatabaseTransfer::readDataBases()
     m_records.globalMembers = ale_dbase_global_members{};
     if (m_flags.extraOptionsSupported)
         m_records.extraOptions = AleExtraOptions{};
+    m_records.known = {};
     if (!m_flags.aleGlobalSupported)
         emit globalMembersCleared();
 
     MessageEngine* engine = m_link.engine();
+    SessionRecords::Known& known = m_records.known;
     m_trace.traceLine("BEFORE ReadRadioDataBase()");
-    bool ok = ReadRadioDataBase(engine, &m_records.radio, 0, pump(), progress(), kPatience);
+    bool ok = known.radio =
+        ReadRadioDataBase(engine, &m_records.radio, 0, pump(), progress(), kPatience);
     if (ok) {
         m_trace.traceLine("BEFORE ReadAleDataBase()");
-        ok = ReadAleDataBase(engine, &m_records.ale, pump(), progress(), kPatience);
+        ok = known.ale = ReadAleDataBase(engine, &m_records.ale, pump(), progress(), kPatience);
     }
     if (!m_flags.ccirMode) {
         if (m_flags.aleGlobalSupported && ok) {
             m_trace.traceLine("BEFORE ReadGlobalMemberDataBase()");
-            ok = ReadGlobalMemberDataBase(engine, &m_records.globalMembers, pump(), progress(),
-                                          kPatience);
+            ok = known.globalMembers = ReadGlobalMemberDataBase(engine, &m_records.globalMembers,
+                                                                pump(), progress(), kPatience);
         }
     } else if (ok) {
         m_trace.traceLine("BEFORE ReadCcirDataBase()");
-        ok = ReadCcirDataBase(engine, &m_records.ccir, pump(), progress(), kPatience);
+        ok = known.ccir = ReadCcirDataBase(engine, &m_records.ccir, pump(), progress(), kPatience);
         if (ok) {
             m_trace.traceLine("BEFORE ReadChannelNameDataBase()");
-            ok = ReadChannelNameDataBase(engine, &m_records.channelNames, pump(), progress(),
-                                         kPatience);
+            ok = known.channelNames = ReadChannelNameDataBase(engine, &m_records.channelNames,
+                                                              pump(), progress(), kPatience);
         }
     }
     if (ok && m_flags.extraOptionsSupported) {
         m_trace.traceLine("BEFORE ReadExtraOptionDataBase()");
-        ok =
+        ok = known.extraOptions =
             ReadExtraOptionDataBase(engine, &m_records.extraOptions, pump(), progress(), kPatience);
+    }
+    if (!ok && m_abort) {
+        m_records = *before;
+        m_view.databaseRead = wasRead;
+        return 0;
     }
     m_view.serialNumber = fieldString(m_records.radio.serialNumber);
     m_view.radioCode = fieldString(m_records.radio.radioCode);
@@ -252,22 +277,53 @@ int DatabaseTransfer::writeDataBases()
     const unsigned char ccir = m_flags.ccirMode ? 1 : 0;
     const unsigned char aleGlobal = m_flags.aleGlobalSupported ? 1 : 0;
     const unsigned char extra = m_flags.extraOptionsSupported ? 1 : 0;
-    bool ok = WriteRadioDataBase(engine, &m_records.radio, 0, pump(), progress(), kPatience);
-    ok = ok && WriteAleDataBase(engine, &m_records.ale, pump(), progress(), kPatience, ccir,
+    const SessionRecords::Known& known = m_records.known;
+    m_written.clear();
+    m_notWritten.clear();
+    bool ok = true;
+    // A record nobody has read or opened is zeros: it is passed over (its progress counted, so
+    // the captions of the sections after it stay right) rather than written over the radio's.
+    const auto write = [&](bool isKnown, std::string_view name, std::size_t size,
+                           const std::function<int()>& call) {
+        if (!ok)
+            return;
+        if (!isKnown) {
+            m_notWritten.emplace_back(name);
+            progressCallback(int(size));
+            return;
+        }
+        ok = call() != 0;
+        if (ok)
+            m_written.emplace_back(name);
+    };
+    write(known.radio, text::kRadioDatabaseName, sizeof(dbase), [&] {
+        return WriteRadioDataBase(engine, &m_records.radio, 0, pump(), progress(), kPatience);
+    });
+    write(known.ale, text::kAleDatabaseName, sizeof(ale_dbase), [&] {
+        return WriteAleDataBase(engine, &m_records.ale, pump(), progress(), kPatience, ccir,
                                 aleGlobal, extra);
+    });
     if (ccir) {
-        ok = ok && WriteCcirDataBase(engine, &m_records.ccir, pump(), progress(), kPatience);
-        ok = ok && WriteChannelNameDataBase(engine, &m_records.channelNames, pump(), progress(),
+        write(known.ccir, text::kCcirDatabaseName, sizeof(ccir_dbase), [&] {
+            return WriteCcirDataBase(engine, &m_records.ccir, pump(), progress(), kPatience);
+        });
+        write(known.channelNames, text::kCcirChannelNumbersName, sizeof(channel_name), [&] {
+            return WriteChannelNameDataBase(engine, &m_records.channelNames, pump(), progress(),
                                             kPatience, extra);
+        });
     } else if (aleGlobal) {
-        ok = ok && WriteGlobalMemberDataBase(engine, &m_records.globalMembers, pump(), progress(),
+        write(known.globalMembers, text::kGlobalMembersName, sizeof(ale_dbase_global_members), [&] {
+            return WriteGlobalMemberDataBase(engine, &m_records.globalMembers, pump(), progress(),
                                              kPatience, extra);
+        });
     }
     if (extra)
-        ok = ok && WriteExtraOptionDataBase(engine, &m_records.extraOptions, pump(), progress(),
+        write(known.extraOptions, text::kExtraOptionsName, sizeof(AleExtraOptions), [&] {
+            return WriteExtraOptionDataBase(engine, &m_records.extraOptions, pump(), progress(),
                                             kPatience);
+        });
     m_commands.setRadioCommandsEnabled(true);
-    if (ok)
+    if (ok && known.radio)
         m_view.radioBaudIndex = m_records.radio.radioOptions.baudRate;
     return ok ? 1 : 0;
 }
@@ -342,18 +398,31 @@ int DatabaseTransfer::readDevice()
     return programmed + 1;
 }
 
-void DatabaseTransfer::readDeviceCommand()
+bool DatabaseTransfer::readDeviceCommand()
 {
     if (m_view.busy)
-        return;
+        return false;
+    const bool wasReady = m_view.radioReady;
     m_view.radioReady = false;
     m_commands.setRadioCommandsEnabled(false);
     m_commands.beginBusy();
     const int result = readDevice();
     m_commands.closeNotice(ViewCommands::Notice::PleaseWait);
+    if (m_abort) {
+        // The operator's choice, not the radio's fault: the radio and the program carry on
+        // as they were before the read.
+        m_view.radioReady = wasReady;
+        m_commands.setRadioCommandsEnabled(wasReady);
+        if (m_view.databaseRead)
+            m_commands.enableSpecialReport();
+        m_commands.endBusy();
+        m_commands.setStatusText(std::string(text::kReadCancelled));
+        return false;
+    }
     m_commands.showNotice(ViewCommands::Notice::Completed);
     m_commands.endBusy();
-    // 201 (all 200 channels programmed) counts as a failure, as it always has.
+    // 201 (all 200 channels programmed) counts as a failure, as it always has; the records
+    // were read all the same, and the panels show them.
     if (result >= 1 && result <= kChannelCount) {
         m_view.radioReady = true;
         m_commands.setRadioCommandsEnabled(true);
@@ -362,9 +431,10 @@ void DatabaseTransfer::readDeviceCommand()
     } else {
         m_view.radioReady = false;
     }
+    return m_view.databaseRead;
 }
 
-void DatabaseTransfer::writeDeviceCommand()
+bool DatabaseTransfer::writeDeviceCommand()
 {
     m_commands.beginBusy();
     emit storeEditsRequested();
@@ -375,17 +445,17 @@ void DatabaseTransfer::writeDeviceCommand()
         m_notifier.ask(text::byId(text::id::BaudRateDiffers), Buttons::YesNo) == Answer::No) {
         m_mode = TransferMode::None;
         m_commands.endBusy();
-        return;
+        return false;
     }
     if (loadProgressDlg() != 1) {
         m_commands.endBusy();
-        return;
+        return false;
     }
     const int newBaud = baudRateOfIndex(m_records.radio.radioOptions.baudRate);
     if (!m_link.changeRadioLink(m_link.settings().commPort, newBaud)) {
         m_notifier.show(text::kUpdateSocketFault);
         m_commands.endBusy();
-        return;
+        return true;
     }
     if (sameBaud && m_view.databaseRead) {
         m_commands.showNotice(ViewCommands::Notice::PleaseWait);
@@ -399,6 +469,7 @@ void DatabaseTransfer::writeDeviceCommand()
     m_commands.closeNotice(ViewCommands::Notice::PleaseWait);
     m_commands.showNotice(ViewCommands::Notice::Completed);
     m_commands.endBusy();
+    return true;
 }
 
 } // namespace koral

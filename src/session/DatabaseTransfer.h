@@ -7,6 +7,7 @@
 
 #include <QObject>
 
+#include <string>
 #include <vector>
 
 namespace koral {
@@ -52,9 +53,16 @@ public:
     // Reads the databases and brings the view up to date: the number of programmed channels
     // plus 1, or 0 on failure.
     int readDevice();
-    // The commands of the panels' menus.
-    void readDeviceCommand();
-    void writeDeviceCommand();
+    // The commands of the panels' menus. Read answers whether the records now hold a whole
+    // new read of the radio (also when the read as a command failed, with all 200 channels
+    // programmed), Write whether the databases reached the radio.
+    bool readDeviceCommand();
+    bool writeDeviceCommand();
+    // The operator cancelled the last transfer.
+    bool wasCancelled() const { return m_abort; }
+    // What the last write sent and what it passed over, as the operator names them.
+    const std::vector<std::string>& written() const { return m_written; }
+    const std::vector<std::string>& notWritten() const { return m_notWritten; }
 
     // The channel list of the Computer Interface panel: the programmed channels, rising, and
     // the radio's active channel.
@@ -102,6 +110,8 @@ private:
     std::vector<int> m_programmedChannels;
     int m_activeChannel = 0;
     int m_answerWaitMs = 3000;
+    std::vector<std::string> m_written;
+    std::vector<std::string> m_notWritten;
 };
 
 } // namespace koral

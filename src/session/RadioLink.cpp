@@ -42,7 +42,7 @@ int RadioLink::loadCommPortFile(const std::filesystem::path& directory)
 
 int RadioLink::saveCommPortFile()
 {
-    koral::saveCommPortFile(m_settings);
+    koral::saveCommPortFile(m_remembered.value_or(m_settings));
     return 1;
 }
 

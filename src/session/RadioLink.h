@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace koral {
 
@@ -87,6 +88,10 @@ public:
     LinkState state() const { return m_state; }
     MessageEngine* engine() const { return m_engine.get(); }
     const LinkSettings& settings() const { return m_settings; }
+    // A port or baud rate for this run only (given on the command line): CommPort.txt goes on
+    // holding `remembered` until the operator chooses a port in the dialog.
+    void keepRememberedSettings(const LinkSettings& remembered) { m_remembered = remembered; }
+    void forgetRememberedSettings() { m_remembered.reset(); }
     bool reportNoResponse() const { return m_reportNoResponse; }
     void setReportNoResponse(bool report) { m_reportNoResponse = report; }
     bool waitCursor() const { return m_waitCursor; }
@@ -110,6 +115,7 @@ private:
     CapabilityFlags& m_flags;
     TraceWriter& m_trace;
     LinkSettings m_settings;
+    std::optional<LinkSettings> m_remembered;
     std::unique_ptr<MessageEngine> m_engine;
     std::shared_ptr<StopEvent> m_stopEvent;
     std::unique_ptr<IncomingWorker> m_worker;

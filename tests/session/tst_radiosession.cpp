@@ -126,6 +126,20 @@ private slots:
         }
     }
 
+    void portForOneRunIsNotRemembered()
+    {
+        SessionFixture fixture({}, 0);
+        auto& session = *fixture.session;
+        QSignalSpy finished(&session, &ControlCenterSession::startUpFinished);
+        QCOMPARE(session.initSession(fixture.startDir(), 1, 4800), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 1, 20000);
+        QCOMPARE(session.link().settings().baudRate, 4800);
+        fixture.session.reset();
+        LinkSettings saved;
+        loadCommPortFile(fixture.startDir(), saved);
+        QCOMPARE(saved.baudRate, 9600);
+    }
+
     void linkFailures_data()
     {
         QTest::addColumn<QString>("fault");
@@ -302,7 +316,8 @@ private slots:
         QVERIFY(fixture.startUp());
         auto& transfer = fixture.session->transfer();
         QCOMPARE(int(transfer.programmedChannels().size()), 200);
-        transfer.readDeviceCommand();
+        // A failure as a command, but the records were read: the panels show them.
+        QVERIFY(transfer.readDeviceCommand());
         QVERIFY(!fixture.session->view().radioReady);
         QVERIFY(!fixture.session->view().busy);
     }
@@ -338,6 +353,29 @@ private slots:
         QVERIFY(std::find(fixture.session->transfer().programmedChannels().begin(),
                           fixture.session->transfer().programmedChannels().end(),
                           150) != fixture.session->transfer().programmedChannels().end());
+    }
+
+    void writeDevicePassesOverRecordsNobodyRead()
+    {
+        // As after a start-up read that failed and a radio database taken from a file: the
+        // other records are zeros and must not erase the radio's ALE programme.
+        SessionFixture fixture({}, 9600);
+        QVERIFY(fixture.startUp());
+        const RadioDatabases before = fixture.radio().databases();
+        auto& records = fixture.session->records();
+        records.ale = ale_dbase{};
+        records.known = {};
+        records.known.radio = true;
+        records.radio.channelNo(150).rxFrequency.set(7050000);
+        QVERIFY(fixture.session->transfer().writeDeviceCommand());
+        const RadioDatabases& after = fixture.radio().databases();
+        QVERIFY(after.ale == before.ale);
+        QVERIFY(after.globalMembers == before.globalMembers);
+        QVERIFY(after.radio != before.radio);
+        QCOMPARE(texts(fixture.notifier),
+                 QStringList{"Written to the radio: radio database.\nNot written, because they "
+                             "were neither read from this radio nor opened from a file: ALE "
+                             "database, ALE global members, extra options."});
     }
 
     void writeDeviceAsksWhenTheBaudRatesDiffer()
@@ -380,22 +418,29 @@ private slots:
         QCOMPARE(transfer.readWriteMode(), TransferMode::None);
     }
 
-    void cancelStopsTheRead()
+    void cancelStopsTheReadAndKeepsEverything()
     {
         SessionFixture fixture;
         QVERIFY(fixture.startUp());
         auto& transfer = fixture.session->transfer();
+        const auto before = std::make_unique<SessionRecords>(fixture.session->records());
         fixture.session->link().setPump([&] {
-            if (transfer.steps() > 0)
+            if (transfer.steps() > 2000)
                 transfer.cancel();
             QCoreApplication::processEvents();
         });
-        transfer.setReadWriteMode(TransferMode::Read);
-        QCOMPARE(transfer.loadProgressDlg(), 0);
+        QVERIFY(!transfer.readDeviceCommand());
         QCOMPARE(transfer.progressCallback(5), 0);
-        QVERIFY(!fixture.session->view().databaseRead);
-        QCOMPARE(texts(fixture.notifier),
-                 QStringList{QString::fromUtf8(text::byId(text::id::NoResponse).data())});
+        // The operator's choice: said as such, not as a radio that stopped answering.
+        QCOMPARE(texts(fixture.notifier), QStringList());
+        QCOMPARE(fixture.session->commands().statusText(), std::string(text::kReadCancelled));
+        const ViewState& view = fixture.session->view();
+        QVERIFY(view.databaseRead && view.radioReady && !view.busy);
+        QVERIFY(fixture.session->commands().radioCommandsEnabled());
+        const SessionRecords& records = fixture.session->records();
+        QCOMPARE(std::memcmp(&records.radio, &before->radio, sizeof(dbase)), 0);
+        QCOMPARE(std::memcmp(&records.ale, &before->ale, sizeof(ale_dbase)), 0);
+        QVERIFY(records.known.ale);
     }
 
     void silentCcirQueryMeansCcirMode()
