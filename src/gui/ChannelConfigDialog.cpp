@@ -104,9 +104,10 @@ ChannelConfigDialog::ChannelConfigDialog(ChannelConfigEditor& editor, ProgramFun
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     m_ok = buttons->button(QDialogButtonBox::Ok);
     if (program) {
-        auto* write = buttons->addButton(tr("&Program Channels"), QDialogButtonBox::ActionRole);
-        connect(write, &QPushButton::clicked, this, [this, program] {
-            if (m_editor.isOkEnabled())
+        m_program = buttons->addButton(tr("&Program Channels"), QDialogButtonBox::ActionRole);
+        // The channel on screen is stored first: the radio gets exactly what the dialog shows.
+        connect(m_program, &QPushButton::clicked, this, [this, program] {
+            if (m_editor.accept())
                 program(m_editor);
         });
     }
@@ -163,6 +164,8 @@ void ChannelConfigDialog::refresh()
     m_warning->setText(QString::fromStdString(m_editor.warning()));
     m_warning->setVisible(m_editor.isWarningVisible());
     m_ok->setEnabled(m_editor.isOkEnabled());
+    if (m_program)
+        m_program->setEnabled(m_editor.isOkEnabled());
     m_refreshing = false;
 }
 

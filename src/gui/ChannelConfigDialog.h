@@ -35,6 +35,8 @@ public:
     QComboBox* list(ChannelConfigEditor::List which) const;
     QLabel* warningLine() const { return m_warning; }
     QPushButton* okButton() const { return m_ok; }
+    // "Program Channels"; null without a connected radio.
+    QPushButton* programButton() const { return m_program; }
 
 private:
     void refresh();
@@ -49,6 +51,7 @@ private:
     std::array<QComboBox*, 5> m_lists{};
     QLabel* m_warning;
     QPushButton* m_ok;
+    QPushButton* m_program = nullptr;
     bool m_refreshing = false;
 };
 

@@ -185,6 +185,7 @@ void MainWindow::createRssPanel()
     bind("check", [this] { m_rss->showCheck(); });
     connect(m_rss, &RssPanel::pathChanged, this,
             [this](const QString& path) { setPanelPath(Panel::Rss, path); });
+    connect(m_rss, &RssPanel::documentChanged, this, &MainWindow::updateTitle);
     connect(m_rss, &RssPanel::statusMessage, this,
             [this](const QString& text) { statusBar()->showMessage(text, 4000); });
 
@@ -283,8 +284,11 @@ void MainWindow::setPanelPath(Panel panel, const QString& path)
 
 void MainWindow::updateTitle()
 {
+    // "[*]" is where the platform marks a window whose document has unsaved changes.
     setWindowTitle(
-        QString::fromStdString(PanelRules::title(m_current, m_paths[m_current].toStdString())));
+        QString::fromStdString(PanelRules::title(m_current, m_paths[m_current].toStdString())) +
+        QStringLiteral("[*]"));
+    setWindowModified(m_current == Panel::Rss && m_rss->document().isModified());
 }
 
 void MainWindow::updateStatusPanes()

@@ -66,9 +66,20 @@ Answer MessageBoxNotifier::ask(std::string_view text, Buttons buttons, Icon icon
         hooks().answers.pop_front();
         return answer;
     }
-    const bool yesNo = buttons == Buttons::YesNo;
-    if (hooks().automatic)
-        return yesNo ? Answer::Yes : Answer::Ok;
+    if (hooks().automatic) {
+        // Unattended, a question about unsaved changes keeps them: nothing is lost and no
+        // file dialog waits for a person.
+        switch (buttons) {
+        case Buttons::YesNo:
+            return Answer::Yes;
+        case Buttons::SaveDiscardCancel:
+            return Answer::Cancel;
+        case Buttons::Ok:
+        case Buttons::OkCancel:
+            break;
+        }
+        return Answer::Ok;
+    }
     QMessageBox box(boxIcon(icon), caption(), message, QMessageBox::NoButton, m_parent);
     switch (buttons) {
     case Buttons::Ok:
@@ -80,6 +91,11 @@ Answer MessageBoxNotifier::ask(std::string_view text, Buttons buttons, Icon icon
     case Buttons::YesNo:
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
         break;
+    case Buttons::SaveDiscardCancel:
+        box.setStandardButtons(QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
+        box.setDefaultButton(QMessageBox::Save);
+        box.setEscapeButton(QMessageBox::Cancel);
+        break;
     }
     switch (box.exec()) {
     case QMessageBox::Yes:
@@ -88,6 +104,10 @@ Answer MessageBoxNotifier::ask(std::string_view text, Buttons buttons, Icon icon
         return Answer::No;
     case QMessageBox::Ok:
         return Answer::Ok;
+    case QMessageBox::Save:
+        return Answer::Save;
+    case QMessageBox::Discard:
+        return Answer::Discard;
     default:
         return Answer::Cancel;
     }

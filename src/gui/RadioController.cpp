@@ -92,31 +92,16 @@ RadioController::RadioController(MainWindow& window, const MainWindowOptions& op
             &RadioController::stateChanged);
     connect(&m_session.transfer(), &DatabaseTransfer::storeEditsRequested, this,
             &RadioController::storePanelIntoRecords);
-    connect(&m_session, &ControlCenterSession::startUpFinished, this, [this](bool ready) {
-        if (ready)
+    connect(&m_session, &ControlCenterSession::startUpFinished, this, [this] {
+        if (m_session.view().databaseRead)
             takeRecordsIntoPanel();
         emit stateChanged();
     });
     connect(this, &RadioController::stateChanged, this, &RadioController::updateCommands);
     bindCommands();
 
-    if (!options.connectAtStart)
-        return;
-    RadioLink& link = m_session.link();
-    if (options.port <= 0 && options.baud <= 0) {
-        m_session.initSession();
-        return;
-    }
-    // A port or baud rate given for this run is taken like one chosen in the dialog.
-    link.initSession();
-    m_session.calls().load();
-    const int port = options.port > 0 ? options.port : link.settings().commPort;
-    const int baud = options.baud > 0 ? options.baud : link.settings().baudRate;
-    if (link.changeRadioLink(port, baud)) {
-        link.closeRadioLink();
-        QMetaObject::invokeMethod(&m_session, &ControlCenterSession::startUpExchange,
-                                  Qt::QueuedConnection);
-    }
+    if (options.connectAtStart)
+        m_session.initSession(std::filesystem::current_path(), options.port, options.baud);
 }
 
 RadioController::~RadioController() = default;
@@ -169,8 +154,7 @@ void RadioController::readDevice()
 {
     if (isBusy() || !m_window.rssPanel()->maybeSave())
         return;
-    m_session.transfer().readDeviceCommand();
-    if (m_session.view().radioReady)
+    if (m_session.transfer().readDeviceCommand())
         takeRecordsIntoPanel();
     emit stateChanged();
 }
@@ -179,14 +163,24 @@ void RadioController::writeDevice()
 {
     if (isBusy())
         return;
-    m_session.transfer().writeDeviceCommand();
+    RssPanel* panel = m_window.rssPanel();
+    if (panel->document().isEmpty() &&
+        m_window.notifier().ask(text::kWriteEmptyDatabase, Buttons::YesNo, Icon::Warning) !=
+            Answer::Yes)
+        return;
+    if (m_session.transfer().writeDeviceCommand()) {
+        // The radio now holds what the window shows.
+        panel->document().markClean();
+        emit panel->documentChanged();
+    }
     emit stateChanged();
 }
 
 void RadioController::takeRecordsIntoPanel()
 {
     RssPanel* panel = m_window.rssPanel();
-    RssDocument& document = panel->document();
+    // The document is the radio's now, no longer the file's.
+    RssDocument document;
     const SessionRecords& records = m_session.records();
     document.record = records.radio;
     document.ccirPresent = ccirMode();
@@ -194,6 +188,7 @@ void RadioController::takeRecordsIntoPanel()
         document.ccirNumbers = fromChannelName(radioChannelNames(records));
     document.isb = m_session.dispatcher().isbMode() == 1;
     document.markClean();
+    panel->replaceDocument(document);
     panel->setIsbOffered(m_session.dispatcher().isbMode() == 1);
     // The check covers the channels the ALE nets read from the radio refer to.
     std::vector<AleNetChannels> nets;
@@ -210,7 +205,9 @@ void RadioController::storePanelIntoRecords()
     const RssDocument& document = m_window.rssPanel()->document();
     SessionRecords& records = m_session.records();
     records.radio = document.record;
+    records.known.radio = true;
     if (document.ccirPresent) {
+        records.known.channelNames = true;
         const channel_name radio = toChannelName(document.ccirNumbers);
         std::memcpy(reinterpret_cast<unsigned char*>(&records.channelNames),
                     reinterpret_cast<const unsigned char*>(&radio), sizeof radio);
@@ -272,6 +269,11 @@ QString RadioController::comPane() const
 bool RadioController::isConnected() const
 {
     return m_session.link().isPortOpen() && m_session.view().radioReady;
+}
+
+int RadioController::channelMode() const
+{
+    return m_session.view().operationMode;
 }
 
 bool RadioController::programmed(const std::function<int()>& write)

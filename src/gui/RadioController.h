@@ -45,6 +45,7 @@ public:
 
     // RssRadio
     bool isConnected() const override;
+    int channelMode() const override;
     bool writeChannels(dbase& document, std::span<const channel, kChannelCount> channels) override;
     bool writeGroups(dbase& document, std::span<const Group, kGroupCount> groups) override;
     bool programOptions(dbase& document, const dbase& edited) override;

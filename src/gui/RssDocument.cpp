@@ -2,6 +2,8 @@
 
 #include "radiodb/RadioSanitiser.h"
 
+#include <algorithm>
+
 namespace koral {
 
 RssDocument::RssDocument()
@@ -21,6 +23,14 @@ bool RssDocument::isModified() const
 {
     return compare(record, m_cleanRecord) != 0 || ccirNumbers != m_cleanCcir || isb != m_cleanIsb ||
            info.comment != m_cleanComment || info.userName != m_cleanUserName;
+}
+
+bool RssDocument::isEmpty() const
+{
+    const auto programmed = [](const auto& item) { return item.isProgrammed(); };
+    return std::none_of(record.channels.begin(), record.channels.end(), programmed) &&
+           std::none_of(record.groups.begin(), record.groups.end(), programmed) &&
+           fieldText(record.serialNumber).empty() && fieldText(record.radioCode).empty();
 }
 
 void RssDocument::markClean()

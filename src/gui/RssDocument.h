@@ -33,6 +33,9 @@ struct RssDocument
     bool isModified() const;
     // The current content becomes the unmodified state.
     void markClean();
+    // Nothing an operator would miss: no programmed channel or group, no serial number or
+    // radio code (as a new document, or a file of another kind opened as a database).
+    bool isEmpty() const;
 
 private:
     dbase m_cleanRecord{};

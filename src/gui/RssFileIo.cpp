@@ -9,7 +9,7 @@
 
 namespace koral::rssio {
 
-std::string load(RssDocument& document, const std::string& path)
+std::string load(RssDocument& document, const std::string& path, bool* foreign)
 {
     std::error_code error;
     // A missing file would load as all defaults: opening one is the operator's mistake.
@@ -20,6 +20,8 @@ std::string load(RssDocument& document, const std::string& path)
     // Files of any version open.
     if (file.load(&loaded.info, &loaded.record, &loaded.isb, false) != RssFile::kOk)
         return text::format(text::kFileNotReadable.data(), path.c_str());
+    if (foreign)
+        *foreign = !file.looksLikeRadioDatabase();
     // The numbers are taken only from a file that has some; otherwise the current ones stay.
     RssDocument::CcirNumbers numbers{};
     if (file.loadCcirChannelNumbers(numbers)) {

@@ -13,6 +13,7 @@
 #include "gui/RssRadio.h"
 #include "radiodb/RssCheck.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QGroupBox>
 #include <QHeaderView>
@@ -155,9 +156,21 @@ bool RssPanel::maybeSave()
 {
     if (!m_document.isModified())
         return true;
-    if (m_notifier.ask(text::kUnsavedChanges, Buttons::YesNo, Icon::Question) == Answer::No)
+    switch (m_notifier.ask(text::kUnsavedChanges, Buttons::SaveDiscardCancel, Icon::Question)) {
+    case Answer::Save:
+        return saveFile();
+    case Answer::Discard:
         return true;
-    return saveFile();
+    default:
+        return false;
+    }
+}
+
+void RssPanel::replaceDocument(const RssDocument& document)
+{
+    m_document = document;
+    documentEdited();
+    emit pathChanged(qs(m_document.path));
 }
 
 bool RssPanel::openFile()
@@ -175,11 +188,16 @@ bool RssPanel::openPath(const QString& path)
 {
     const QString absolute = QFileInfo(path).absoluteFilePath();
     RssDocument loaded = m_document;
-    const std::string error = rssio::load(loaded, path8(absolute));
+    bool foreign = false;
+    const std::string error = rssio::load(loaded, path8(absolute), &foreign);
     if (!error.empty()) {
         m_notifier.show(error, Icon::Warning);
         return false;
     }
+    if (foreign && m_notifier.ask(text::format(text::kNotRadioDatabaseFile.data(),
+                                               path8(QDir::toNativeSeparators(absolute)).c_str()),
+                                  Buttons::YesNo, Icon::Warning) != Answer::Yes)
+        return false;
     loaded.path = path8(absolute);
     loaded.markClean();
     m_document = loaded;
@@ -283,6 +301,8 @@ void RssPanel::editChannels(int channel)
     if (m_radio && m_radio->isConnected()) {
         program = [this](const ChannelConfigEditor& e) {
             const bool written = m_radio->writeChannels(m_document.record, e.channels());
+            if (e.ccirNumbers())
+                m_document.ccirNumbers = *e.ccirNumbers();
             documentEdited();
             reportWrite(written);
             return written;
@@ -300,8 +320,9 @@ void RssPanel::editChannels(int channel)
 
 void RssPanel::editGroups()
 {
+    const bool guardBlocked = m_document.ccirPresent && m_radio && m_radio->channelMode() == 2;
     GroupsEditor editor(m_notifier, GroupsEditor::fromRecord(m_document.record),
-                        GroupsEditor::programmedOf(m_document.record), m_guardBlocked);
+                        GroupsEditor::programmedOf(m_document.record), guardBlocked);
     GroupsDialog::ProgramFunction program;
     if (m_radio && m_radio->isConnected()) {
         program = [this](const GroupSelections& groups) {

@@ -30,8 +30,6 @@ public:
     void setRadio(RssRadio* radio);
     // The connected radio offers independent sideband (the channel dialog's "ISB" mode).
     void setIsbOffered(bool offered) { m_isbOffered = offered; }
-    // The radio's channel mode forbids choosing a guard channel with CCIR numbers present.
-    void setGuardBlocked(bool blocked) { m_guardBlocked = blocked; }
     // The ALE nets' channel references that the configuration check covers too.
     void setAleNets(std::vector<AleNetChannels> nets) { m_aleNets = std::move(nets); }
 
@@ -39,6 +37,8 @@ public:
     const RssDocument& document() const { return m_document; }
     // Redraws everything from the document.
     void refresh();
+    // Shows `document` in place of the current one (after reading the radio).
+    void replaceDocument(const RssDocument& document);
 
     // The file commands. Each asks before dropping unsaved changes where that applies and
     // reports failures through the notifier; they return whether the command went through.
@@ -49,7 +49,8 @@ public:
     // The text a print-out shows (the file as saving writes it, CCIR numbers first).
     QString printedText() const;
     bool exportPdf();
-    // Asks whether to save unsaved changes; false when the user cancelled.
+    // Asks whether to save unsaved changes (Save, Discard, Cancel); false when the user
+    // cancelled or the save failed.
     bool maybeSave();
 
     // The dialogs of the panel.
@@ -89,7 +90,6 @@ private:
     QTableWidget* m_groups;
     RssRadio* m_radio = nullptr;
     bool m_isbOffered = false;
-    bool m_guardBlocked = false;
     std::vector<AleNetChannels> m_aleNets;
 };
 

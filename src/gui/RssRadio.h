@@ -14,6 +14,9 @@ class RssRadio
 public:
     virtual ~RssRadio() = default;
     virtual bool isConnected() const = 0;
+    // The radio's channel mode as last reported; with CCIR numbers present, mode 2 leaves the
+    // choice of guard channels to the radio.
+    virtual int channelMode() const = 0;
     virtual bool writeChannels(dbase& document,
                                std::span<const channel, kChannelCount> channels) = 0;
     virtual bool writeGroups(dbase& document, std::span<const Group, kGroupCount> groups) = 0;

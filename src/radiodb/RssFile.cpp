@@ -6,6 +6,7 @@
 #include "radiodb/RadioValueLists.h"
 #include "radiodb/WideInformationRows.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstring>
@@ -273,6 +274,16 @@ int RssFile::save(FileInfo& info, const dbase& record, bool isb,
     m_error.clear();
     info.modificationTime = fileModificationTime(m_file.path());
     return kOk;
+}
+
+bool RssFile::looksLikeRadioDatabase() const
+{
+    // The version and wide-information sections are shared with the ALE file.
+    constexpr std::string_view kOwnSections[] = {
+        "Channels", "Radio Options", "Groups Guard Channels", "ECN List", "SP List",
+        "Options",  kCcirSection};
+    return std::any_of(std::begin(kOwnSections), std::end(kOwnSections),
+                       [this](std::string_view section) { return m_file.hasSection(section); });
 }
 
 int RssFile::load(FileInfo* info, dbase* record, bool* isb, bool checkVersion,

@@ -55,6 +55,11 @@ public:
                                const CcirChannelNumbers& numbers);
     bool loadCcirChannelNumbers(CcirChannelNumbers& numbers) const;
 
+    // Whether the file has any section that only a radio database file has. Any text file
+    // loads (as all defaults where keys are missing), so this tells a radio database from a
+    // file of another kind before it replaces one.
+    bool looksLikeRadioDatabase() const;
+
     // Why the file could not be read, or the last save failed; empty otherwise.
     const std::string& errorString() const { return m_error; }
 

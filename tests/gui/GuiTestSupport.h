@@ -30,6 +30,14 @@ void onNextDialog(std::function<void(Dialog*)> act)
     });
 }
 
+// The title as the platform shows it: "[*]" marks unsaved changes.
+inline QString shownTitle(const QWidget* window)
+{
+    QString title = window->windowTitle();
+    return title.replace(QStringLiteral("[*]"),
+                         window->isWindowModified() ? QStringLiteral("*") : QString());
+}
+
 // Saves a picture of a window for the manual when KORAL_SCREENSHOT_DIR is set.
 inline void screenshot(QWidget* widget, const QString& name)
 {

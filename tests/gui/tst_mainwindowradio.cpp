@@ -1,11 +1,16 @@
 // The main window against the virtual radio inside the program: the start-up read, the quick
-// controls, the Communication Ports dialog, the options programmed from their dialog, a
-// write verified by reading it back, and the built-in test.
+// controls, the Communication Ports dialog, every command that writes to the radio (what
+// reaches the radio is compared with what the window shows), Read Device's cancel and its
+// all-channels case, and the built-in test.
 
 #include "GuiTestSupport.h"
+#include "VirtualRadioMemory.h"
 
+#include "common/Texts.h"
 #include "gui/BiteDialog.h"
+#include "gui/ChannelConfigDialog.h"
 #include "gui/CommPortDialog.h"
+#include "gui/GroupsDialog.h"
 #include "gui/MainWindow.h"
 #include "gui/MessageBoxNotifier.h"
 #include "gui/ProgressDialog.h"
@@ -19,25 +24,56 @@
 
 #include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTreeWidget>
 
 using namespace koral;
 using namespace koral::test;
+using Edit = ChannelConfigEditor::Edit;
+
+namespace {
+
+QPushButton* buttonNamed(QWidget* dialog, const QString& text)
+{
+    for (QPushButton* button : dialog->findChildren<QPushButton*>())
+        if (button->text() == text)
+            return button;
+    return nullptr;
+}
+
+// A programmed channel of `record` that is not in group A.
+int programmedChannelOutsideGroupA(const dbase& record)
+{
+    for (int c = 1; c <= kChannelCount; ++c)
+        if (record.channelNo(c).isProgrammed() && !record.groups[0].isMember(c))
+            return c;
+    return 0;
+}
+
+} // namespace
 
 class MainWindowRadioTest : public QObject
 {
     Q_OBJECT
 private:
     QTemporaryDir m_dir;
+    VirtualRadioMemory m_memory;
     std::unique_ptr<MainWindow> m_window;
     QStringList m_captions;
     bool m_progressShot = false;
 
     RadioController* radio() { return m_window->radio(); }
     RssPanel* panel() { return m_window->rssPanel(); }
+    void run(const char* command)
+    {
+        m_window->command(command)->trigger();
+        QTRY_VERIFY_WITH_TIMEOUT(!radio()->isBusy(), 60000);
+    }
 
 private slots:
     void initTestCase()
@@ -45,9 +81,7 @@ private slots:
         // CommPort.txt is kept in the start-up folder: keep it out of the build tree.
         QVERIFY(m_dir.isValid());
         QDir::setCurrent(m_dir.path());
-        radiosim::BuiltInRadioOptions options;
-        options.paced = false;
-        radiosim::installBuiltInRadio(options);
+        m_memory.install();
         MessageBoxNotifier::setAutomatic(true);
 
         MainWindowOptions windowOptions;
@@ -84,7 +118,7 @@ private slots:
         QVERIFY(!serial.isEmpty());
         QCOMPARE(m_window->statusPane(10)->text(), QStringLiteral("S/N: ") + serial);
         QCOMPARE(m_window->statusPane(12)->text(), QStringLiteral("COM: 1,9600"));
-        QCOMPARE(m_window->windowTitle(), QStringLiteral("RSS Panel"));
+        QCOMPARE(shownTitle(m_window.get()), QStringLiteral("RSS Panel"));
         QVERIFY(m_window->command("readDevice")->isEnabled());
         QVERIFY(m_window->command("squelch")->isEnabled());
         screenshot(m_window.get(), "main-window-radio");
@@ -118,6 +152,121 @@ private slots:
         QVERIFY(!radio()->isBusy());
     }
 
+    void programChannelsSendsTheChannelOnScreen()
+    {
+        onNextDialog<ChannelConfigDialog>([](ChannelConfigDialog* dialog) {
+            dialog->typeButton(ChannelConfigEditor::FrequencyType::Simplex)->click();
+            QLineEdit* edit = dialog->edit(Edit::Simplex);
+            edit->setFocus();
+            edit->selectAll();
+            QTest::keyClicks(edit, "31");
+            QVERIFY(!dialog->programButton()->isEnabled());
+            edit->selectAll();
+            QTest::keyClicks(edit, "7.1234");
+            QVERIFY(dialog->programButton()->isEnabled());
+            QTest::mouseClick(dialog->programButton(), Qt::LeftButton);
+            dialog->reject();
+        });
+        panel()->editChannels(3);
+        const dbase& document = panel()->document().record;
+        QCOMPARE(document.channelNo(3).txFrequency.get(), 7'123'400u);
+        QCOMPARE(m_memory.differenceFrom(document), QString());
+    }
+
+    void programGroupsSendsTheGroupsOnScreen()
+    {
+        const int channel = programmedChannelOutsideGroupA(panel()->document().record);
+        QVERIFY(channel > 0);
+        onNextDialog<GroupsDialog>([channel](GroupsDialog* dialog) {
+            GroupsGrid* grid = dialog->grid();
+            QTest::mouseClick(grid, Qt::LeftButton, {}, grid->cellRect(channel).center());
+            QTest::mouseClick(buttonNamed(dialog, QStringLiteral("&Program Groups")),
+                              Qt::LeftButton);
+            dialog->reject();
+        });
+        panel()->editGroups();
+        const dbase& document = panel()->document().record;
+        QVERIFY(document.groups[0].isMember(channel));
+        QCOMPARE(m_memory.differenceFrom(document), QString());
+    }
+
+    void guardIsTheRadiosChoiceInChannelModeTwoWithCcirNumbers()
+    {
+        const int channel = programmedChannelOutsideGroupA(panel()->document().record);
+        ViewState& view = radio()->session().view();
+        const int mode = view.operationMode;
+        view.operationMode = 2;
+        panel()->document().ccirPresent = true;
+        onNextDialog<GroupsDialog>([channel](GroupsDialog* dialog) {
+            GroupsGrid* grid = dialog->grid();
+            QTest::mouseClick(grid, Qt::RightButton, {}, grid->cellRect(channel).center());
+            dialog->accept();
+        });
+        panel()->editGroups();
+        view.operationMode = mode;
+        panel()->document().ccirPresent = false;
+        QVERIFY(panel()->document().record.groups[0].guardChannel.get() != channel);
+    }
+
+    void writeDeviceSendsWhatTheWindowShows()
+    {
+        onNextDialog<ChannelConfigDialog>([](ChannelConfigDialog* dialog) {
+            dialog->typeButton(ChannelConfigEditor::FrequencyType::Simplex)->click();
+            QLineEdit* edit = dialog->edit(Edit::Simplex);
+            edit->setFocus();
+            edit->selectAll();
+            QTest::keyClicks(edit, "21.12345");
+            dialog->accept();
+        });
+        panel()->editChannels(150);
+        QVERIFY(m_window->isWindowModified());
+        run("writeDevice");
+        QCOMPARE(m_memory.differenceFrom(panel()->document().record), QString());
+        QCOMPARE(m_memory.radioRecord().channelNo(150).rxFrequency.get(), 21'123'450u);
+        // The radio holds what the window shows: nothing is left unsaved.
+        QVERIFY(!panel()->document().isModified());
+        QVERIFY(!m_window->isWindowModified());
+    }
+
+    void emptyDatabaseIsWrittenOnlyWhenTheOperatorInsists()
+    {
+        const dbase before = m_memory.radioRecord();
+        panel()->replaceDocument(RssDocument{});
+        MessageBoxNotifier::clearShownTexts();
+        MessageBoxNotifier::queueAnswer(Answer::No);
+        run("writeDevice");
+        QCOMPARE(MessageBoxNotifier::shownTexts(),
+                 QStringList{QString::fromUtf8(text::kWriteEmptyDatabase.data())});
+        const dbase after = m_memory.radioRecord();
+        QCOMPARE(std::memcmp(&before, &after, sizeof(dbase)), 0);
+        run("readDevice");
+        QCOMPARE(m_memory.differenceFrom(panel()->document().record), QString());
+    }
+
+    void cancelledReadKeepsTheWindowAndTheControls()
+    {
+        const std::uint32_t before = panel()->document().record.channelNo(150).rxFrequency.get();
+        auto cancel = connect(radio()->progressDialog(), &ProgressDialog::captionChanged, this,
+                              [this](const QString& caption) {
+                                  if (caption == QStringLiteral("Reading Channels Section"))
+                                      radio()->progressDialog()->findChild<QPushButton*>()->click();
+                              });
+        panel()->document().record.channelNo(150).rxFrequency.set(3'000'000);
+        MessageBoxNotifier::clearShownTexts();
+        MessageBoxNotifier::queueAnswer(Answer::Discard);
+        run("readDevice");
+        disconnect(cancel);
+        // Only the unsaved-changes question: no "radio does not respond".
+        QCOMPARE(MessageBoxNotifier::shownTexts().size(), 1);
+        QCOMPARE(m_window->statusBar()->currentMessage(),
+                 QString::fromUtf8(text::kReadCancelled.data()));
+        QCOMPARE(panel()->document().record.channelNo(150).rxFrequency.get(), 3'000'000u);
+        QVERIFY(m_window->command("squelch")->isEnabled());
+        QVERIFY(m_window->command("bite")->isEnabled());
+        panel()->document().record.channelNo(150).rxFrequency.set(before);
+        panel()->document().markClean();
+    }
+
     void optionsProgrammedAndWriteVerifiedByReadingBack()
     {
         onNextDialog<RadioOptionsDialog>([](RadioOptionsDialog* dialog) {
@@ -142,7 +291,7 @@ private slots:
         document.record.channelNo(150).txFrequency.set(0);
         document.record.radioOptions.scanRate = 1;
         MessageBoxNotifier::clearShownTexts();
-        MessageBoxNotifier::queueAnswer(Answer::No);
+        MessageBoxNotifier::queueAnswer(Answer::Discard);
         m_window->command("readDevice")->trigger();
         QTRY_VERIFY_WITH_TIMEOUT(!radio()->isBusy(), 60000);
         QCOMPARE(
@@ -186,6 +335,29 @@ private slots:
         const QByteArray content = saved.readAll();
         QVERIFY(content.contains("[BITE]"));
         QVERIFY(content.contains("Test=Low RF Test"));
+    }
+
+    // Last: the radio keeps all 200 channels programmed.
+    void readWithAllChannelsProgrammedShowsAndWritesWhatWasRead()
+    {
+        m_memory.onRadio([](radiosim::VirtualRadio& radio) {
+            auto& memory = radio.databases().radio;
+            for (unsigned c = 1; c <= kChannelCount; ++c)
+                radiosim::writeU32(memory,
+                                   radiosim::layout::kChannels +
+                                       (c - 1) * radiosim::layout::kChannelSize +
+                                       radiosim::layout::kChannelRx,
+                                   2'000'000 + c * 10'000);
+        });
+        run("readDevice");
+        QVERIFY(!radio()->session().view().radioReady);
+        const dbase& document = panel()->document().record;
+        QCOMPARE(document.channelNo(200).rxFrequency.get(), 4'000'000u);
+        QCOMPARE(m_memory.differenceFrom(document), QString());
+        QVERIFY(m_window->command("writeDevice")->isEnabled());
+        panel()->document().record.channelNo(7).rxFrequency.set(9'000'000);
+        run("writeDevice");
+        QCOMPARE(m_memory.differenceFrom(panel()->document().record), QString());
     }
 };
 

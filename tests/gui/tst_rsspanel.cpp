@@ -1,5 +1,6 @@
 #include "GuiTestSupport.h"
 
+#include "common/Texts.h"
 #include "gui/ChannelConfigDialog.h"
 #include "gui/GroupsDialog.h"
 #include "gui/InformationDialogs.h"
@@ -58,7 +59,7 @@ private slots:
     void startsOnTheRssPanelWithItsToolbarAndMenus()
     {
         QCOMPARE(m_window->currentPanel(), Panel::Rss);
-        QCOMPARE(m_window->windowTitle(), QStringLiteral("RSS Panel"));
+        QCOMPARE(shownTitle(m_window.get()), QStringLiteral("RSS Panel"));
         QToolBar* bar = m_window->panelToolBar(Panel::Rss);
         QVERIFY(bar && bar->isVisible());
         QStringList menus;
@@ -79,7 +80,7 @@ private slots:
     {
         FileDialogs::queueFileName(example());
         QVERIFY(panel()->openFile());
-        QCOMPARE(m_window->windowTitle(), QStringLiteral("RSS Panel - ") + example());
+        QCOMPARE(shownTitle(m_window.get()), QStringLiteral("RSS Panel - ") + example());
         QAbstractItemModel* model = panel()->channelView()->model();
         QCOMPARE(model->rowCount(), 200);
         QCOMPARE(model->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Tx. Freq."));
@@ -101,7 +102,7 @@ private slots:
         QVERIFY(!panel()->openFile());
         QCOMPARE(MessageBoxNotifier::shownTexts(),
                  QStringList{QStringLiteral("The file %1 could not be read.").arg(missing)});
-        QCOMPARE(m_window->windowTitle(), QStringLiteral("RSS Panel"));
+        QCOMPARE(shownTitle(m_window.get()), QStringLiteral("RSS Panel"));
     }
 
     void channelEditedSavedAndReloaded()
@@ -135,18 +136,19 @@ private slots:
         QCOMPARE(ch.rxFrequency.get(), 8'500'000u);
         QCOMPARE(int(ch.power), 2);
         QVERIFY(panel()->document().isModified());
+        QCOMPARE(shownTitle(m_window.get()), QStringLiteral("RSS Panel*"));
         QCOMPARE(panel()->channelView()->model()->index(4, 1).data().toString(),
                  QStringLiteral("12.34567"));
 
         const QString path = m_dir.filePath("edited.rss");
         FileDialogs::queueFileName(path);
         QVERIFY(panel()->saveFile());
-        QCOMPARE(m_window->windowTitle(), QStringLiteral("RSS Panel - ") + path);
+        QCOMPARE(shownTitle(m_window.get()), QStringLiteral("RSS Panel - ") + path);
         QVERIFY(!panel()->document().isModified());
 
         // Another change, then opening the saved file: the question comes first.
         panel()->document().record.channelNo(6).txFrequency.set(2'000'000);
-        MessageBoxNotifier::queueAnswer(Answer::No);
+        MessageBoxNotifier::queueAnswer(Answer::Discard);
         FileDialogs::queueFileName(path);
         QVERIFY(panel()->openFile());
         QCOMPARE(
@@ -268,16 +270,46 @@ private slots:
         QVERIFY(file.size() > 2000);
     }
 
+    void closingAsksAboutUnsavedChanges_data()
+    {
+        QTest::addColumn<int>("answer");
+        QTest::addColumn<bool>("closes");
+        // Save, then cancelling the file dialog, keeps the window open as Cancel does.
+        QTest::newRow("save, no file chosen") << int(Answer::Save) << false;
+        QTest::newRow("cancel (also Escape)") << int(Answer::Cancel) << false;
+        QTest::newRow("discard") << int(Answer::Discard) << true;
+    }
     void closingAsksAboutUnsavedChanges()
     {
+        QFETCH(int, answer);
+        QFETCH(bool, closes);
         panel()->document().record.channelNo(1).txFrequency.set(5'000'000);
-        // Yes: save first; cancelling the file dialog keeps the window open.
-        MessageBoxNotifier::queueAnswer(Answer::Yes);
+        MessageBoxNotifier::queueAnswer(Answer(answer));
         FileDialogs::queueFileName(QString());
-        QVERIFY(!m_window->close());
-        QVERIFY(m_window->isVisible());
+        QCOMPARE(m_window->close(), closes);
+        QCOMPARE(MessageBoxNotifier::shownTexts(),
+                 QStringList{QString::fromUtf8(text::kUnsavedChanges.data())});
+    }
+
+    void aFileOfAnotherKindOpensOnlyWhenTheUserInsists()
+    {
+        QVERIFY(panel()->openPath(example()));
+        const QString notes = m_dir.filePath("notes.rss");
+        QFile file(notes);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("[Shopping]\r\nMilk=2\r\n");
+        file.close();
         MessageBoxNotifier::queueAnswer(Answer::No);
-        QVERIFY(m_window->close());
+        QVERIFY(!panel()->openPath(notes));
+        QCOMPARE(MessageBoxNotifier::shownTexts(),
+                 QStringList{QStringLiteral("%1 does not look like a radio database file: it has "
+                                            "none of the sections of one. Open it anyway?")
+                                 .arg(QDir::toNativeSeparators(notes))});
+        QCOMPARE(shownTitle(m_window.get()), QStringLiteral("RSS Panel - ") + example());
+        QVERIFY(!panel()->document().isEmpty());
+        MessageBoxNotifier::queueAnswer(Answer::Yes);
+        QVERIFY(panel()->openPath(notes));
+        QVERIFY(panel()->document().isEmpty());
     }
 
     void helpWithoutTheManual()

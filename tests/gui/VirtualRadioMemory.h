@@ -1,0 +1,81 @@
+#pragma once
+
+// What reached the built-in virtual radio, as the program's records: a window's tests write
+// through the window and compare the radio's memory with the window's document.
+
+#include "koralapi/RadioRecords.h"
+#include "radiodb/RadioSanitiser.h"
+#include "radiodb/dbase.h"
+#include "radiosim/BuiltInRadio.h"
+#include "radiosim/VirtualRadio.h"
+
+#include <QString>
+#include <QThread>
+
+#include <atomic>
+#include <cstring>
+#include <functional>
+
+namespace koral::test {
+
+class VirtualRadioMemory
+{
+public:
+    // Installs the built-in radio (unpaced) and keeps hold of each radio the port creates.
+    void install()
+    {
+        radiosim::BuiltInRadioOptions options;
+        options.paced = false;
+        options.onCreated = [this](radiosim::VirtualRadio& radio) { m_radio = &radio; };
+        radiosim::installBuiltInRadio(options);
+    }
+
+    // Runs `act` on the radio in its own thread and waits for it.
+    void onRadio(const std::function<void(radiosim::VirtualRadio&)>& act) const
+    {
+        radiosim::VirtualRadio* radio = m_radio.load();
+        if (radio->thread() == QThread::currentThread())
+            act(*radio);
+        else
+            QMetaObject::invokeMethod(
+                radio, [&] { act(*radio); }, Qt::BlockingQueuedConnection);
+    }
+
+    // The radio database the radio holds, in host order.
+    dbase radioRecord() const
+    {
+        radiosim::RadioDatabases databases;
+        onRadio([&](radiosim::VirtualRadio& radio) { databases = radio.databases(); });
+        convertByteOrder(TransferTarget::Radio, databases.radio);
+        dbase record;
+        std::memcpy(reinterpret_cast<unsigned char*>(&record), databases.radio.data(),
+                    sizeof record);
+        return record;
+    }
+
+    // The first part of the radio's database that differs from `window` (as a write sends it:
+    // sanitised), or an empty text when the radio holds exactly what the window shows.
+    QString differenceFrom(const dbase& window) const
+    {
+        dbase expected = window;
+        sanitise(expected);
+        const dbase radio = radioRecord();
+        const auto differs = [](const auto& a, const auto& b) {
+            return std::memcmp(&a, &b, sizeof a) != 0;
+        };
+        for (int c = 1; c <= kChannelCount; ++c)
+            if (differs(radio.channelNo(c), expected.channelNo(c)))
+                return QStringLiteral("channel %1").arg(c);
+        for (std::size_t g = 0; g < radio.groups.size(); ++g)
+            if (differs(radio.groups[g], expected.groups[g]))
+                return QStringLiteral("group %1").arg(QChar('A' + int(g)));
+        if (differs(radio.radioOptions, expected.radioOptions))
+            return QStringLiteral("radio options");
+        return differs(radio, expected) ? QStringLiteral("identity or option slots") : QString();
+    }
+
+private:
+    std::atomic<radiosim::VirtualRadio*> m_radio{nullptr};
+};
+
+} // namespace koral::test
