@@ -240,7 +240,7 @@ void RadioController::updateCommands()
     const ViewCommands& commands = m_session.commands();
     for (const ToggleBinding& binding : kToggles) {
         QAction* action = m_window.command(binding.action);
-        action->setEnabled(commands.isEnabled(binding.command) && commands.toolbarEnabled());
+        action->setEnabled(commands.isEnabled(binding.command));
         action->setChecked(commands.isChecked(binding.command));
         action->setIcon(ToolbarImages::icon(commands.imageIndex(binding.toggle)));
     }

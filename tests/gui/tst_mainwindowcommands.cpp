@@ -1,5 +1,6 @@
 // The main window against the virtual radio inside the program, for what reaches the radio
-// against what the window shows: options programmed from their dialog.
+// against what the window shows: options programmed from their dialog, the quick controls
+// while busy.
 
 #include "GuiTestSupport.h"
 
@@ -200,6 +201,19 @@ private slots:
         m_radio.load()->executeFromAnyThread(radiosim::ClearFaults{});
         QCOMPARE(MessageBoxNotifier::shownTexts(), QStringList());
         QCOMPARE(m_status, QStringList{"Last command was not completed successfully."});
+    }
+
+    void attenuatorAndClipperStayEnabledWhileBusy()
+    {
+        ViewCommands& commands = radio()->session().commands();
+        QStringList enabled;
+        commands.beginBusy();
+        for (const QString name : {"squelch", "monitor", "noiseBlanker", "attenuator", "clipper"})
+            if (m_window->command(name)->isEnabled())
+                enabled << name;
+        commands.endBusy();
+        QCOMPARE(enabled, (QStringList{"attenuator", "clipper"}));
+        QVERIFY(m_window->command("squelch")->isEnabled());
     }
 };
 
