@@ -9,6 +9,7 @@
 #include "gui/ProgressDialog.h"
 #include "gui/RssPanel.h"
 #include "gui/ToolbarImages.h"
+#include "gui/WaitCursor.h"
 #include "koralapi/DatabaseTransfer.h"
 
 #include <QAction>
@@ -169,6 +170,7 @@ void RadioController::readDevice()
 {
     if (isBusy() || !m_window.rssPanel()->maybeSave())
         return;
+    const WaitCursor wait;
     m_session.transfer().readDeviceCommand();
     if (m_session.view().radioReady)
         takeRecordsIntoPanel();

@@ -1,6 +1,6 @@
 // The main window against the virtual radio inside the program, for what reaches the radio
 // against what the window shows: options programmed from their dialog, the quick controls
-// while busy.
+// while busy, the wait cursor of Read Device.
 
 #include "GuiTestSupport.h"
 
@@ -214,6 +214,23 @@ private slots:
         commands.endBusy();
         QCOMPARE(enabled, (QStringList{"attenuator", "clipper"}));
         QVERIFY(m_window->command("squelch")->isEnabled());
+    }
+
+    void readDeviceShowsTheWaitCursor()
+    {
+        panel()->document().markClean();
+        QList<Qt::CursorShape> shapes;
+        connect(radio()->progressDialog(), &ProgressDialog::captionChanged, this, [&shapes] {
+            const QCursor* cursor = QApplication::overrideCursor();
+            shapes << (cursor ? cursor->shape() : Qt::ArrowCursor);
+        });
+        m_window->command("readDevice")->trigger();
+        disconnect(radio()->progressDialog(), &ProgressDialog::captionChanged, this, nullptr);
+        QVERIFY(!shapes.isEmpty());
+        QVERIFY(std::all_of(shapes.begin(), shapes.end(),
+                            [](Qt::CursorShape shape) { return shape == Qt::WaitCursor; }));
+        QVERIFY(!QApplication::overrideCursor());
+        QVERIFY(radio()->session().view().radioReady);
     }
 };
 
