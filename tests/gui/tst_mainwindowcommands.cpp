@@ -1,6 +1,6 @@
 // The main window against the virtual radio inside the program, for what reaches the radio
 // against what the window shows: options programmed from their dialog, the quick controls
-// while busy, the wait cursor of Read Device.
+// while busy, the wait cursor of Read Device, and the BITE window opened again after a run.
 
 #include "GuiTestSupport.h"
 
@@ -108,6 +108,23 @@ private:
         std::vector<std::uint8_t> bytes(memory.begin(), memory.end());
         convertByteOrder(TransferTarget::Radio, bytes);
         return bytes;
+    }
+
+    // Opens the BITE window, lets `act` drive it, and makes sure it is closed afterwards.
+    void withBite(const std::function<void(BiteDialog*)>& act)
+    {
+        QObject context;
+        bool shown = false;
+        connect(radio(), &RadioController::biteOpened, &context, [&](BiteDialog* dialog) {
+            shown = true;
+            QTimer::singleShot(0, dialog, [dialog, act] {
+                act(dialog);
+                if (dialog->isVisible())
+                    dialog->reject();
+            });
+        });
+        m_window->command("bite")->trigger();
+        QVERIFY(shown);
     }
 
 private slots:
@@ -231,6 +248,37 @@ private slots:
                             [](Qt::CursorShape shape) { return shape == Qt::WaitCursor; }));
         QVERIFY(!QApplication::overrideCursor());
         QVERIFY(radio()->session().view().radioReady);
+    }
+
+    // Closed in the middle of a run, then after a finished one: each next window starts
+    // afresh and runs.
+    void biteOpensAfreshAfterEveryClose()
+    {
+        BiteRunner& runner = radio()->session().bite();
+        const auto startsAfresh = [](BiteDialog* dialog) {
+            QVERIFY(dialog->runButton()->isEnabled());
+            QVERIFY(!dialog->saveButton()->isEnabled());
+            QCOMPARE(dialog->results()->topLevelItemCount(), 0);
+            QCOMPARE(dialog->progressBar()->value(), 0);
+            QCOMPARE(dialog->statusLine()->text(), QString());
+        };
+        withBite([&](BiteDialog* dialog) {
+            startsAfresh(dialog);
+            dialog->testTypes()->button(2)->click(); // low RF: nothing to confirm
+            QTest::mouseClick(dialog->runButton(), Qt::LeftButton);
+            QVERIFY(runner.isRunning());
+            dialog->reject();
+            QVERIFY(!dialog->isVisible());
+        });
+        withBite([&](BiteDialog* dialog) {
+            startsAfresh(dialog);
+            QTest::mouseClick(dialog->runButton(), Qt::LeftButton);
+            QTRY_VERIFY_WITH_TIMEOUT(!runner.isRunning(), 60000);
+            QVERIFY(dialog->statusLine()->text().startsWith(QStringLiteral("Summary: ")));
+            QVERIFY(dialog->saveButton()->isEnabled());
+        });
+        withBite(startsAfresh);
+        QCOMPARE(MessageBoxNotifier::shownTexts(), QStringList());
     }
 };
 
