@@ -159,8 +159,15 @@ void ChannelConfigDialog::refresh()
     m_duplexLabels[1]->setVisible(duplex);
     for (std::size_t i = 0; i < m_lists.size(); ++i)
         m_lists[i]->setCurrentIndex(m_editor.selectedIndex(List(i)));
-    if (m_ccir && m_editor.ccirNumber() >= ChannelConfigEditor::kMinCcirNumber)
-        m_ccir->setValue(m_editor.ccirNumber());
+    if (m_ccir) {
+        // A channel without a number shows so at the value 0, below the numbers it can store;
+        // once it has one, every choice the spin offers is a number.
+        const int number = m_editor.ccirNumber();
+        const bool none = number < ChannelConfigEditor::kMinCcirNumber;
+        m_ccir->setSpecialValueText(none ? tr("None") : QString());
+        m_ccir->setMinimum(none ? 0 : ChannelConfigEditor::kMinCcirNumber);
+        m_ccir->setValue(number);
+    }
     m_warning->setText(QString::fromStdString(m_editor.warning()));
     m_warning->setVisible(m_editor.isWarningVisible());
     m_ok->setEnabled(m_editor.isOkEnabled());

@@ -30,6 +30,8 @@ public:
     void accept() override;
 
     QSpinBox* channelSpin() const { return m_channel; }
+    // The CCIR number spin; null without CCIR numbers.
+    QSpinBox* ccirSpin() const { return m_ccir; }
     QLineEdit* edit(ChannelConfigEditor::Edit which) const;
     QRadioButton* typeButton(ChannelConfigEditor::FrequencyType type) const;
     QComboBox* list(ChannelConfigEditor::List which) const;

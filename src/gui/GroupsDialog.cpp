@@ -102,11 +102,9 @@ void GroupsGrid::paintEvent(QPaintEvent*)
     for (int channel = 1; channel <= GroupsEditor::kChannels; ++channel) {
         const QRect rect = cellRect(channel);
         QColor background = colours::freeCell();
-        QColor text = palette().color(QPalette::WindowText);
         switch (m_editor.cellState(channel)) {
         case CellState::Member:
             background = colours::memberCell();
-            text = Qt::white;
             break;
         case CellState::Guard:
             background = colours::guardCell();
@@ -114,13 +112,14 @@ void GroupsGrid::paintEvent(QPaintEvent*)
         case CellState::Free:
             break;
         }
-        if (m_editor.isProgrammed(channel))
-            text = m_editor.cellState(channel) == CellState::Member ? QColor(Qt::white)
-                                                                    : colours::programmedText();
+        // A programmed channel's number has one colour whatever its cell's state.
+        const bool programmed = m_editor.isProgrammed(channel);
+        const QColor text =
+            programmed ? colours::programmedText() : palette().color(QPalette::WindowText);
         painter.fillRect(rect, background);
         painter.setPen(palette().color(QPalette::Mid));
         painter.drawRect(rect);
-        bold.setBold(m_editor.isProgrammed(channel));
+        bold.setBold(programmed);
         painter.setFont(bold);
         painter.setPen(text);
         painter.drawText(rect, Qt::AlignCenter, QString::number(channel));

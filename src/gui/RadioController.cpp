@@ -9,6 +9,7 @@
 #include "gui/ProgressDialog.h"
 #include "gui/RssPanel.h"
 #include "gui/ToolbarImages.h"
+#include "gui/WaitCursor.h"
 #include "koralapi/DatabaseTransfer.h"
 
 #include <QAction>
@@ -154,6 +155,7 @@ void RadioController::readDevice()
 {
     if (isBusy() || !m_window.rssPanel()->maybeSave())
         return;
+    const WaitCursor wait;
     if (m_session.transfer().readDeviceCommand())
         takeRecordsIntoPanel();
     emit stateChanged();
@@ -237,7 +239,7 @@ void RadioController::updateCommands()
     const ViewCommands& commands = m_session.commands();
     for (const ToggleBinding& binding : kToggles) {
         QAction* action = m_window.command(binding.action);
-        action->setEnabled(commands.isEnabled(binding.command) && commands.toolbarEnabled());
+        action->setEnabled(commands.isEnabled(binding.command));
         action->setChecked(commands.isChecked(binding.command));
         action->setIcon(ToolbarImages::icon(commands.imageIndex(binding.toggle)));
     }

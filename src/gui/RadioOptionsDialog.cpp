@@ -1,8 +1,8 @@
 #include "gui/RadioOptionsDialog.h"
 
+#include "gui/WaitCursor.h"
 #include "radiodb/RadioValueLists.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -154,9 +154,10 @@ RadioOptionsDialog::RadioOptionsDialog(RadioOptionsEditor& editor, ProgramFuncti
         m_program = buttons->addButton(tr("&Program Options"), QDialogButtonBox::ActionRole);
         connect(m_program, &QPushButton::clicked, this, [this, program] {
             setEnabled(false);
-            QApplication::setOverrideCursor(Qt::WaitCursor);
-            program(m_editor);
-            QApplication::restoreOverrideCursor();
+            {
+                const WaitCursor wait;
+                program(m_editor);
+            }
             setEnabled(true);
         });
     }

@@ -347,11 +347,15 @@ void RssPanel::editRadioOptions()
     RadioOptionsDialog::ProgramFunction program;
     if (m_radio && m_radio->isConnected()) {
         program = [this](const RadioOptionsEditor& e) {
+            // ISB is kept beside the record, not in the radio: only OK takes it.
             dbase edited = m_document.record;
-            e.apply(edited, m_document.isb);
+            bool isb = m_document.isb;
+            e.apply(edited, isb);
             const bool written = m_radio->programOptions(m_document.record, edited);
             documentEdited();
-            reportWrite(written);
+            // "Program Options" asks nothing of the operator: its result goes to the status.
+            emit statusMessage(
+                qs(written ? text::kOperationCompleted : text::byId(text::id::LastCommandFailed)));
             return written;
         };
     }

@@ -49,7 +49,7 @@ int RadioOptionsEditor::alternateDisplayIndex() const
 
 void RadioOptionsEditor::setAlternateDisplayIndex(int index)
 {
-    m_options.alternateDisplayTime = index < 0 ? 5 : byte(index + 1);
+    m_options.alternateDisplayTime = index < 0 ? kDefaultAlternateDisplay : byte(index + 1);
 }
 
 int RadioOptionsEditor::dataPowerIndex() const
@@ -60,7 +60,7 @@ int RadioOptionsEditor::dataPowerIndex() const
 
 void RadioOptionsEditor::setDataPowerIndex(int index)
 {
-    m_options.dataPowerLevel = index < 0 ? 2 : byte(index + 2);
+    m_options.dataPowerLevel = index < 0 ? kDefaultDataPower : byte(index + 2);
 }
 
 void RadioOptionsEditor::setTuner(bool on)
@@ -85,6 +85,12 @@ void RadioOptionsEditor::setAccessory(Accessory which, bool on)
 void RadioOptionsEditor::apply(dbase& record, bool& isb) const
 {
     record.radioOptions = m_options;
+    // A list without a selection stores its default, whether or not the user touched it, so
+    // a value the radio cannot show never goes back to it.
+    if (alternateDisplayIndex() < 0)
+        record.radioOptions.alternateDisplayTime = kDefaultAlternateDisplay;
+    if (dataPowerIndex() < 0)
+        record.radioOptions.dataPowerLevel = kDefaultDataPower;
     record.language = m_language;
     record.accessoryInstalled = byte(m_accessory);
     record.tuner = m_tuner;

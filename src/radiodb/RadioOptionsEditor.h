@@ -68,7 +68,11 @@ public:
     // Whether the priority channel was changed (the document then counts as modified).
     bool priorityChanged() const { return m_priorityChanged; }
 
-    // Stores the dialog's copy into the record.
+    // Stored for "Alternate Display :" and "Data Power Level :" while they show no selection.
+    static constexpr std::uint8_t kDefaultAlternateDisplay = 5;
+    static constexpr std::uint8_t kDefaultDataPower = 2;
+
+    // Stores the dialog's copy into the record, as the dialog shows it.
     void apply(dbase& record, bool& isb) const;
 
     // The option slot check: the last failing complaint, or an empty text for a valid slot.

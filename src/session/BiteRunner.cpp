@@ -54,14 +54,17 @@ bool BiteRunner::run()
 
 void BiteRunner::onReport(const CRadioMessage& report)
 {
+    // Reports of a run that was closed or timed out (the radio may still be finishing it)
+    // belong to nobody: they must neither revive the watchdog nor fill the next window.
+    if (!isRunning())
+        return;
     if (report[6] == op::display::SelfTestProgress) {
         const auto* text = reinterpret_cast<const char*>(report.bytes.data() + 7);
         const std::size_t length = std::find(text, text + (CRadioMessage::kSize - 7), '\0') - text;
         const int position = biteProgressFromText(std::string_view(text, length));
         if (position >= 0)
             m_progress = position;
-        if (!m_finished)
-            m_watchdog.start();
+        m_watchdog.start();
     } else if (report[6] == op::display::SelfTestResult) {
         m_finished = true;
         m_watchdog.stop();
@@ -77,23 +80,36 @@ void BiteRunner::onReport(const CRadioMessage& report)
 
 void BiteRunner::onWatchdog()
 {
-    m_watchdog.stop();
+    clear();
     m_notifier.show(text::byId(text::id::NoResponse), Icon::Warning);
-    m_running = false;
     emit closed();
 }
 
 void BiteRunner::close()
 {
     if (isRunning()) {
+        // Abandon the run before the reset goes out, so that nothing arriving during the wait
+        // (nor a second Close) acts on it.
+        m_running = false;
+        m_watchdog.stop();
         m_link.sendRequest(&PerformReset);
         setStatus(std::string(text::kWaitForReset), true);
         emit changed();
-        m_link.waitPumping(20);
+        m_link.waitPumping(20); // about 200 ms
     }
+    clear();
+    emit closed();
+}
+
+void BiteRunner::clear()
+{
     m_watchdog.stop();
     m_running = false;
-    emit closed();
+    m_finished = false;
+    m_controlsEnabled = true;
+    m_progress = 0;
+    m_results = {};
+    setStatus({}, false);
 }
 
 bool BiteRunner::saveResults(const std::filesystem::path& file, const dbase& radio,

@@ -35,7 +35,9 @@ public:
     bool run();
     // A self-test report (opcode 27, kinds 3 and 4) from the dispatch.
     void onReport(const CRadioMessage& report);
-    // "Close": resets the radio first when a test is running. Emits closed().
+    // "Close": abandons a running test with a radio reset and a short bounded wait, then
+    // leaves the runner as new (results, progress and status cleared, controls enabled), so
+    // the next window starts afresh. Emits closed(); the watchdog's expiry does the same.
     void close();
 
     bool isRunning() const { return m_running && !m_finished; }
@@ -60,6 +62,7 @@ signals:
 private:
     void setStatus(std::string text, bool highlighted);
     void onWatchdog();
+    void clear();
 
     RadioLink& m_link;
     Notifier& m_notifier;

@@ -231,7 +231,6 @@ void ViewCommands::performReset()
 
 void ViewCommands::beginBusy()
 {
-    m_toolbarEnabled = false;
     m_view.busy = true;
     setStatusText(std::string(text::byId(text::id::CommandInProgress)));
     m_closeEnabled = false;
@@ -242,7 +241,6 @@ void ViewCommands::endBusy()
 {
     setStatusText({});
     m_view.busy = false;
-    m_toolbarEnabled = true;
     m_closeEnabled = true;
     emit busyChanged(false);
 }

@@ -89,8 +89,7 @@ public:
     void setRadioCommandsEnabled(bool enabled);
     bool radioCommandsEnabled() const { return m_radioCommandsEnabled; }
     bool aleCommandsEnabled() const;
-    // Toolbar radio buttons and the window's Close item, both off while busy.
-    bool toolbarEnabled() const { return m_toolbarEnabled; }
+    // The window's Close item, off while busy. (The toolbar's buttons follow isEnabled().)
     bool closeEnabled() const { return m_closeEnabled; }
 
     // The Computer Interface panel's status line for a call status code.
@@ -141,7 +140,6 @@ private:
     TraceWriter& m_trace;
     std::array<int, 5> m_images{15, 16, 17, 18, 19};
     bool m_radioCommandsEnabled = false;
-    bool m_toolbarEnabled = true;
     bool m_closeEnabled = true;
     std::string m_callStatus;
     std::string m_statusText;

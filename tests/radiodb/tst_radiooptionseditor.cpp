@@ -29,26 +29,29 @@ class RadioOptionsEditorTest : public QObject
 {
     Q_OBJECT
 private slots:
-    // Stored byte -> the list index the dialog shows (-1: no selection).
+    // Stored byte -> the list index the dialog shows (-1: no selection) -> the byte OK stores
+    // when the list was left alone.
     void storedValuesShowAsIndices_data()
     {
         QTest::addColumn<int>("field");
         QTest::addColumn<int>("stored");
         QTest::addColumn<int>("index");
+        QTest::addColumn<int>("applied");
         // field: 0 CW PTT hold, 1 alternate display, 2 data power, 3 alert tone, 4 scan rate
-        QTest::newRow("cw 150 ms") << 0 << 15 << 0;
-        QTest::newRow("cw 500 ms") << 0 << 50 << 1;
-        QTest::newRow("cw 20 unknown") << 0 << 20 << -1;
-        QTest::newRow("display 1 s") << 1 << 1 << 0;
-        QTest::newRow("display 10 s") << 1 << 10 << 9;
-        QTest::newRow("display 11 s") << 1 << 11 << -1;
-        QTest::newRow("display 0") << 1 << 0 << -1;
-        QTest::newRow("power Low") << 2 << 2 << 0;
-        QTest::newRow("power Max") << 2 << 5 << 3;
-        QTest::newRow("power 1") << 2 << 1 << -1;
-        QTest::newRow("alert High") << 3 << 1 << 1;
-        QTest::newRow("alert 2") << 3 << 2 << -1;
-        QTest::newRow("scan 5/s") << 4 << 5 << 4;
+        QTest::newRow("cw 150 ms") << 0 << 15 << 0 << 15;
+        QTest::newRow("cw 500 ms") << 0 << 50 << 1 << 50;
+        QTest::newRow("cw 20 unknown") << 0 << 20 << -1 << 20;
+        QTest::newRow("display 1 s") << 1 << 1 << 0 << 1;
+        QTest::newRow("display 10 s") << 1 << 10 << 9 << 10;
+        QTest::newRow("display 11 s") << 1 << 11 << -1 << 5;
+        QTest::newRow("display 0") << 1 << 0 << -1 << 5;
+        QTest::newRow("power Low") << 2 << 2 << 0 << 2;
+        QTest::newRow("power Max") << 2 << 5 << 3 << 5;
+        QTest::newRow("power 1") << 2 << 1 << -1 << 2;
+        QTest::newRow("power 200") << 2 << 200 << -1 << 2;
+        QTest::newRow("alert High") << 3 << 1 << 1 << 1;
+        QTest::newRow("alert 2") << 3 << 2 << -1 << 2;
+        QTest::newRow("scan 5/s") << 4 << 5 << 4 << 5;
     }
     void storedValuesShowAsIndices()
     {
@@ -66,6 +69,11 @@ private slots:
                              editor.dataPowerIndex(), editor.alertToneIndex(),
                              editor.scanRateIndex()};
         QCOMPARE(shown[field], index);
+
+        QFETCH(int, applied);
+        bool isb = false;
+        editor.apply(record, isb);
+        QCOMPARE(int(*bytes[field]), applied);
     }
 
     void chosenIndicesStoreValues()

@@ -5,10 +5,13 @@
 
 #include "common/Texts.h"
 #include "koralapi/KoralApi.h"
+#include "koralapi/Opcodes.h"
 #include "profile/ProfileFile.h"
 #include "radiosim/RadioDatabases.h"
 
 #include <QSignalSpy>
+
+#include <cstring>
 
 using namespace koral;
 using namespace koral::test;
@@ -133,11 +136,10 @@ private slots:
         commands.beginBusy();
         QCOMPARE(QString::fromStdString(commands.statusText()),
                  "Command in progress, please wait!!!");
-        QVERIFY(!commands.toolbarEnabled());
         QVERIFY(!commands.closeEnabled());
         commands.endBusy();
         QVERIFY(commands.statusText().empty());
-        QVERIFY(commands.toolbarEnabled());
+        QVERIFY(commands.closeEnabled());
     }
 
     void rejectedCommands_data()
@@ -281,18 +283,54 @@ private slots:
         QCOMPARE(texts(fixture.notifier), (QStringList{kNoResponse, kNoResponse}));
     }
 
-    void biteCloseWhileRunningResetsTheRadio()
+    // Whatever the window showed when it closed, the runner is left as new: reports of the
+    // old run change nothing, and the next run goes to its summary.
+    void biteCloseLeavesTheRunnerAsNew_data()
     {
+        QTest::addColumn<bool>("midRun");
+        QTest::newRow("closed during the run") << true;
+        QTest::newRow("closed on the summary") << false;
+    }
+    void biteCloseLeavesTheRunnerAsNew()
+    {
+        QFETCH(bool, midRun);
         SessionFixture fixture;
         QVERIFY(fixture.startUp());
         BiteRunner& bite = fixture.session->bite();
         bite.setTestType(BiteTestType::LowRf);
+        QStringList statuses;
+        connect(&bite, &BiteRunner::changed, this,
+                [&] { statuses << QString::fromStdString(bite.status()); });
         QVERIFY(bite.run());
-        QVERIFY(bite.isRunning());
+        if (!midRun)
+            QTRY_VERIFY_WITH_TIMEOUT(!bite.isRunning(), 10000);
+        QCOMPARE(bite.isRunning(), midRun);
         bite.close();
-        QCOMPARE(QString::fromStdString(bite.status()), "Wait to perform RESET!!!");
-        QVERIFY(!bite.isRunning());
-        QVERIFY(!bite.watchdogActive());
+        QCOMPARE(statuses.contains("Wait to perform RESET!!!"), midRun);
+        const auto asNew = [&bite] {
+            QVERIFY(!bite.isRunning());
+            QVERIFY(!bite.watchdogActive());
+            QVERIFY(bite.controlsEnabled());
+            QCOMPARE(bite.progress(), 0);
+            QVERIFY(bite.status().empty());
+            QVERIFY(bite.results().rows.empty());
+        };
+        asNew();
+
+        CRadioMessage late;
+        late.prepareReport();
+        late.bytes[6] = op::display::SelfTestProgress;
+        std::memcpy(late.bytes.data() + 7, "T: .....", 9);
+        bite.onReport(late);
+        late.bytes.fill(0xAA);
+        late.bytes[6] = op::display::SelfTestResult;
+        bite.onReport(late);
+        asNew();
+
+        QVERIFY(bite.run());
+        QTRY_VERIFY_WITH_TIMEOUT(!bite.isRunning(), 10000);
+        QVERIFY(QString::fromStdString(bite.status()).startsWith("Summary: "));
+        QCOMPARE(texts(fixture.notifier), QStringList());
     }
 
     void channelsGoToTheRadioBigEndian()
