@@ -163,6 +163,7 @@ inline constexpr std::string_view kNothing = "nothing";
 inline constexpr std::string_view kRecordsNotWritten = "Written to the radio: %s.\nNot written, because they were neither read from this radio nor opened from a file: %s.";
 inline constexpr std::string_view kWriteEmptyDatabase = "The radio database in the window is empty: it holds no channels, groups, serial number or code. Writing it erases those of the radio. Write it anyway?";
 inline constexpr std::string_view kReadCancelled = "Read Device cancelled: nothing was changed.";
+inline constexpr std::string_view kNoPdfViewer = "No program to show PDF files was found on this computer. The user manual is %s: open it with any PDF viewer.";
 inline constexpr std::string_view kNotRadioDatabaseFile = "%s does not look like a radio database file: it has none of the sections of one. Open it anyway?";
 
 // --- built-in test ---

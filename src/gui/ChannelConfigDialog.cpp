@@ -1,5 +1,7 @@
 #include "gui/ChannelConfigDialog.h"
 
+#include "gui/ProgramResultLine.h"
+
 #include <QButtonGroup>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -46,7 +48,9 @@ ChannelConfigDialog::ChannelConfigDialog(ChannelConfigEditor& editor, ProgramFun
     for (std::size_t i = 0; i < m_edits.size(); ++i) {
         m_edits[i] = new QLineEdit(typeBox);
         m_edits[i]->setMaxLength(ChannelConfigEditor::kMaxTextLength);
-        m_edits[i]->setMaximumWidth(110);
+        // Wide enough for the longest frequency ("14.34567") in every layout.
+        m_edits[i]->setMinimumWidth(
+            m_edits[i]->fontMetrics().horizontalAdvance(QStringLiteral("00.000000")) + 16);
         m_edits[i]->setPlaceholderText(tr("MHz"));
     }
     m_duplexLabels = {new QLabel(tr("Tx:"), typeBox), new QLabel(tr("Rx:"), typeBox)};
@@ -98,8 +102,10 @@ ChannelConfigDialog::ChannelConfigDialog(ChannelConfigEditor& editor, ProgramFun
 
     m_warning = new QLabel(this);
     m_warning->setObjectName("warning");
-    m_warning->setStyleSheet(QStringLiteral("color: #c00000; font-weight: bold;"));
     m_warning->setWordWrap(true);
+    QSizePolicy policy = m_warning->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    m_warning->setSizePolicy(policy);
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     m_ok = buttons->button(QDialogButtonBox::Ok);
@@ -108,7 +114,7 @@ ChannelConfigDialog::ChannelConfigDialog(ChannelConfigEditor& editor, ProgramFun
         // The channel on screen is stored first: the radio gets exactly what the dialog shows.
         connect(m_program, &QPushButton::clicked, this, [this, program] {
             if (m_editor.accept())
-                program(m_editor);
+                m_programResult->run([&] { return program(m_editor); });
         });
     }
     connect(buttons, &QDialogButtonBox::accepted, this, &ChannelConfigDialog::accept);
@@ -124,6 +130,8 @@ ChannelConfigDialog::ChannelConfigDialog(ChannelConfigEditor& editor, ProgramFun
     layout->addWidget(typeBox);
     layout->addLayout(lists);
     layout->addWidget(m_warning);
+    m_programResult = new ProgramResultLine(this);
+    layout->addWidget(m_programResult);
     layout->addStretch();
     layout->addWidget(buttons);
 
@@ -170,6 +178,10 @@ void ChannelConfigDialog::refresh()
     }
     m_warning->setText(QString::fromStdString(m_editor.warning()));
     m_warning->setVisible(m_editor.isWarningVisible());
+    // Red only for what stops OK; a remark that lets OK through (an empty channel) is a note.
+    m_warning->setStyleSheet(m_editor.isOkEnabled()
+                                 ? QStringLiteral("color: #505050;")
+                                 : QStringLiteral("color: #c00000; font-weight: bold;"));
     m_ok->setEnabled(m_editor.isOkEnabled());
     if (m_program)
         m_program->setEnabled(m_editor.isOkEnabled());

@@ -15,6 +15,8 @@ class QSpinBox;
 
 namespace koral {
 
+class ProgramResultLine;
+
 // "Channel Configuration": binds its controls to a ChannelConfigEditor. Every typed change
 // goes to the editor, and the controls are refreshed from the editor's state afterwards.
 // "Program Channels" writes the edited channels straight into the radio.
@@ -54,6 +56,7 @@ private:
     QLabel* m_warning;
     QPushButton* m_ok;
     QPushButton* m_program = nullptr;
+    ProgramResultLine* m_programResult = nullptr;
     bool m_refreshing = false;
 };
 

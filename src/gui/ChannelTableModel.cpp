@@ -3,6 +3,13 @@
 #include "gui/GuiColours.h"
 #include "gui/RssDocument.h"
 
+#include <QEvent>
+#include <QHeaderView>
+#include <QTableView>
+
+#include <algorithm>
+#include <vector>
+
 namespace koral {
 
 ChannelTableModel::ChannelTableModel(const RssDocument& document, QObject* parent)
@@ -44,7 +51,7 @@ QVariant ChannelTableModel::data(const QModelIndex& index, int role) const
     case Qt::ForegroundRole:
         if (m_document.record.channelNo(index.row() + 1).isProgrammed())
             return colours::programmedText();
-        return {};
+        return colours::unprogrammedText();
     default:
         return {};
     }
@@ -59,6 +66,75 @@ QVariant ChannelTableModel::headerData(int section, Qt::Orientation orientation,
     if (role == Qt::BackgroundRole)
         return colours::fromBgr(RadioSummary::kHeaderColourBgr);
     return {};
+}
+
+void styleChannelView(QTableView* view)
+{
+    view->verticalHeader()->hide();
+    view->verticalHeader()->setDefaultSectionSize(view->fontMetrics().height() + 4);
+    view->horizontalHeader()->setStyleSheet(
+        QStringLiteral("QHeaderView::section { background-color: %1; }")
+            .arg(colours::gridHeader().name()));
+}
+
+namespace {
+
+// Keeps a view's columns at their text's width at least, and shares the room left over
+// among them whenever the view is resized.
+class ColumnFitter : public QObject
+{
+public:
+    static constexpr const char* kName = "columnFitter";
+
+    explicit ColumnFitter(QTableView* view) : QObject(view), m_view(view)
+    {
+        setObjectName(kName);
+        view->viewport()->installEventFilter(this);
+    }
+
+    void fit()
+    {
+        QHeaderView* header = m_view->horizontalHeader();
+        const int count = header->count();
+        if (count == 0)
+            return;
+        std::vector<int> widths(std::size_t(count), 0);
+        int total = 0;
+        for (int c = 0; c < count; ++c) {
+            widths[std::size_t(c)] =
+                std::max(static_cast<QAbstractItemView*>(m_view)->sizeHintForColumn(c),
+                         header->sectionSizeHint(c));
+            total += widths[std::size_t(c)];
+        }
+        const int room = std::max(0, m_view->viewport()->width() - total);
+        for (int c = 0; c < count; ++c)
+            header->resizeSection(c, widths[std::size_t(c)] + room / count +
+                                         (c < room % count ? 1 : 0));
+    }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Resize)
+            fit();
+        return false;
+    }
+
+private:
+    QTableView* m_view;
+};
+
+} // namespace
+
+void fitChannelColumns(QTableView* view)
+{
+    auto* fitter = static_cast<ColumnFitter*>(view->findChild<QObject*>(
+        QString::fromLatin1(ColumnFitter::kName), Qt::FindDirectChildrenOnly));
+    if (!fitter) {
+        fitter = new ColumnFitter(view);
+        view->horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
+    }
+    fitter->fit();
 }
 
 } // namespace koral

@@ -44,7 +44,12 @@ CommPortDialog::CommPortDialog(CommPortEditor& editor, QWidget* parent)
     palette.setColor(QPalette::WindowText, Qt::black);
     m_notice->setPalette(palette);
     m_notice->setMargin(4);
+    // The dialog keeps its size while the notice comes and goes: no button moves.
+    QSizePolicy policy = m_notice->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    m_notice->setSizePolicy(policy);
     m_notice->hide();
+    editor.setOnNoticeChanged([this](bool shown) { showNotice(shown); });
 
     auto* buttons = new QDialogButtonBox(
         QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Help, this);
@@ -77,16 +82,12 @@ void CommPortDialog::showNotice(bool shown)
 
 void CommPortDialog::check()
 {
-    showNotice(true);
     m_editor.check();
-    showNotice(false);
 }
 
 void CommPortDialog::accept()
 {
-    showNotice(true);
     m_editor.accept();
-    showNotice(false);
     QDialog::accept();
 }
 

@@ -1,5 +1,7 @@
 #include "gui/GroupsDialog.h"
 
+#include "gui/ProgramResultLine.h"
+
 #include "gui/GuiColours.h"
 
 #include <QDialogButtonBox>
@@ -196,14 +198,17 @@ GroupsDialog::GroupsDialog(GroupsEditor& editor, ProgramFunction program, QWidge
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     if (program) {
         auto* write = buttons->addButton(tr("&Program Groups"), QDialogButtonBox::ActionRole);
-        connect(write, &QPushButton::clicked, this,
-                [this, program] { program(m_editor.groups()); });
+        connect(write, &QPushButton::clicked, this, [this, program] {
+            m_programResult->run([&] { return program(m_editor.groups()); });
+        });
     }
 
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(top);
     layout->addWidget(box, 1);
     layout->addWidget(m_hint);
+    m_programResult = new ProgramResultLine(this);
+    layout->addWidget(m_programResult);
     layout->addWidget(buttons);
 
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);

@@ -11,6 +11,8 @@ class QSpinBox;
 
 namespace koral {
 
+class ProgramResultLine;
+
 // The 20 x 10 grid of channel numbers, coloured by the editor's cell states. It forwards
 // presses, moves and releases to the editor and shows the hint for the cell under the mouse.
 class GroupsGrid : public QWidget
@@ -65,6 +67,7 @@ private:
     QLabel* m_guard;
     QLabel* m_hint;
     QPushButton* m_deselect;
+    ProgramResultLine* m_programResult = nullptr;
 };
 
 } // namespace koral

@@ -27,6 +27,11 @@ inline QColor programmedText()
 {
     return fromBgr(0xFF0000);
 }
+// Channels that are not programmed are drawn quieter than those that are.
+inline QColor unprogrammedText()
+{
+    return QColor(0x90, 0x90, 0x90);
+}
 inline QColor gridHeader()
 {
     return fromBgr(0xFFC864);

@@ -1,5 +1,7 @@
 #include "gui/InformationDialogs.h"
 
+#include "radiodb/RssCheck.h"
+
 #include "gui/ChannelTableModel.h"
 #include "gui/GuiColours.h"
 #include "gui/RssDocument.h"
@@ -14,6 +16,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QTableView>
 #include <QTableWidget>
@@ -151,12 +154,8 @@ SummaryDialog::SummaryDialog(const RssDocument& document, QWidget* parent) : QDi
     m_table = new QTableView(this);
     auto* model = new ChannelTableModel(document, m_table);
     m_table->setModel(model);
-    m_table->verticalHeader()->hide();
-    styleHeader(m_table->horizontalHeader());
-    for (int c = 0; c < model->columnCount(); ++c)
-        m_table->setColumnWidth(
-            c, colours::twipsToPixels(ChannelTableModel::columnTwips(c), logicalDpiX()) + 8);
-    m_table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 4);
+    styleChannelView(m_table);
+    fitChannelColumns(m_table);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_table);
     layout->addWidget(closeButtons(this, QDialogButtonBox::Close));
@@ -168,6 +167,22 @@ CheckDialog::CheckDialog(const QStringList& lines, QWidget* parent) : QDialog(pa
     setWindowTitle(tr("Configuration Check Information"));
     m_list = new QListWidget(this);
     m_list->addItems(lines);
+    const auto chosen = [this](const QListWidgetItem* item) {
+        if (const int channel = checkLineTarget(item->text().toStdString()).channel; channel > 0)
+            emit channelChosen(channel);
+    };
+    connect(m_list, &QListWidget::itemDoubleClicked, this, chosen);
+    m_list->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(m_list, &QWidget::customContextMenuRequested, this, [this, chosen](QPoint at) {
+        QListWidgetItem* item = m_list->itemAt(at);
+        const int channel = item ? checkLineTarget(item->text().toStdString()).channel : 0;
+        if (channel < 1)
+            return;
+        QMenu menu(m_list);
+        menu.addAction(tr("&Go to Channel %1").arg(channel), this,
+                       [item, chosen] { chosen(item); });
+        menu.exec(m_list->viewport()->mapToGlobal(at));
+    });
     auto* status =
         new QLabel(lines.isEmpty() ? tr("No configuration problem was found.")
                                    : tr("%n reference(s) to channels that are not programmed.",

@@ -60,6 +60,10 @@ public:
     CheckDialog(const QStringList& lines, QWidget* parent = nullptr);
     QListWidget* list() const { return m_list; }
 
+signals:
+    // The reader asked to go to the channel a line names (double-click or context menu).
+    void channelChosen(int channel);
+
 private:
     QListWidget* m_list;
 };

@@ -2,6 +2,7 @@
 
 #include "common/Texts.h"
 #include "gui/Notices.h"
+#include "gui/ProgressDialog.h"
 #include "gui/RadioController.h"
 #include "gui/RssPanel.h"
 #include "gui/ToolbarImages.h"
@@ -81,8 +82,17 @@ MainWindow::MainWindow(const MainWindowOptions& options, QWidget* parent)
     updateCommands();
     resize(980, 680);
 
-    // The start-up notice, then the first connection once the window is on the screen.
+    // The start-up notice, then the first connection once the window is on the screen. A
+    // transfer that starts while the notice shows carries it on in its own window, so the
+    // notice never hides behind the progress.
     showNotice(tr("%1  27/10/2003").arg(qs(text::kApplicationName)), 4000, true);
+    ProgressDialog* progress = m_radio->progressDialog();
+    connect(progress, &ProgressDialog::opened, this, [this, progress] {
+        if (m_notice && m_notice->isVisible()) {
+            progress->setBanner(m_notice->text());
+            m_notice->close();
+        }
+    });
 }
 
 MainWindow::~MainWindow() = default;
@@ -91,9 +101,13 @@ void MainWindow::createActions()
 {
     const CommandSpec specs[] = {
         {"openRss", "&Open RSS File...", QKeySequence::Open},
-        {"saveRss", "&Save RSS file...", QKeySequence::Save},
+        {"saveRss", "&Save RSS File", QKeySequence::Save},
+        {"saveRssAs", "Save RSS File &As...", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
         {"printRss", "&Print RSS File...", QKeySequence::Print},
         {"exportPdf", "E&xport to PDF...", QKeySequence(Qt::CTRL | Qt::Key_E)},
+        {"printReport", "Print &Report...", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P)},
+        {"exportReport", "Export R&eport to PDF...",
+         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E)},
         {"fileInfo", "File &Information...", QKeySequence()},
         {"exit", "E&xit", QKeySequence::Quit},
         {"readDevice", "&Read Device", QKeySequence(Qt::Key_F5)},
@@ -157,9 +171,10 @@ void MainWindow::createActions()
     connect(m_commands["bite"], &QAction::triggered, this, [this] { m_radio->runBite(); });
     connect(m_commands["help"], &QAction::triggered, this, &MainWindow::openHelp);
     connect(m_commands["about"], &QAction::triggered, this, [this] {
-        QMessageBox::about(this, tr("About"),
-                           tr("<b>%1</b><p>Operates and programmes KORAL HF radios.</p>")
-                               .arg(qs(text::kApplicationName)));
+        QMessageBox::about(
+            this, tr("About"),
+            tr("<b>%1</b><p>Version %2</p><p>Operates and programmes KORAL HF radios.</p>")
+                .arg(qs(text::kApplicationName), QCoreApplication::applicationVersion()));
     });
 }
 
@@ -174,8 +189,11 @@ void MainWindow::createRssPanel()
     };
     bind("openRss", [this] { m_rss->openFile(); });
     bind("saveRss", [this] { m_rss->saveFile(); });
+    bind("saveRssAs", [this] { m_rss->saveFileAs(); });
     bind("printRss", [this] { m_rss->printFile(); });
     bind("exportPdf", [this] { m_rss->exportPdf(); });
+    bind("printReport", [this] { m_rss->printReport(); });
+    bind("exportReport", [this] { m_rss->exportReportPdf(); });
     bind("fileInfo", [this] { m_rss->editFileInformation(); });
     bind("channelConfig", [this] { m_rss->editChannels(); });
     bind("groups", [this] { m_rss->editGroups(); });
@@ -191,9 +209,11 @@ void MainWindow::createRssPanel()
 
     const auto c = [this](const char* name) { return m_commands[name]; };
     auto* file = new QMenu(tr("&File"), this);
-    file->addActions({c("openRss"), c("saveRss")});
+    file->addAction(c("openRss"));
+    file->addMenu(m_rss->createRecentFilesMenu(file));
+    file->addActions({c("saveRss"), c("saveRssAs")});
     file->addSeparator();
-    file->addActions({c("printRss"), c("exportPdf")});
+    file->addActions({c("printRss"), c("exportPdf"), c("printReport"), c("exportReport")});
     file->addSeparator();
     file->addAction(c("fileInfo"));
     file->addSeparator();
@@ -339,12 +359,17 @@ void MainWindow::openHelp()
 {
     const QString file = QDir::toNativeSeparators(helpFile());
     const std::string name = file.toStdString();
+    if (!QFileInfo(helpFile()).dir().exists()) {
+        m_notifier.show(text::format(text::kHelpPathNotFound.data(), name.c_str()), Icon::Warning);
+        return;
+    }
     if (!QFileInfo::exists(helpFile())) {
         m_notifier.show(text::format(text::kHelpFileNotFound.data(), name.c_str()), Icon::Warning);
         return;
     }
+    // The manual is there: what is missing is a program that shows PDF files.
     if (!HelpViewer::open(QUrl::fromLocalFile(helpFile())))
-        m_notifier.show(text::format(text::kHelpPathNotFound.data(), name.c_str()), Icon::Warning);
+        m_notifier.show(text::format(text::kNoPdfViewer.data(), name.c_str()), Icon::Information);
 }
 
 void MainWindow::showNotice(const QString& text, int milliseconds, bool withPicture)

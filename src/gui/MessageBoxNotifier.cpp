@@ -15,6 +15,7 @@ struct Hooks
     std::deque<Answer> answers;
     QStringList shown;
     std::deque<QString> fileNames;
+    QString lastStart;
 };
 
 Hooks& hooks()
@@ -146,21 +147,24 @@ std::optional<QString> queuedName()
 }
 } // namespace
 
-QString openFileName(QWidget* parent, const QString& caption, const QString& filter)
+QString openFileName(QWidget* parent, const QString& caption, const QString& filter,
+                     const QString& directory)
 {
+    hooks().lastStart = directory;
     if (auto name = queuedName())
         return *name;
-    return QFileDialog::getOpenFileName(parent, caption, QString(), filter);
+    return QFileDialog::getOpenFileName(parent, caption, directory, filter);
 }
 
 QString saveFileName(QWidget* parent, const QString& caption, const QString& filter,
-                     const QString& suffix)
+                     const QString& suffix, const QString& suggested)
 {
+    hooks().lastStart = suggested;
     QString name;
     if (auto queued = queuedName())
         name = *queued;
     else
-        name = QFileDialog::getSaveFileName(parent, caption, QString(), filter);
+        name = QFileDialog::getSaveFileName(parent, caption, suggested, filter);
     if (!name.isEmpty() && QFileInfo(name).suffix().isEmpty())
         name += '.' + suffix;
     return name;
@@ -169,6 +173,11 @@ QString saveFileName(QWidget* parent, const QString& caption, const QString& fil
 void queueFileName(const QString& name)
 {
     hooks().fileNames.push_back(name);
+}
+
+QString lastStart()
+{
+    return hooks().lastStart;
 }
 
 } // namespace FileDialogs

@@ -39,10 +39,15 @@ private:
 // The file dialogs of the application, with the test hook of a queued next file name (an
 // empty name answers like Cancel).
 namespace FileDialogs {
-QString openFileName(QWidget* parent, const QString& caption, const QString& filter);
+// `directory` is where the dialog starts.
+QString openFileName(QWidget* parent, const QString& caption, const QString& filter,
+                     const QString& directory = {});
+// `suggested` is the name (with its folder) the dialog offers.
 QString saveFileName(QWidget* parent, const QString& caption, const QString& filter,
-                     const QString& suffix);
+                     const QString& suffix, const QString& suggested = {});
 void queueFileName(const QString& name);
+// Where the last file dialog started: its folder, or the name it offered.
+QString lastStart();
 } // namespace FileDialogs
 
 } // namespace koral

@@ -19,6 +19,11 @@ ProgressDialog::ProgressDialog(std::function<void()> cancel, QWidget* parent)
 {
     setObjectName("progressDialog");
     setModal(true);
+    m_banner = new QLabel(this);
+    QFont bold = m_banner->font();
+    bold.setBold(true);
+    m_banner->setFont(bold);
+    m_banner->hide();
     m_caption = new QLabel(this);
     m_caption->setMinimumWidth(360);
     m_bar = new QProgressBar(this);
@@ -31,6 +36,7 @@ ProgressDialog::ProgressDialog(std::function<void()> cancel, QWidget* parent)
     buttons->addStretch();
     buttons->addWidget(m_cancel);
     auto* layout = new QVBoxLayout(this);
+    layout->addWidget(m_banner);
     layout->addWidget(m_caption);
     layout->addWidget(m_bar);
     layout->addLayout(buttons);
@@ -41,11 +47,24 @@ void ProgressDialog::open()
     m_bar->setValue(0);
     show();
     raise();
+    emit opened();
 }
 
 void ProgressDialog::close()
 {
     hide();
+    setBanner({});
+}
+
+void ProgressDialog::setBanner(const QString& text)
+{
+    m_banner->setText(text);
+    m_banner->setVisible(!text.isEmpty());
+}
+
+QString ProgressDialog::banner() const
+{
+    return m_banner->text();
 }
 
 void ProgressDialog::setTitle(std::string_view title)

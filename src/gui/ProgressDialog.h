@@ -33,15 +33,21 @@ public:
 
     QString caption() const;
     QPushButton* cancelButton() const { return m_cancel; }
+    // A line above the caption (the start-up notice while the first read runs); until the
+    // dialog closes.
+    void setBanner(const QString& text);
+    QString banner() const;
 
 signals:
     void captionChanged(const QString& caption);
+    void opened();
 
 protected:
     void reject() override;
 
 private:
     std::function<void()> m_cancelFunction;
+    QLabel* m_banner;
     QLabel* m_caption;
     QProgressBar* m_bar;
     QPushButton* m_cancel;

@@ -1,6 +1,6 @@
 #include "gui/RadioOptionsDialog.h"
 
-#include "gui/WaitCursor.h"
+#include "gui/ProgramResultLine.h"
 #include "radiodb/RadioValueLists.h"
 
 #include <QCheckBox>
@@ -152,20 +152,16 @@ RadioOptionsDialog::RadioOptionsDialog(RadioOptionsEditor& editor, ProgramFuncti
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     if (program) {
         m_program = buttons->addButton(tr("&Program Options"), QDialogButtonBox::ActionRole);
-        connect(m_program, &QPushButton::clicked, this, [this, program] {
-            setEnabled(false);
-            {
-                const WaitCursor wait;
-                program(m_editor);
-            }
-            setEnabled(true);
-        });
+        connect(m_program, &QPushButton::clicked, this,
+                [this, program] { m_programResult->run([&] { return program(m_editor); }); });
     }
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(columns);
+    m_programResult = new ProgramResultLine(this);
+    layout->addWidget(m_programResult);
     layout->addWidget(buttons);
 }
 

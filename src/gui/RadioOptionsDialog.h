@@ -11,6 +11,8 @@ class QPushButton;
 
 namespace koral {
 
+class ProgramResultLine;
+
 // The radio options dialog. It shows the editor's copy and stores every change into it; on
 // OK the caller applies the editor to the document. "Program Options" hands the editor to
 // the given function, which writes the options into the radio.
@@ -32,6 +34,7 @@ private:
 
     RadioOptionsEditor& m_editor;
     QPushButton* m_program = nullptr;
+    ProgramResultLine* m_programResult = nullptr;
     QCheckBox* m_tuner;
     QCheckBox* m_amplifier;
     QCheckBox* m_accessory1;

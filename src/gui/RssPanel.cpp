@@ -7,24 +7,22 @@
 #include "gui/GroupsDialog.h"
 #include "gui/GuiColours.h"
 #include "gui/InformationDialogs.h"
-#include "gui/MessageBoxNotifier.h"
 #include "gui/RadioOptionsDialog.h"
 #include "gui/RssFileIo.h"
 #include "gui/RssRadio.h"
+#include "gui/RssReport.h"
 #include "radiodb/RssCheck.h"
 
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QDateTime>
 #include <QDir>
-#include <QFileInfo>
 #include <QGroupBox>
 #include <QHeaderView>
-#include <QLabel>
-#include <QPainter>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QSplitter>
 #include <QTableView>
 #include <QTableWidget>
-#include <QTextDocument>
 #include <QVBoxLayout>
 
 namespace koral {
@@ -36,25 +34,16 @@ QString qs(std::string_view text)
     return QString::fromUtf8(text.data(), qsizetype(text.size()));
 }
 
-std::string path8(const QString& path)
+DocumentPanel::FileKind rssFileKind()
 {
-    return path.toStdString();
-}
-
-void printTextTo(QPrinter& printer, const QString& text)
-{
-    QTextDocument document;
-    QFont font(QStringLiteral("DejaVu Sans Mono"));
-    font.setStyleHint(QFont::Monospace);
-    font.setPointSize(9);
-    document.setDefaultFont(font);
-    document.setPlainText(text);
-    document.print(&printer);
+    return {QStringLiteral("rss"), QObject::tr("RSS File"), qs(text::kRssFileFilter),
+            QStringLiteral("rss"), text::kUnsavedChanges,   text::kNotRadioDatabaseFile};
 }
 
 } // namespace
 
-RssPanel::RssPanel(Notifier& notifier, QWidget* parent) : QWidget(parent), m_notifier(notifier)
+RssPanel::RssPanel(Notifier& notifier, QWidget* parent)
+    : DocumentPanel(notifier, rssFileKind(), parent)
 {
     m_document.markClean();
 
@@ -64,13 +53,10 @@ RssPanel::RssPanel(Notifier& notifier, QWidget* parent) : QWidget(parent), m_not
     m_channels->setModel(m_model);
     m_channels->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_channels->setSelectionMode(QAbstractItemView::SingleSelection);
-    m_channels->verticalHeader()->hide();
-    m_channels->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 4);
-    m_channels->horizontalHeader()->setStyleSheet(
-        QStringLiteral("QHeaderView::section { background-color: %1; }")
-            .arg(colours::gridHeader().name()));
+    styleChannelView(m_channels);
     connect(m_channels, &QTableView::doubleClicked, this,
             [this](const QModelIndex& index) { editChannels(index.row() + 1); });
+    createChannelActions();
 
     auto* channelsBox = new QGroupBox(tr("Channels"), this);
     auto* channelsLayout = new QVBoxLayout(channelsBox);
@@ -101,6 +87,7 @@ RssPanel::RssPanel(Notifier& notifier, QWidget* parent) : QWidget(parent), m_not
     splitter->addWidget(groupsBox);
     splitter->setStretchFactor(0, 3);
     splitter->setStretchFactor(1, 2);
+    splitter->setChildrenCollapsible(false);
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);
@@ -110,6 +97,41 @@ RssPanel::RssPanel(Notifier& notifier, QWidget* parent) : QWidget(parent), m_not
 
 RssPanel::~RssPanel() = default;
 
+void RssPanel::createChannelActions()
+{
+    struct Spec
+    {
+        const char* name;
+        const char* text;
+        QKeySequence keys;
+        void (RssPanel::*slot)();
+    };
+    const Spec specs[] = {
+        {"editChannel", "&Edit Channel...", QKeySequence(Qt::Key_Return), nullptr},
+        {"clearChannel", "C&lear Channel", QKeySequence::Delete, &RssPanel::clearChannel},
+        {"copyChannel", "&Copy Channel", QKeySequence::Copy, &RssPanel::copyChannel},
+        {"pasteChannel", "&Paste Channel", QKeySequence::Paste, &RssPanel::pasteChannel},
+    };
+    for (const Spec& spec : specs) {
+        auto* action = new QAction(tr(spec.text), m_channels);
+        action->setObjectName(spec.name);
+        action->setShortcut(spec.keys);
+        action->setShortcutContext(Qt::WidgetShortcut);
+        if (spec.slot)
+            connect(action, &QAction::triggered, this, spec.slot);
+        else
+            connect(action, &QAction::triggered, this, [this] { editChannels(); });
+        m_channels->addAction(action);
+    }
+    // Enter on the keypad opens the channel as Return does.
+    auto* enter = new QAction(m_channels);
+    enter->setShortcut(QKeySequence(Qt::Key_Enter));
+    enter->setShortcutContext(Qt::WidgetShortcut);
+    connect(enter, &QAction::triggered, this, [this] { editChannels(); });
+    m_channels->addAction(enter);
+    m_channels->setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
 void RssPanel::setRadio(RssRadio* radio)
 {
     m_radio = radio;
@@ -118,10 +140,7 @@ void RssPanel::setRadio(RssRadio* radio)
 void RssPanel::refresh()
 {
     m_model->refresh();
-    const int dpi = logicalDpiX();
-    for (int c = 0; c < m_model->columnCount(); ++c)
-        m_channels->setColumnWidth(
-            c, colours::twipsToPixels(ChannelTableModel::columnTwips(c), dpi) + 8);
+    fitChannelColumns(m_channels);
     fillGroupsOverview();
 }
 
@@ -146,24 +165,53 @@ int RssPanel::selectedChannel() const
     return index.isValid() ? index.row() + 1 : 0;
 }
 
+void RssPanel::selectChannel(int channel)
+{
+    m_channels->selectRow(channel - 1);
+    m_channels->scrollTo(m_model->index(channel - 1, 0));
+    m_channels->setFocus();
+}
+
 void RssPanel::documentEdited()
 {
     refresh();
     emit documentChanged();
 }
 
-bool RssPanel::maybeSave()
+void RssPanel::clearChannel()
 {
-    if (!m_document.isModified())
-        return true;
-    switch (m_notifier.ask(text::kUnsavedChanges, Buttons::SaveDiscardCancel, Icon::Question)) {
-    case Answer::Save:
-        return saveFile();
-    case Answer::Discard:
-        return true;
-    default:
-        return false;
-    }
+    const int number = selectedChannel();
+    if (number < 1)
+        return;
+    m_document.record.channelNo(number) = RssDocument().record.channelNo(number);
+    m_document.ccirNumbers[std::size_t(number - 1)] = 0;
+    documentEdited();
+    selectChannel(number);
+}
+
+void RssPanel::copyChannel()
+{
+    const int number = selectedChannel();
+    if (number < 1)
+        return;
+    m_copied = CopiedChannel{m_document.record.channelNo(number),
+                             m_document.ccirNumbers[std::size_t(number - 1)]};
+    // Other programs get the row as the table shows it.
+    QStringList cells;
+    for (int c = 0; c < m_model->columnCount(); ++c)
+        cells << m_model->index(number - 1, c).data().toString();
+    QApplication::clipboard()->setText(cells.join('\t'));
+}
+
+void RssPanel::pasteChannel()
+{
+    const int number = selectedChannel();
+    if (number < 1 || !m_copied)
+        return;
+    m_document.record.channelNo(number) = m_copied->record;
+    m_document.ccirNumbers[std::size_t(number - 1)] = m_copied->ccirNumber;
+    documentEdited();
+    selectChannel(number);
 }
 
 void RssPanel::replaceDocument(const RssDocument& document)
@@ -173,60 +221,34 @@ void RssPanel::replaceDocument(const RssDocument& document)
     emit pathChanged(qs(m_document.path));
 }
 
-bool RssPanel::openFile()
+QString RssPanel::currentPath() const
 {
-    if (!maybeSave())
-        return false;
-    const QString path =
-        FileDialogs::openFileName(this, tr("Open RSS File"), qs(text::kRssFileFilter));
-    if (path.isEmpty())
-        return false;
-    return openPath(path);
+    return qs(m_document.path);
 }
 
-bool RssPanel::openPath(const QString& path)
+std::string RssPanel::readFile(const std::string& path, bool& foreign)
 {
-    const QString absolute = QFileInfo(path).absoluteFilePath();
-    RssDocument loaded = m_document;
-    bool foreign = false;
-    const std::string error = rssio::load(loaded, path8(absolute), &foreign);
-    if (!error.empty()) {
-        m_notifier.show(error, Icon::Warning);
-        return false;
-    }
-    if (foreign && m_notifier.ask(text::format(text::kNotRadioDatabaseFile.data(),
-                                               path8(QDir::toNativeSeparators(absolute)).c_str()),
-                                  Buttons::YesNo, Icon::Warning) != Answer::Yes)
-        return false;
-    loaded.path = path8(absolute);
-    loaded.markClean();
-    m_document = loaded;
-    documentEdited();
-    emit pathChanged(absolute);
-    return true;
+    m_read = m_document;
+    return rssio::load(m_read, path, &foreign);
 }
 
-bool RssPanel::saveFile()
+void RssPanel::adoptReadFile(const std::string& path)
 {
-    QString path = FileDialogs::saveFileName(this, tr("Save RSS file"), qs(text::kRssFileFilter),
-                                             QStringLiteral("rss"));
-    if (path.isEmpty())
-        return false;
-    return saveTo(QFileInfo(path).absoluteFilePath());
+    m_read.path = path;
+    m_read.markClean();
+    m_document = m_read;
+    refresh();
 }
 
-bool RssPanel::saveTo(const QString& path)
+std::string RssPanel::writeFile(const std::string& path)
 {
-    const std::string error = rssio::save(m_document, path8(path));
-    if (!error.empty()) {
-        m_notifier.show(error, Icon::Warning);
-        return false;
-    }
-    m_document.path = path8(path);
+    const std::string error = rssio::save(m_document, path);
+    if (!error.empty())
+        return error;
+    m_document.path = path;
     m_document.markClean();
-    documentEdited();
-    emit pathChanged(path);
-    return true;
+    refresh();
+    return {};
 }
 
 QString RssPanel::printedText() const
@@ -234,48 +256,18 @@ QString RssPanel::printedText() const
     std::string error;
     const std::string text = rssio::printText(m_document, error);
     if (!error.empty()) {
-        m_notifier.show(text::format(text::kPrintFailed.data(), error.c_str()), Icon::Warning);
+        notifier().show(text::format(text::kPrintFailed.data(), error.c_str()), Icon::Warning);
         return {};
     }
     // The file's bytes are Windows-1252; Latin-1 shows them closely enough on paper.
     return QString::fromLatin1(text.data(), qsizetype(text.size()));
 }
 
-bool RssPanel::printFile()
+QString RssPanel::reportHtml() const
 {
-    const QString text = printedText();
-    if (text.isEmpty())
-        return false;
-    QPrinter printer;
-    QPrintDialog dialog(&printer, this);
-    dialog.setWindowTitle(tr("Print RSS File"));
-    if (dialog.exec() != QDialog::Accepted)
-        return false;
-    printTextTo(printer, text);
-    return true;
-}
-
-bool RssPanel::exportPdf()
-{
-    const QString text = printedText();
-    if (text.isEmpty())
-        return false;
-    const QString path = FileDialogs::saveFileName(this, tr("Export to PDF"),
-                                                   qs(text::kPdfFileFilter), QStringLiteral("pdf"));
-    if (path.isEmpty())
-        return false;
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(path);
-    printer.setDocName(QFileInfo(qs(m_document.path)).fileName());
-    printTextTo(printer, text);
-    if (!QFileInfo(path).isFile()) {
-        m_notifier.show(text::format(text::kFileNotWritten.data(), path8(path).c_str(),
-                                     "the printer did not write it"),
-                        Icon::Warning);
-        return false;
-    }
-    return true;
+    const std::string date =
+        QLocale().toString(QDateTime::currentDateTime(), QLocale::LongFormat).toStdString();
+    return QString::fromStdString(rssReportHtml(m_document, date));
 }
 
 void RssPanel::reportWrite(bool written)
@@ -283,7 +275,7 @@ void RssPanel::reportWrite(bool written)
     if (written)
         emit statusMessage(qs(text::kOperationCompleted));
     else
-        m_notifier.show(text::byId(text::id::NoResponse), Icon::Warning);
+        notifier().show(text::byId(text::id::NoResponse), Icon::Warning);
 }
 
 void RssPanel::editChannels(int channel)
@@ -294,7 +286,7 @@ void RssPanel::editChannels(int channel)
         setup.ccirNumbers = m_document.ccirNumbers;
     setup.firstChannel = channel >= 1 ? channel : std::max(1, selectedChannel());
     setup.isbOffered = m_isbOffered;
-    setup.notifier = &m_notifier;
+    setup.notifier = &notifier();
     ChannelConfigEditor editor(setup);
 
     ChannelConfigDialog::ProgramFunction program;
@@ -321,7 +313,7 @@ void RssPanel::editChannels(int channel)
 void RssPanel::editGroups()
 {
     const bool guardBlocked = m_document.ccirPresent && m_radio && m_radio->channelMode() == 2;
-    GroupsEditor editor(m_notifier, GroupsEditor::fromRecord(m_document.record),
+    GroupsEditor editor(notifier(), GroupsEditor::fromRecord(m_document.record),
                         GroupsEditor::programmedOf(m_document.record), guardBlocked);
     GroupsDialog::ProgramFunction program;
     if (m_radio && m_radio->isConnected()) {
@@ -389,6 +381,10 @@ QStringList RssPanel::checkLines() const
 void RssPanel::showCheck()
 {
     CheckDialog dialog(checkLines(), window());
+    connect(&dialog, &CheckDialog::channelChosen, this, [this, &dialog](int channel) {
+        dialog.accept();
+        selectChannel(channel);
+    });
     dialog.exec();
 }
 

@@ -1,29 +1,28 @@
 #pragma once
 
+#include "gui/DocumentPanel.h"
 #include "gui/RssDocument.h"
 #include "radiodb/RssCheck.h"
 
+#include <optional>
 #include <vector>
-
-#include <QWidget>
 
 class QTableView;
 class QTableWidget;
-class QLabel;
 
 namespace koral {
 
 class ChannelTableModel;
-class Notifier;
 class RssRadio;
 
-// The RSS panel's page: the channel view of the database and the groups overview. The file
-// commands and the dialogs of the panel act on its document.
-class RssPanel : public QWidget
+// The RSS panel's page: the channel view of the radio database and the groups overview. The
+// file commands (shared by every document panel) and the dialogs of the panel act on its
+// document.
+class RssPanel : public DocumentPanel
 {
     Q_OBJECT
 public:
-    RssPanel(Notifier& notifier, QWidget* parent = nullptr);
+    explicit RssPanel(Notifier& notifier, QWidget* parent = nullptr);
     ~RssPanel() override;
 
     // The radio the dialogs write sections into; null or disconnected hides those buttons.
@@ -40,18 +39,11 @@ public:
     // Shows `document` in place of the current one (after reading the radio).
     void replaceDocument(const RssDocument& document);
 
-    // The file commands. Each asks before dropping unsaved changes where that applies and
-    // reports failures through the notifier; they return whether the command went through.
-    bool openFile();
-    bool openPath(const QString& path);
-    bool saveFile();
-    bool printFile();
+    QString currentPath() const override;
+    bool isModified() const override { return m_document.isModified(); }
     // The text a print-out shows (the file as saving writes it, CCIR numbers first).
-    QString printedText() const;
-    bool exportPdf();
-    // Asks whether to save unsaved changes (Save, Discard, Cancel); false when the user
-    // cancelled or the save failed.
-    bool maybeSave();
+    QString printedText() const override;
+    QString reportHtml() const override;
 
     // The dialogs of the panel.
     void editChannels(int channel = 0);
@@ -64,27 +56,36 @@ public:
     // The configuration check's lines for the document.
     QStringList checkLines() const;
 
+    // The channel commands of the channel view's context menu, on the selected channel.
+    void clearChannel();
+    void copyChannel();
+    void pasteChannel();
+
     // The selected channel in the channel view (1..200), 0 when none.
     int selectedChannel() const;
+    void selectChannel(int channel);
     QTableView* channelView() const { return m_channels; }
     QTableWidget* groupsOverview() const { return m_groups; }
 
-signals:
-    // The frame title's file part changed (after open and save).
-    void pathChanged(const QString& path);
-    // The document's content changed through a dialog or a load.
-    void documentChanged();
-    // A short result for the status bar.
-    void statusMessage(const QString& text);
+protected:
+    std::string readFile(const std::string& path, bool& foreign) override;
+    void adoptReadFile(const std::string& path) override;
+    std::string writeFile(const std::string& path) override;
 
 private:
+    void createChannelActions();
     void fillGroupsOverview();
     void documentEdited();
     void reportWrite(bool written);
-    bool saveTo(const QString& path);
 
-    Notifier& m_notifier;
     RssDocument m_document;
+    RssDocument m_read; // a file read by readFile, until it is shown
+    struct CopiedChannel
+    {
+        channel record;
+        std::uint16_t ccirNumber;
+    };
+    std::optional<CopiedChannel> m_copied;
     ChannelTableModel* m_model;
     QTableView* m_channels;
     QTableWidget* m_groups;

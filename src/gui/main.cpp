@@ -20,6 +20,7 @@ int main(int argc, char* argv[])
     QApplication::setApplicationName(QStringLiteral("koral-control-center"));
     QApplication::setApplicationDisplayName(QString::fromUtf8(text::kApplicationName.data()));
     QApplication::setOrganizationName(QStringLiteral("KORAL"));
+    QApplication::setApplicationVersion(QStringLiteral(KORAL_VERSION));
 
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Operates and programmes KORAL HF radios."));

@@ -76,4 +76,18 @@ RssCheckResult checkRadioConfiguration(const dbase& db, std::span<const AleNetCh
     return result;
 }
 
+CheckLineTarget checkLineTarget(std::string_view line)
+{
+    CheckLineTarget target;
+    const auto digit = line.find_first_of("0123456789");
+    if (digit != std::string_view::npos)
+        for (auto i = digit; i < line.size() && line[i] >= '0' && line[i] <= '9'; ++i)
+            target.channel = target.channel * 10 + (line[i] - '0');
+    constexpr std::string_view kGroup = " group ";
+    if (const auto at = line.find(kGroup);
+        at != std::string_view::npos && at + kGroup.size() < line.size())
+        target.group = line[at + kGroup.size()];
+    return target;
+}
+
 } // namespace koral

@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace koral {
@@ -33,5 +34,14 @@ struct RssCheckResult
 // `nets` holds the ALE nets in order (net n at index n - 1); empty when there is no ALE
 // programme.
 RssCheckResult checkRadioConfiguration(const dbase& db, std::span<const AleNetChannels> nets = {});
+
+// What a line of the check names, so that a reader can go there: the channel (every line
+// names one) and the scan group, when the line is about a group.
+struct CheckLineTarget
+{
+    int channel = 0;
+    char group = 0; // 'A'..'E', or 0
+};
+CheckLineTarget checkLineTarget(std::string_view line);
 
 } // namespace koral

@@ -35,13 +35,20 @@ bool CommPortEditor::setBaudRate(std::int32_t baudRate)
     return true;
 }
 
+void CommPortEditor::setNoticeVisible(bool visible)
+{
+    m_noticeVisible = visible;
+    if (m_onNoticeChanged)
+        m_onNoticeChanged(visible);
+}
+
 int CommPortEditor::check()
 {
-    m_noticeVisible = true;
+    setNoticeVisible(true);
     m_link.changeRadioLink(selectedPort(), selectedBaudRate());
     m_link.setReportNoResponse(false);
     const int passed = m_link.testCommunication();
-    m_noticeVisible = false;
+    setNoticeVisible(false);
     if (passed != 1)
         m_notifier.show(text::byId(text::id::CommunicationTestFailed), Icon::Critical);
     else
@@ -52,9 +59,9 @@ int CommPortEditor::check()
 
 void CommPortEditor::accept()
 {
-    m_noticeVisible = true;
+    setNoticeVisible(true);
     m_link.changeRadioLink(selectedPort(), selectedBaudRate());
-    m_noticeVisible = false;
+    setNoticeVisible(false);
 }
 
 } // namespace koral

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include <cstdint>
 
 namespace koral {
@@ -30,6 +32,12 @@ public:
 
     // The notice shown while a connection attempt runs.
     bool noticeVisible() const { return m_noticeVisible; }
+    // Called whenever the "connecting" notice comes or goes, so a window can follow it (it is
+    // gone before the test's result is shown).
+    void setOnNoticeChanged(std::function<void(bool)> onChanged)
+    {
+        m_onNoticeChanged = std::move(onChanged);
+    }
 
     // "Check": reconnects with the selection and tests the link; 1 when the radio answered.
     int check();
@@ -41,7 +49,10 @@ private:
     Notifier& m_notifier;
     int m_portIndex = 0;
     int m_baudIndex = 3;
+    void setNoticeVisible(bool visible);
+
     bool m_noticeVisible = false;
+    std::function<void(bool)> m_onNoticeChanged;
 };
 
 } // namespace koral

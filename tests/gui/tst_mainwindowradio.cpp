@@ -87,6 +87,8 @@ private slots:
         MainWindowOptions windowOptions;
         windowOptions.dataDirectory = m_dir.filePath("data");
         m_window = std::make_unique<MainWindow>(windowOptions);
+        // The radio's ten-second settling waits after a read or a write, shortened.
+        radio()->session().link().setPumpRoundMilliseconds(1);
         connect(radio()->progressDialog(), &QDialog::windowTitleChanged, this,
                 [this](const QString& title) { m_captions << title; });
         connect(radio()->progressDialog(), &ProgressDialog::captionChanged, this,
@@ -141,7 +143,12 @@ private slots:
             QCOMPARE(dialog->portList()->currentIndex(), 0);
             QCOMPARE(dialog->baudButtons()->checkedId(), 3);
             screenshot(dialog, "comm-ports");
+            const QSize size = dialog->size();
             dialog->check();
+            // The notice is gone and nothing moved under the mouse.
+            QCOMPARE(dialog->size(), size);
+            for (QLabel* label : dialog->findChildren<QLabel*>())
+                QVERIFY(!label->isVisible() || !label->text().startsWith("Connecting"));
             dialog->reject();
         });
         MessageBoxNotifier::clearShownTexts();
@@ -150,6 +157,7 @@ private slots:
                  QStringList{"Communication test has been completed successfully."});
         QVERIFY(radio()->session().view().radioReady);
         QVERIFY(!radio()->isBusy());
+        QCOMPARE(m_window->statusBar()->currentMessage(), QString());
     }
 
     void programChannelsSendsTheChannelOnScreen()
@@ -165,6 +173,9 @@ private slots:
             QTest::keyClicks(edit, "7.1234");
             QVERIFY(dialog->programButton()->isEnabled());
             QTest::mouseClick(dialog->programButton(), Qt::LeftButton);
+            // The result shows in the dialog, where the operator looks.
+            QCOMPARE(dialog->findChild<QLabel*>("programResult")->text(),
+                     QStringLiteral("The Operation Completed Successful"));
             dialog->reject();
         });
         panel()->editChannels(3);

@@ -14,11 +14,14 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSettings>
 #include <QSpinBox>
+#include <QStatusBar>
 #include <QTableView>
 #include <QTableWidget>
 #include <QTemporaryDir>
@@ -39,6 +42,12 @@ private:
     QString example() { return QStringLiteral(KORAL_EXAMPLES_DIR "/radio.rss"); }
 
 private slots:
+    void initTestCase()
+    {
+        // Recent files and the last folder are user settings: keep them in the test's folder.
+        QSettings::setDefaultFormat(QSettings::IniFormat);
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_dir.path());
+    }
     void init()
     {
         MessageBoxNotifier::setAutomatic(true);
@@ -110,6 +119,12 @@ private slots:
         onNextDialog<ChannelConfigDialog>([](ChannelConfigDialog* dialog) {
             screenshot(dialog, "channel-configuration");
             QCOMPARE(dialog->channelSpin()->value(), 5);
+            // An empty channel gets a note, not an error: OK stays enabled, nothing is red.
+            const auto red = [dialog] {
+                return dialog->warningLine()->styleSheet().contains(QStringLiteral("#c00000"));
+            };
+            QVERIFY(dialog->warningLine()->isVisible() && dialog->okButton()->isEnabled());
+            QVERIFY(!red());
             dialog->typeButton(ChannelConfigEditor::FrequencyType::HalfDuplex)->click();
             QLineEdit* tx = dialog->edit(Edit::HalfDuplexTx);
             QLineEdit* rx = dialog->edit(Edit::HalfDuplexRx);
@@ -119,9 +134,12 @@ private slots:
             QTest::keyClicks(tx, "30.1");
             QCOMPARE(dialog->warningLine()->text(),
                      QStringLiteral("30.1 is out of range. TX frequency range is 1.6 to 30Mhz."));
+            QVERIFY(red());
             QVERIFY(!dialog->okButton()->isEnabled());
             tx->selectAll();
             QTest::keyClicks(tx, "12.34567");
+            // The whole frequency shows in the half-duplex layout.
+            QVERIFY(tx->width() > tx->fontMetrics().horizontalAdvance(tx->text()));
             rx->setFocus();
             rx->selectAll();
             QTest::keyClicks(rx, "8.5");
@@ -270,6 +288,94 @@ private slots:
         QVERIFY(file.size() > 2000);
     }
 
+    void saveGoesToTheCurrentFileAndSaveAsAsks()
+    {
+        const QString path = m_dir.filePath("plan.rss");
+        QVERIFY(QFile::copy(example(), path));
+        QVERIFY(panel()->openPath(path));
+        panel()->document().record.channelNo(9).rxFrequency.set(4'000'000);
+        m_window->command("saveRss")->trigger(); // no file name queued: no dialog may open
+        QVERIFY(!panel()->document().isModified());
+        QVERIFY(QFile(path).size() > 0);
+        // Save As starts where the file is and offers its name.
+        FileDialogs::queueFileName(m_dir.filePath("copy.rss"));
+        m_window->command("saveRssAs")->trigger();
+        QCOMPARE(FileDialogs::lastStart(), m_dir.filePath("plan.rss"));
+        QCOMPARE(shownTitle(m_window.get()),
+                 QStringLiteral("RSS Panel - ") + m_dir.filePath("copy.rss"));
+        // The recent files, newest first, reopen with one click.
+        QMenu* recent = nullptr;
+        for (QMenu* menu : m_window->findChildren<QMenu*>())
+            if (menu->title() == QStringLiteral("Recent &Files"))
+                recent = menu;
+        QVERIFY(recent && recent->actions().size() >= 2);
+        QVERIFY(recent->actions().at(0)->text().endsWith(QStringLiteral("copy.rss")));
+        recent->actions().at(1)->trigger();
+        QCOMPARE(panel()->currentPath(), path);
+    }
+
+    void channelCommandsFromTheKeyboardAndTheContextMenu()
+    {
+        QVERIFY(panel()->openPath(example()));
+        QTableView* view = panel()->channelView();
+        const auto action = [view](const char* name) {
+            return view->findChild<QAction*>(QString::fromLatin1(name));
+        };
+        const channel first = panel()->document().record.channelNo(1);
+        QVERIFY(first.isProgrammed());
+        panel()->selectChannel(1);
+        action("copyChannel")->trigger();
+        panel()->selectChannel(2);
+        action("clearChannel")->trigger();
+        QVERIFY(!panel()->document().record.channelNo(2).isProgrammed());
+        // Unprogrammed channels are drawn quieter than programmed ones.
+        QVERIFY(view->model()->index(1, 1).data(Qt::ForegroundRole).value<QColor>() !=
+                view->model()->index(0, 1).data(Qt::ForegroundRole).value<QColor>());
+        action("pasteChannel")->trigger();
+        QCOMPARE(std::memcmp(&panel()->document().record.channelNo(2), &first, sizeof first), 0);
+        // Enter opens the selected channel.
+        bool opened = false;
+        onNextDialog<ChannelConfigDialog>([&opened](ChannelConfigDialog* dialog) {
+            opened = dialog->channelSpin()->value() == 2;
+        });
+        QTest::keyClick(view, Qt::Key_Return);
+        QVERIFY(opened);
+        // No column is cut while the view has room.
+        for (int c = 0; c < view->model()->columnCount(); ++c)
+            QVERIFY(view->columnWidth(c) >=
+                    static_cast<QAbstractItemView*>(view)->sizeHintForColumn(c));
+    }
+
+    void checkLineLeadsToItsChannel()
+    {
+        panel()->document().record.groups[1].setMember(77, true);
+        onNextDialog<CheckDialog>([](CheckDialog* dialog) {
+            QListWidget* list = dialog->list();
+            QListWidgetItem* line =
+                list->findItems(QStringLiteral("77"), Qt::MatchContains).value(0);
+            QVERIFY(line);
+            emit list->itemDoubleClicked(line);
+        });
+        panel()->showCheck();
+        QCOMPARE(panel()->selectedChannel(), 77);
+    }
+
+    void reportIsWrittenForAReader()
+    {
+        QVERIFY(panel()->openPath(example()));
+        const QString html = panel()->reportHtml();
+        QVERIFY(html.contains(QStringLiteral("radio.rss")));
+        QVERIFY(html.contains(QStringLiteral("KR2E004417")));
+        QVERIFY(html.contains(QStringLiteral("Scan Rate")));
+        QVERIFY(!html.contains(QStringLiteral("65535")));
+        const QString pdf = m_dir.filePath("report.pdf");
+        FileDialogs::queueFileName(pdf);
+        QVERIFY(panel()->exportReportPdf());
+        QVERIFY(QFileInfo(pdf).size() > 2000);
+        QCOMPARE(m_window->statusBar()->currentMessage(),
+                 QStringLiteral("Exported to ") + QDir::toNativeSeparators(pdf));
+    }
+
     void closingAsksAboutUnsavedChanges_data()
     {
         QTest::addColumn<int>("answer");
@@ -322,10 +428,11 @@ private slots:
         QFile manual(MainWindow::helpFile());
         QVERIFY(manual.open(QIODevice::WriteOnly));
         manual.close();
+        // The manual is there, but nothing on the computer shows PDF files: say that.
         HelpViewer::setOpener([](const QUrl&) { return false; });
         m_window->openHelp();
         QCOMPARE(MessageBoxNotifier::shownTexts().value(1),
-                 QStringLiteral("The path %1 was not found.").arg(file));
+                 QString::fromUtf8(text::format(text::kNoPdfViewer.data(), qPrintable(file))));
         QUrl opened;
         HelpViewer::setOpener([&opened](const QUrl& url) {
             opened = url;

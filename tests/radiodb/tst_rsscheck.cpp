@@ -85,6 +85,29 @@ private slots:
         QCOMPARE(actual, expected);
         QCOMPARE(result.configurationValid(), expected.isEmpty());
     }
+
+    void lineTargets_data()
+    {
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<int>("channel");
+        QTest::addColumn<QChar>("group");
+        QTest::newRow("priority") << "Priority channel 5 is not programmed." << 5 << QChar();
+        QTest::newRow("guard") << "Guard channel 117 for group C is not programmed." << 117
+                               << QChar('C');
+        QTest::newRow("member") << "Channel 37 in group A selected but not programmed." << 37
+                                << QChar('A');
+        QTest::newRow("net, whose number is no channel")
+            << "Channel 9 is All Call channel in net no. 2 but not programmed." << 9 << QChar();
+    }
+    void lineTargets()
+    {
+        QFETCH(QString, line);
+        QFETCH(int, channel);
+        QFETCH(QChar, group);
+        const CheckLineTarget target = checkLineTarget(line.toStdString());
+        QCOMPARE(target.channel, channel);
+        QCOMPARE(QChar(target.group), group);
+    }
 };
 
 QTEST_GUILESS_MAIN(RssCheckTest)
