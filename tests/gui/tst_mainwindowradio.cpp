@@ -46,6 +46,16 @@ QPushButton* buttonNamed(QWidget* dialog, const QString& text)
     return nullptr;
 }
 
+// Makes the dialog's channel simplex and types `mhz` as its frequency, as a user would.
+void typeSimplex(ChannelConfigDialog* dialog, const char* mhz)
+{
+    dialog->typeButton(ChannelConfigEditor::FrequencyType::Simplex)->click();
+    QLineEdit* edit = dialog->edit(Edit::Simplex);
+    edit->setFocus();
+    edit->selectAll();
+    QTest::keyClicks(edit, mhz);
+}
+
 // A programmed channel of `record` that is not in group A.
 int programmedChannelOutsideGroupA(const dbase& record)
 {
@@ -163,14 +173,9 @@ private slots:
     void programChannelsSendsTheChannelOnScreen()
     {
         onNextDialog<ChannelConfigDialog>([](ChannelConfigDialog* dialog) {
-            dialog->typeButton(ChannelConfigEditor::FrequencyType::Simplex)->click();
-            QLineEdit* edit = dialog->edit(Edit::Simplex);
-            edit->setFocus();
-            edit->selectAll();
-            QTest::keyClicks(edit, "31");
+            typeSimplex(dialog, "31");
             QVERIFY(!dialog->programButton()->isEnabled());
-            edit->selectAll();
-            QTest::keyClicks(edit, "7.1234");
+            typeSimplex(dialog, "7.1234");
             QVERIFY(dialog->programButton()->isEnabled());
             QTest::mouseClick(dialog->programButton(), Qt::LeftButton);
             // The result shows in the dialog, where the operator looks.
@@ -222,11 +227,7 @@ private slots:
     void writeDeviceSendsWhatTheWindowShows()
     {
         onNextDialog<ChannelConfigDialog>([](ChannelConfigDialog* dialog) {
-            dialog->typeButton(ChannelConfigEditor::FrequencyType::Simplex)->click();
-            QLineEdit* edit = dialog->edit(Edit::Simplex);
-            edit->setFocus();
-            edit->selectAll();
-            QTest::keyClicks(edit, "21.12345");
+            typeSimplex(dialog, "21.12345");
             dialog->accept();
         });
         panel()->editChannels(150);
