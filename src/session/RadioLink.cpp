@@ -42,7 +42,7 @@ int RadioLink::loadCommPortFile(const std::filesystem::path& directory)
 
 void RadioLink::usePortName(std::string name, int baudRate)
 {
-    m_settings.portName = std::move(name);
+    m_portName = std::move(name);
     m_settings.baudRate = baudRate;
 }
 
@@ -56,9 +56,9 @@ int RadioLink::openRadioLink()
 {
     if (!m_engine)
         m_engine = std::make_unique<MessageEngine>();
-    const int opened = m_settings.portName.empty()
+    const int opened = m_portName.empty()
                            ? m_engine->OpenComPort(m_settings.commPort, m_settings.baudRate)
-                           : m_engine->OpenPortByName(m_settings.portName, m_settings.baudRate);
+                           : m_engine->OpenPortByName(m_portName, m_settings.baudRate);
     if (!opened) {
         m_notifier.show(text::byId(text::id::CannotOpenPort));
         return 0;

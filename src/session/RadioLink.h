@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <string>
 
 namespace koral {
 
@@ -117,6 +118,7 @@ private:
     CapabilityFlags& m_flags;
     TraceWriter& m_trace;
     LinkSettings m_settings;
+    std::string m_portName; // a port named for this run; empty: the numbered port
     std::unique_ptr<MessageEngine> m_engine;
     std::shared_ptr<StopEvent> m_stopEvent;
     std::unique_ptr<IncomingWorker> m_worker;

@@ -32,9 +32,6 @@ struct LinkSettings
     std::int32_t commPort = 1;
     std::int32_t baudRate = 9600;
     std::filesystem::path workDirectory;
-    // A port named for this run only (a device path, "tcp:HOST:PORT", "virtual"): opened
-    // instead of the numbered port and never written to CommPort.txt.
-    std::string portName;
 };
 
 // The main view's own state that the commands, the dispatch and the transfers share. It

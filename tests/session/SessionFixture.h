@@ -41,7 +41,7 @@ public:
         session = std::make_unique<ControlCenterSession>(notifier, dataDir());
         session->link().setPumpRoundMilliseconds(0);
         if (baudRate != 0)
-            saveCommPortFile(LinkSettings{1, baudRate, startDir(), {}});
+            saveCommPortFile(LinkSettings{1, baudRate, startDir()});
         session->link().initSession(startDir());
         session->transfer().setAnswerWaitMilliseconds(2000);
     }
