@@ -6,6 +6,9 @@ koral_packages=(
     qt6-base-dev qt6-serialport-dev libgl-dev
     qt6-qpa-plugins fonts-dejavu-core
     xvfb xauth
+    # The rig-control protocol's reference client, for the network control tests only: the
+    # programs never use it.
+    libhamlib-utils
 )
 
 koral_missing_packages() {

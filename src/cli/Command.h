@@ -48,6 +48,10 @@ std::span<const Command> commands();
 // Runs koralctl with its arguments (without the program name); never throws.
 int run(std::span<const std::string> arguments, std::ostream& out, std::ostream& err);
 
+// Creates the Qt application object the radio commands need (once) and makes port 1 the
+// built-in virtual radio.
+void ensureApplication();
+
 // Prints "koralctl: <message>" on `err` and answers kExitError.
 int fail(std::ostream& err, std::string_view message);
 

@@ -12,6 +12,7 @@ int runProbe(const Invocation& invocation);
 int runRead(const Invocation& invocation);
 int runWrite(const Invocation& invocation);
 int runBite(const Invocation& invocation);
+int runServe(const Invocation& invocation);
 
 namespace {
 
@@ -20,6 +21,8 @@ constexpr std::array<std::string_view, 1> kNormalizeFlags{kNoGlobalMembersFlag};
 constexpr std::array<std::string_view, 2> kLinkFlags{"--port=", "--baud="};
 constexpr std::array<std::string_view, 3> kReadFlags{"--port=", "--baud=", "-o="};
 constexpr std::array<std::string_view, 3> kBiteFlags{"--port=", "--baud=", "--type="};
+constexpr std::array<std::string_view, 4> kServeFlags{
+    "--port=", "--baud=", "--listen=", "--scratch="};
 
 constexpr std::array kCommands{
     Command{"normalize", "IN OUT [--no-global-members]",
@@ -63,6 +66,13 @@ constexpr std::array kCommands{
             "Runs the radio's built-in test and prints each item's result and the summary.\n"
             "Exit code 1 when an item failed or could not be performed.\n",
             kBiteFlags, 0, 0, runBite},
+    Command{"serve", "--port P [--baud B] [--listen ADDRESS:PORT] [--scratch N]",
+            "Serves rig-control network clients (logging and digital-mode programs) with the\n"
+            "radio on port P until interrupted. They connect to ADDRESS:PORT, 127.0.0.1:4532\n"
+            "unless given; an address other than the loopback one lets other computers in.\n"
+            "A frequency that no programmed channel receives on is refused, unless N names a\n"
+            "scratch channel to program with it. See docs/network-control.md.\n",
+            kServeFlags, 0, 0, runServe},
 };
 
 } // namespace

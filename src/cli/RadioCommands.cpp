@@ -24,13 +24,6 @@
 
 namespace koral::cli {
 
-namespace {
-
-using Clock = std::chrono::steady_clock;
-constexpr int kPatience = 10;
-constexpr int kBarWidth = 30;
-constexpr auto kBiteSilence = std::chrono::seconds(10);
-
 // Qt's I/O needs an application object; koralctl has none of its own. Port 1 is the built-in
 // virtual radio, as in the desktop application.
 void ensureApplication()
@@ -43,6 +36,13 @@ void ensureApplication()
     if (!hasVirtualRadioFactory())
         radiosim::installBuiltInRadio();
 }
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+constexpr int kPatience = 10;
+constexpr int kBarWidth = 30;
+constexpr auto kBiteSilence = std::chrono::seconds(10);
 
 std::optional<int> parseInt(const std::string& text)
 {

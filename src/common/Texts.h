@@ -262,6 +262,19 @@ inline constexpr std::string_view kCliProbeCalling = "Selective calling: %s\n";
 inline constexpr std::string_view kCliProbeSupport = "ALE global members and extra options: %s\n";
 inline constexpr std::string_view kCliProbeIsb = "ISB: %s\n";
 
+// --- network control (rig-control clients) ---
+inline constexpr std::string_view kNetworkPaneOff = "Network control off";
+inline constexpr std::string_view kNetworkPaneOneClient = "Network control on: 1 client";
+inline constexpr std::string_view kNetworkPaneClients = "Network control on: %d clients";
+inline constexpr std::string_view kNetworkCannotListen = "Network control cannot listen on %s port %d: %s";
+inline constexpr std::string_view kNetworkBadAddress = "'%s' is not an IP address.";
+inline constexpr std::string_view kNetworkBadPort = "The port %d is not between 1 and 65535.";
+inline constexpr std::string_view kNetworkBadScratch = "The scratch channel %d is not a channel number (1-200).";
+inline constexpr std::string_view kNetworkOpenToOthers = "Other computers can control the radio through this address; the protocol has no password.";
+inline constexpr std::string_view kCliBadListen = "'%s' is not ADDRESS:PORT (for example 127.0.0.1:4532)";
+inline constexpr std::string_view kCliServing = "serving rig-control clients on %s port %d; the radio is on %s\n";
+inline constexpr std::string_view kCliRadioNotReady = "the radio on %s did not answer or its databases could not be read";
+
 // --- virtual radio (koral-radio-sim) ---
 inline constexpr std::string_view kSimUsage =
     "Usage: koral-radio-sim [--pty | --tcp PORT] [options]\n"

@@ -1,6 +1,7 @@
 #include "gui/MainWindow.h"
 
 #include "common/Texts.h"
+#include "gui/NetworkControlPane.h"
 #include "gui/Notices.h"
 #include "gui/ProgressDialog.h"
 #include "gui/RadioController.h"
@@ -65,6 +66,10 @@ MainWindow::MainWindow(const MainWindowOptions& options, QWidget* parent)
         statusBar()->addPermanentWidget(pane);
         m_panes[id] = pane;
     }
+    m_network = new NetworkControlPane(m_radio->session(), m_notifier, this);
+    statusBar()->addPermanentWidget(m_network);
+    connect(m_commands["networkControl"], &QAction::triggered, m_network,
+            &NetworkControlPane::configure);
     connect(m_radio, &RadioController::stateChanged, this, [this] {
         updateStatusPanes();
         updateCommands();
@@ -113,6 +118,7 @@ void MainWindow::createActions()
         {"readDevice", "&Read Device", QKeySequence(Qt::Key_F5)},
         {"writeDevice", "&Write Device", QKeySequence(Qt::Key_F6)},
         {"commPort", "&Communication Port Setup...", QKeySequence()},
+        {"networkControl", "&Network Control...", QKeySequence()},
         {"reset", "Perform Rese&t", QKeySequence()},
         {"remote", "Remote Control &On/Off", QKeySequence(), true},
         {"squelch", "Set &Squelch On/Off", QKeySequence(Qt::CTRL | Qt::Key_1), true},
@@ -227,7 +233,7 @@ void MainWindow::createRssPanel()
     radio->addSeparator();
     radio->addActions({c("remote"), c("reset"), c("bite")});
     radio->addSeparator();
-    radio->addAction(c("commPort"));
+    radio->addActions({c("commPort"), c("networkControl")});
 
     auto* configuration = new QMenu(tr("&Configuration"), this);
     configuration->addActions({c("channelConfig"), c("groups"), c("radioOptions"), c("wideInfo")});

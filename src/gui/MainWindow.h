@@ -16,6 +16,7 @@ namespace koral {
 
 class RssPanel;
 class RadioController;
+class NetworkControlPane;
 class Notice;
 
 // Opens the user manual in the platform's viewer; tests replace the opener.
@@ -48,6 +49,7 @@ public:
 
     RssPanel* rssPanel() const { return m_rss; }
     RadioController* radio() const { return m_radio; }
+    NetworkControlPane* networkPane() const { return m_network; }
     MessageBoxNotifier& notifier() { return m_notifier; }
     QToolBar* panelToolBar(Panel panel) const;
     // The menus the menu bar carries while the panel is shown.
@@ -86,6 +88,7 @@ private:
     QStackedWidget* m_pages;
     RssPanel* m_rss = nullptr;
     RadioController* m_radio = nullptr;
+    NetworkControlPane* m_network = nullptr;
     std::map<Panel, QToolBar*> m_toolBars;
     std::map<Panel, QList<QMenu*>> m_menus;
     std::map<Panel, QWidget*> m_pagesByPanel;

@@ -11,7 +11,8 @@ ControlCenterSession::ControlCenterSession(Notifier& notifier, std::filesystem::
       m_commands(m_link, m_view, m_flags, notifier, m_trace),
       m_dispatcher(m_link, m_commands, m_view, m_flags, m_calls, notifier),
       m_transfer(m_link, m_commands, m_view, m_flags, *m_records, notifier, m_trace),
-      m_memory(m_link, notifier), m_bite(m_link, notifier)
+      m_memory(m_link, notifier), m_bite(m_link, notifier),
+      m_activeChannel(m_link, *m_records, m_view)
 {
     connect(&m_dispatcher, &MessageDispatcher::selfTestReport, &m_bite, &BiteRunner::onReport);
     connect(&m_dispatcher, &MessageDispatcher::selfTestRejected, &m_bite, &BiteRunner::close);

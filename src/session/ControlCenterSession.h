@@ -1,5 +1,6 @@
 #pragma once
 
+#include "session/ActiveChannel.h"
 #include "session/BiteRunner.h"
 #include "session/CallStore.h"
 #include "session/CommPortEditor.h"
@@ -62,6 +63,7 @@ public:
     CallStore& calls() { return m_calls; }
     MemoryProgramming& memory() { return m_memory; }
     BiteRunner& bite() { return m_bite; }
+    ActiveChannel& activeChannel() { return m_activeChannel; }
 
 signals:
     // The start-up exchange ended (ready or not).
@@ -82,6 +84,7 @@ private:
     DatabaseTransfer m_transfer;
     MemoryProgramming m_memory;
     BiteRunner m_bite;
+    ActiveChannel m_activeChannel;
     std::optional<CommPortEditor> m_commPortEditor;
     int m_setupPort = 0;
     int m_setupBaud = 0;

@@ -40,6 +40,12 @@ int RadioLink::loadCommPortFile(const std::filesystem::path& directory)
     return 1;
 }
 
+void RadioLink::usePortName(std::string name, int baudRate)
+{
+    m_portName = std::move(name);
+    m_settings.baudRate = baudRate;
+}
+
 int RadioLink::saveCommPortFile()
 {
     koral::saveCommPortFile(m_remembered.value_or(m_settings));
@@ -50,7 +56,10 @@ int RadioLink::openRadioLink()
 {
     if (!m_engine)
         m_engine = std::make_unique<MessageEngine>();
-    if (!m_engine->OpenComPort(m_settings.commPort, m_settings.baudRate)) {
+    const int opened = m_portName.empty()
+                           ? m_engine->OpenComPort(m_settings.commPort, m_settings.baudRate)
+                           : m_engine->OpenPortByName(m_portName, m_settings.baudRate);
+    if (!opened) {
         m_notifier.show(text::byId(text::id::CannotOpenPort));
         return 0;
     }

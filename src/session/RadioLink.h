@@ -10,6 +10,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace koral {
 
@@ -58,6 +59,10 @@ public:
     // are unchanged.
     int changeRadioLink(int port, int baudRate);
 
+    // Opens the port of that name at that rate from now on (for front ends that name their
+    // port on the command line); CommPort.txt keeps its own port.
+    void usePortName(std::string name, int baudRate);
+
     int loadCommPortFile(const std::filesystem::path& directory);
     int saveCommPortFile();
 
@@ -97,6 +102,10 @@ public:
     bool waitCursor() const { return m_waitCursor; }
     FaultHooks& faultHooks() { return m_hooks; }
 
+    // Shows the no-response message unless silenced; returns 0. For the library's calls that
+    // do not go through the two wrappers.
+    int reportFailure();
+
     // The message the worker handed over last (what the view's dispatch acts on).
     CRadioMessage latestIncoming() const { return m_latest.take(); }
 
@@ -109,13 +118,13 @@ signals:
 
 private:
     void setWaitCursor(bool on);
-    int reportFailure();
 
     Notifier& m_notifier;
     CapabilityFlags& m_flags;
     TraceWriter& m_trace;
     LinkSettings m_settings;
     std::optional<LinkSettings> m_remembered;
+    std::string m_portName; // a port named for this run; empty: the numbered port
     std::unique_ptr<MessageEngine> m_engine;
     std::shared_ptr<StopEvent> m_stopEvent;
     std::unique_ptr<IncomingWorker> m_worker;

@@ -61,32 +61,33 @@ void ViewCommands::setToggle(Toggle which, bool on)
 
 int ViewCommands::toggle(Toggle which)
 {
-    bool& setting = flag(which);
-    setting = !setting;
-    const int on = setting ? 1 : 0;
+    return setState(which, !state(which));
+}
+
+int ViewCommands::setState(Toggle which, bool on)
+{
+    const int value = on ? 1 : 0;
     CRadioMessage message = RadioLink::newRequest();
     switch (which) {
     case Toggle::Squelch:
-        SetSquelchOnOff(&message, 0, on);
+        SetSquelchOnOff(&message, 0, value);
         break;
     case Toggle::Monitor:
-        SetMonitorOnOff(&message, 0, on);
+        SetMonitorOnOff(&message, 0, value);
         break;
     case Toggle::NoiseBlanker:
-        SetDspMenuParameters(&message, 0, kUnchanged, kUnchanged, on, kUnchanged);
+        SetDspMenuParameters(&message, 0, kUnchanged, kUnchanged, value, kUnchanged);
         break;
     case Toggle::Attenuator:
-        SetDspMenuParameters(&message, 0, kUnchanged, kUnchanged, kUnchanged, on);
+        SetDspMenuParameters(&message, 0, kUnchanged, kUnchanged, kUnchanged, value);
         break;
     case Toggle::Clipper:
-        SetDspMenuParameters(&message, 0, kUnchanged, on, kUnchanged, kUnchanged);
+        SetDspMenuParameters(&message, 0, kUnchanged, value, kUnchanged, kUnchanged);
         break;
     }
-    if (!m_link.sendToRadio(message)) {
-        setting = !setting;
+    if (!m_link.sendToRadio(message))
         return 0;
-    }
-    setToggle(which, setting);
+    setToggle(which, on);
     return 1;
 }
 

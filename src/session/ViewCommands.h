@@ -57,6 +57,9 @@ public:
     // Flips the setting and sends it; on failure the setting flips back (the no-response
     // message has been shown). 1 when the radio took it.
     int toggle(Toggle which);
+    // Sends the setting as `on` whatever it was; on success the flag and its image follow, on
+    // failure nothing changes (the no-response message has been shown). 1 when taken.
+    int setState(Toggle which, bool on);
     bool state(Toggle which) const;
     // Shows a state the radio reported (the flag and its toolbar image follow it).
     void showToggleState(Toggle which, bool on) { setToggle(which, on); }

@@ -1,0 +1,128 @@
+// koralctl serve against the protocol's reference client (rigctl, rig model 2 "NET rigctl")
+// on the built-in virtual radio. Without rigctl installed the client half is skipped.
+
+#include "support/KoralctlRunner.h"
+
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTcpServer>
+#include <QtTest>
+
+using namespace koral::test;
+
+namespace {
+constexpr int kBound = 60000;
+} // namespace
+
+class ServeTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void badArguments_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("complaint");
+        QTest::newRow("no radio port") << QStringList{"serve"} << "--port P is required";
+        QTest::newRow("listen without port")
+            << QStringList{"serve", "--port", "virtual", "--listen", "127.0.0.1"}
+            << "'127.0.0.1' is not ADDRESS:PORT";
+        QTest::newRow("scratch beyond 200")
+            << QStringList{"serve", "--port", "virtual", "--scratch", "201"}
+            << "The scratch channel 201 is not a channel number";
+    }
+    void badArguments()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, complaint);
+        const KoralctlOutcome outcome = runKoralctl(arguments);
+        QCOMPARE(outcome.exitCode, 2);
+        QVERIFY2(outcome.err.contains(complaint), qPrintable(outcome.err));
+    }
+
+    void referenceClient_data()
+    {
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<QString>("out");
+        QTest::addColumn<bool>("refused");
+        QTest::newRow("select channel 12") << "E 12"
+                                           << "" << false;
+        QTest::newRow("channel") << "e"
+                                 << "12\n"
+                                 << false;
+        QTest::newRow("frequency") << "f"
+                                   << "5815000\n"
+                                   << false;
+        QTest::newRow("mode") << "m"
+                              << "USB\n3000\n"
+                              << false;
+        QTest::newRow("no channel on 7.1 MHz") << "F 7100000"
+                                               << "" << true;
+        QTest::newRow("channel 17 on 7.055 MHz") << "F 7055000"
+                                                 << "" << false;
+        QTest::newRow("now on channel 17") << "e"
+                                           << "17\n"
+                                           << false;
+    }
+    void referenceClient()
+    {
+        QFETCH(QString, command);
+        QFETCH(QString, out);
+        QFETCH(bool, refused);
+        const QString rigctl = QStandardPaths::findExecutable("rigctl");
+        if (rigctl.isEmpty())
+            QSKIP("rigctl (Debian package libhamlib-utils) is not installed; "
+                  "scripts/ensure-deps.sh installs it");
+        if (m_server.state() == QProcess::NotRunning)
+            QVERIFY(startServer());
+        QProcess client;
+        client.start(rigctl,
+                     QStringList{"-m", "2", "-r", QStringLiteral("127.0.0.1:%1").arg(m_port)} +
+                         command.split(' '));
+        QVERIFY(client.waitForFinished(kBound));
+        const QString printed = QString::fromUtf8(client.readAllStandardOutput());
+        const QString complained = QString::fromUtf8(client.readAllStandardError());
+        // A refusal is reported in the client's words, with its trace, on its own streams.
+        if (refused) {
+            QVERIFY2((printed + complained).contains("Command rejected by the rig"),
+                     qPrintable(printed + complained));
+            return;
+        }
+        QCOMPARE(printed, out);
+        QVERIFY2(complained.isEmpty(), qPrintable(complained));
+    }
+
+    void cleanupTestCase()
+    {
+        if (m_server.state() == QProcess::NotRunning)
+            return;
+        m_server.terminate();
+        if (!m_server.waitForFinished(10000))
+            m_server.kill();
+        QCOMPARE(m_server.exitCode(), 0);
+    }
+
+private:
+    bool startServer()
+    {
+        QTcpServer probe; // a free port on the loopback address
+        if (!probe.listen(QHostAddress::LocalHost, 0))
+            return false;
+        m_port = probe.serverPort();
+        probe.close();
+        m_server.start(KORALCTL_PATH, {"serve", "--port", "virtual", "--baud", "115200", "--listen",
+                                       QStringLiteral("127.0.0.1:%1").arg(m_port)});
+        return QTest::qWaitFor(
+                   [&] {
+                       m_server.waitForReadyRead(100);
+                       return m_server.canReadLine() || m_server.state() == QProcess::NotRunning;
+                   },
+                   kBound) &&
+               m_server.readLine().startsWith("serving rig-control clients on 127.0.0.1");
+    }
+
+    QProcess m_server;
+    quint16 m_port = 0;
+};
+
+QTEST_GUILESS_MAIN(ServeTest)
+#include "tst_koralctl_serve.moc"

@@ -1,0 +1,231 @@
+// The rig-control protocol, command by command and error by error, against the virtual radio
+// through the session: what a client reads, what it changes, and what the operator sees.
+
+#include "netcontrol/ClientCommands.h"
+#include "netcontrol/RigctlInterpreter.h"
+#include "session/SessionFixture.h"
+
+#include <QSignalSpy>
+
+using namespace koral;
+using namespace koral::test;
+
+class ProtocolTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void initTestCase()
+    {
+        m_fixture = std::make_unique<SessionFixture>();
+        QVERIFY(m_fixture->startUp());
+        m_commands = std::make_unique<ClientCommands>(*m_fixture->session);
+        m_interpreter = std::make_unique<RigctlInterpreter>(*m_commands);
+    }
+    void cleanupTestCase()
+    {
+        m_interpreter.reset();
+        m_commands.reset();
+        m_fixture.reset();
+    }
+
+    // One client's conversation, in order: each row builds on the rows before it.
+    void conversation_data()
+    {
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<QString>("answer");
+        QTest::newRow("select a channel") << "E 17"
+                                          << "RPRT 0\n";
+        QTest::newRow("its number") << "e"
+                                    << "17\n";
+        QTest::newRow("its receive frequency") << "f"
+                                               << "7055000\n";
+        QTest::newRow("its mode and passband") << "m"
+                                               << "USB\n2700\n";
+        QTest::newRow("long names") << "\\get_mem"
+                                    << "17\n";
+        QTest::newRow("extended, newline") << "+f"
+                                           << "get_freq:\nFrequency: 7055000\nRPRT 0\n";
+        QTest::newRow("extended, semicolon") << ";m"
+                                             << "get_mode:;Mode: USB;Passband: 2700;RPRT 0\n";
+        QTest::newRow("extended set echoes") << "+E 12"
+                                             << "set_mem: 12\nRPRT 0\n";
+        QTest::newRow("several on a line") << "e f"
+                                           << "12\n5815000\n";
+        QTest::newRow("a frequency selects its channel") << "F 7055000.000000"
+                                                         << "RPRT 0\n";
+        QTest::newRow("... which is then active") << "e"
+                                                  << "17\n";
+        QTest::newRow("shared frequency keeps the active channel") << "E 9"
+                                                                   << "RPRT 0\n";
+        QTest::newRow("4125 kHz: channels 7 and 9") << "F 4125000"
+                                                    << "RPRT 0\n";
+        QTest::newRow("... stays on 9") << "e"
+                                        << "9\n";
+        QTest::newRow("no channel, no scratch") << "F 7100000"
+                                                << "RPRT -9\n";
+        QTest::newRow("above 30 MHz") << "F 30000001"
+                                      << "RPRT -1\n";
+        QTest::newRow("not a number") << "F 7.1MHz"
+                                      << "RPRT -1\n";
+        QTest::newRow("missing argument") << "F"
+                                          << "RPRT -1\n";
+        QTest::newRow("channel 0") << "E 0"
+                                   << "RPRT -1\n";
+        QTest::newRow("channel 201") << "E 201"
+                                     << "RPRT -1\n";
+        QTest::newRow("unprogrammed channel") << "E 150"
+                                              << "RPRT -9\n";
+        QTest::newRow("same mode is accepted") << "M USB 0"
+                                               << "RPRT 0\n";
+        QTest::newRow("another mode is not") << "M AM 0"
+                                             << "RPRT -4\n";
+        QTest::newRow("squelch on") << "U SQL 1"
+                                    << "RPRT 0\n";
+        QTest::newRow("squelch reads on") << "u SQL"
+                                          << "1\n";
+        QTest::newRow("noise blanker on") << "U NB 1"
+                                          << "RPRT 0\n";
+        QTest::newRow("noise blanker reads on") << "u NB"
+                                                << "1\n";
+        QTest::newRow("noise blanker off") << "U NB 0"
+                                           << "RPRT 0\n";
+        QTest::newRow("noise blanker reads off") << "+u NB"
+                                                 << "get_func: NB\nFunc Status: 0\nRPRT 0\n";
+        QTest::newRow("attenuator on") << "L ATT 10"
+                                       << "RPRT 0\n";
+        QTest::newRow("attenuator reads its step") << "l ATT"
+                                                   << "1\n";
+        QTest::newRow("functions offered") << "u ?"
+                                           << "NB SQL\n";
+        QTest::newRow("levels offered") << "l ?"
+                                        << "ATT\n";
+        QTest::newRow("a function the radio lacks") << "U COMP 1"
+                                                    << "RPRT -4\n";
+        QTest::newRow("a function no radio has") << "u BOGUS"
+                                                 << "RPRT -1\n";
+        QTest::newRow("a level the radio lacks") << "l RFPOWER"
+                                                 << "RPRT -4\n";
+        QTest::newRow("the one VFO") << "v"
+                                     << "VFOA\n";
+        QTest::newRow("VFO A is accepted") << "V VFOA"
+                                           << "RPRT 0\n";
+        QTest::newRow("VFO B is not there") << "V VFOB"
+                                            << "RPRT -4\n";
+        QTest::newRow("no VFO mode") << "\\chk_vfo"
+                                     << "0\n";
+        QTest::newRow("no transmit keying") << "T 1"
+                                            << "RPRT -4\n";
+        QTest::newRow("no split") << "+s"
+                                  << "get_split_vfo:\nRPRT -4\n";
+        QTest::newRow("long name of the unimplemented") << "\\get_powerstat"
+                                                        << "RPRT -4\n";
+        QTest::newRow("arguments of the unimplemented are consumed") << "J 100 e"
+                                                                     << "RPRT -4\n9\n";
+        QTest::newRow("garbage: one answer, rest dropped") << "k#@! e f"
+                                                           << "RPRT -4\n";
+        QTest::newRow("unknown long name") << "\\set_everything 1"
+                                           << "RPRT -4\n";
+        QTest::newRow("blank line") << "   "
+                                    << "";
+        QTest::newRow("line end of a terminal") << "e\r"
+                                                << "9\n";
+        QTest::newRow("quit") << "q"
+                              << "RPRT 0\n";
+    }
+    void conversation()
+    {
+        QFETCH(QString, line);
+        QFETCH(QString, answer);
+        QCOMPARE(QString::fromStdString(m_interpreter->answer(line.toStdString())), answer);
+        QCOMPARE(m_interpreter->quitRequested(), line == "q");
+        QVERIFY(m_fixture->notifier.texts().empty());
+    }
+
+    // The layout a client's \dump_state parser walks: version, model, region, two range
+    // lists, steps and filters each ended by zeros, six numbers, four masks, two more, then
+    // settings up to "done".
+    void dumpStateLayout()
+    {
+        RigctlInterpreter interpreter(*m_commands);
+        const QStringList lines =
+            QString::fromStdString(interpreter.answer("\\dump_state")).split('\n');
+        QCOMPARE(lines.first(), "1");
+        int at = 3;
+        for (const char* end : {"0 0 0 0 0 0 0", "0 0 0 0 0 0 0", "0 0", "0 0"}) {
+            while (at < lines.size() && lines[at] != end)
+                ++at;
+            QVERIFY2(at < lines.size(), qPrintable(end));
+            ++at;
+        }
+        QCOMPARE(lines.mid(at, 6), QStringList({"0", "0", "0", "0", "", "1"}));
+        QCOMPARE(lines.mid(at + 6, 4), QStringList({"0x100002", "0x100002", "0x2", "0x2"}));
+        QCOMPARE(lines[lines.size() - 2], "done");
+    }
+
+    void init() { m_client = std::make_unique<RigctlInterpreter>(*m_commands); }
+
+    void clientChangesReachThePanels()
+    {
+        auto& session = *m_fixture->session;
+        QSignalSpy toggles(&session.commands(), &ViewCommands::toggleChanged);
+        int reported = 0;
+        connect(&session.dispatcher(), &MessageDispatcher::channelReport, this,
+                [&](const CRadioMessage& report, int) { reported = report[7]; });
+        QSignalSpy selected(&session.activeChannel(), &ActiveChannel::selected);
+        m_client->answer("U SQL 0 E 12");
+        QCOMPARE(session.commands().state(ViewCommands::Toggle::Squelch), false);
+        QCOMPARE(toggles.size(), 1);
+        QCOMPARE(selected.size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(reported, 12, 5000); // the radio's own report
+    }
+
+    void operatorChangesAreWhatClientsRead()
+    {
+        auto& session = *m_fixture->session;
+        const bool before = session.commands().state(ViewCommands::Toggle::Attenuator);
+        QCOMPARE(session.commands().toggle(ViewCommands::Toggle::Attenuator), 1);
+        QCOMPARE(m_client->answer("l ATT"), before ? "0\n" : "1\n");
+        QVERIFY(session.activeChannel().select(25));
+        QCOMPARE(m_client->answer("e f"), "25\n12290000\n");
+        m_fixture->play(*radiosim::parseConsoleLine("channel 30").command);
+        QCOMPARE(m_client->answer("e"), "30\n");
+    }
+
+    void scratchChannelTakesANewFrequency()
+    {
+        auto& session = *m_fixture->session;
+        QSignalSpy programmed(&session.activeChannel(), &ActiveChannel::programmed);
+        m_commands->setScratchChannel(200);
+        QCOMPARE(m_client->answer("F 7100000 e f"), "RPRT 0\n200\n7100000\n");
+        QCOMPARE(programmed.size(), 1);
+        QCOMPARE(session.records().radio.channelNo(200).txFrequency.get(), 7100000u);
+        // Below the transmit range the scratch channel only listens.
+        QCOMPARE(m_client->answer("F 500000 f"), "RPRT 0\n500000\n");
+        QCOMPARE(session.records().radio.channelNo(200).txFrequency.get(), 0u);
+        m_commands->setScratchChannel(0);
+    }
+
+    // A radio that stops answering times the request out; without a link the answer is an
+    // I/O error. Neither puts a message box in front of the operator.
+    void radioFailures()
+    {
+        auto& session = *m_fixture->session;
+        m_fixture->play(*radiosim::parseConsoleLine("fault no-answer").command);
+        QCOMPARE(m_client->answer("f"), "RPRT -5\n");
+        m_fixture->play(*radiosim::parseConsoleLine("fault clear").command);
+        session.link().closeRadioLink();
+        QCOMPARE(m_client->answer("e"), "RPRT -6\n");
+        QCOMPARE(m_client->answer("U NB 1"), "RPRT -6\n");
+        QVERIFY(m_fixture->notifier.texts().empty());
+        QVERIFY(session.link().reportNoResponse());
+    }
+
+private:
+    std::unique_ptr<SessionFixture> m_fixture;
+    std::unique_ptr<ClientCommands> m_commands;
+    std::unique_ptr<RigctlInterpreter> m_interpreter; // the conversation's client
+    std::unique_ptr<RigctlInterpreter> m_client;      // a fresh client for each test
+};
+
+QTEST_GUILESS_MAIN(ProtocolTest)
+#include "tst_netcontrol_protocol.moc"
