@@ -40,6 +40,30 @@ void normalizeNet(ale_net& net, int maxChannel)
         clampTo(net.occupancyCheck, 3, 30, 0);
 }
 
+// A reference keeps only what the file can carry: a slot or dial naming an entry without text
+// would be saved as an empty text, which loads as no reference at all.
+void settleReferences(ale_dbase& db)
+{
+    const auto namesNothing = [&db](std::uint8_t slot) {
+        return slot >= kAleDirectorySize || fieldText(db.directory[slot]).empty();
+    };
+    for (auto& net : db.nets) {
+        for (auto& slot : net.members) {
+            if (slot != kSlotSelfAddress && namesNothing(slot))
+                slot = kSlotEmpty;
+        }
+    }
+    for (auto& dial : db.autoDials) {
+        if (namesNothing(dial.address))
+            dial.address = kSlotEmpty;
+        // A dial without a message is saved with a blank in its place, so a message of blanks
+        // only cannot be told from none.
+        if (dial.message >= kAleMessageCount ||
+            fieldText(db.messages[dial.message]).find_first_not_of(' ') == std::string_view::npos)
+            dial.message = kSlotEmpty;
+    }
+}
+
 void normalizeOptions(ale_options& o)
 {
     clampTo(o.pttTimeout, 0, 10, 0);
@@ -80,10 +104,7 @@ void normalizeAleDatabase(ale_dbase& db, int maxChannel)
         cleanField(entry, kAleAddressCharacters);
     for (auto& message : db.messages)
         cleanField(message, kAleMessageCharacters);
-    for (auto& dial : db.autoDials) {
-        clampTo(dial.address, 0, kAleDirectorySize - 1, kSlotEmpty);
-        clampTo(dial.message, 0, kAleMessageCount - 1, kSlotEmpty);
-    }
+    settleReferences(db);
 }
 
 } // namespace koral

@@ -155,6 +155,21 @@ std::optional<std::string> unreadableReason(const std::string& path)
     return std::nullopt;
 }
 
+std::optional<std::string> unwritableReason(const std::string& path)
+{
+    std::error_code error;
+    if (std::filesystem::is_directory(path, error))
+        return std::string(std::strerror(EISDIR));
+    std::filesystem::path folder = std::filesystem::path(path).parent_path();
+    if (folder.empty())
+        folder = ".";
+    if (!std::filesystem::exists(folder, error))
+        return std::string(std::strerror(ENOENT));
+    if (!std::filesystem::is_directory(folder, error))
+        return std::string(std::strerror(ENOTDIR));
+    return std::nullopt;
+}
+
 bool checkInputFile(const std::string& path, FileKind kind, std::ostream& err)
 {
     if (fileKindOf(path) != kind) {

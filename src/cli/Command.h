@@ -68,6 +68,10 @@ FileKind fileKindOf(std::string_view path);
 // Empty when `path` names a readable file; otherwise why not ("No such file or directory").
 std::optional<std::string> unreadableReason(const std::string& path);
 
+// Empty when a file can be saved at `path`: it is no folder and its folder exists; otherwise
+// why not ("No such file or directory").
+std::optional<std::string> unwritableReason(const std::string& path);
+
 // True when `path` has the extension of `kind` and is readable; otherwise prints why on `err`
 // (as fail() does) and answers false.
 bool checkInputFile(const std::string& path, FileKind kind, std::ostream& err);

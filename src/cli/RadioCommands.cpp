@@ -8,6 +8,7 @@
 #include "koralapi/KoralApi.h"
 #include "radiodb/RssFile.h"
 #include "radiosim/BuiltInRadio.h"
+#include "session/BaudRate.h"
 #include "session/BiteResults.h"
 #include "session/ProgressCaption.h"
 
@@ -43,17 +44,6 @@ using Clock = std::chrono::steady_clock;
 constexpr int kPatience = 10;
 constexpr int kBarWidth = 30;
 constexpr auto kBiteSilence = std::chrono::seconds(10);
-
-std::optional<int> parseInt(const std::string& text)
-{
-    try {
-        std::size_t used = 0;
-        const int value = std::stoi(text, &used);
-        return used == text.size() ? std::optional(value) : std::nullopt;
-    } catch (...) {
-        return std::nullopt;
-    }
-}
 
 // What the radio says about itself before a transfer.
 struct Capabilities
@@ -141,10 +131,10 @@ public:
             return complain(std::string(text::kCliPortMissing));
         int baud = 9600;
         if (const auto text = m_invocation.option("--baud")) {
-            const auto parsed = parseInt(*text);
-            if (!parsed || *parsed <= 0)
-                return complain(text::format(text::kCliBadBaud.data(), text->c_str()));
-            baud = *parsed;
+            const auto rate = parseBaudRate(*text);
+            if (!rate)
+                return complain(badBaudRateText(*text));
+            baud = *rate;
         }
         ensureApplication();
         m_engine = std::make_unique<MessageEngine>();
@@ -377,6 +367,15 @@ int runRead(const Invocation& invocation)
     const auto base = invocation.option("-o");
     if (!base)
         return fail(invocation.err, std::string(text::kCliOutputMissing));
+    // Reading takes a while; a place the files cannot go is refused before it starts.
+    if (std::filesystem::path(*base).filename().empty())
+        return fail(invocation.err, text::format(text::kCliNoBaseName.data(), base->c_str()));
+    for (const char* extension : {".rss", ".ale", ".ccr"}) {
+        const std::string path = *base + extension;
+        if (const auto reason = unwritableReason(path))
+            return fail(invocation.err, text::format(text::kProfileCannotWrite.data(), path.c_str(),
+                                                     reason->c_str()));
+    }
     RadioConnection link(invocation);
     if (!link.open())
         return kExitError;

@@ -1,6 +1,7 @@
 // koralctl serve: the radio for rig-control clients on the network, without the window.
 
 #include "cli/Command.h"
+#include "session/BaudRate.h"
 
 #include "common/Notifier.h"
 #include "common/Texts.h"
@@ -63,10 +64,10 @@ int runServe(const Invocation& invocation)
         return fail(invocation.err, text::kCliPortMissing);
     int baud = 9600;
     if (const auto text = invocation.option("--baud")) {
-        const auto parsed = number(*text);
-        if (!parsed || *parsed <= 0)
-            return fail(invocation.err, text::format(text::kCliBadBaud.data(), text->c_str()));
-        baud = *parsed;
+        const auto rate = parseBaudRate(*text);
+        if (!rate)
+            return fail(invocation.err, badBaudRateText(*text));
+        baud = *rate;
     }
     const std::string listen = invocation.option("--listen").value_or("127.0.0.1:4532");
     auto settings = NetworkControlSettings::fromListen(QString::fromStdString(listen));

@@ -4,6 +4,7 @@
 #include "gui/MainWindow.h"
 #include "gui/RssPanel.h"
 #include "radiosim/BuiltInRadio.h"
+#include "session/BaudRate.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -30,7 +31,11 @@ int main(int argc, char* argv[])
                                                  "the serial ports."),
                                   QStringLiteral("P"));
     const QCommandLineOption baud(QStringLiteral("baud"),
-                                  QStringLiteral("Baud rate: 1200, 2400, 4800 or 9600."),
+                                  QStringLiteral("Baud rate: %1, %2, %3 or %4.")
+                                      .arg(kBaudRates[0])
+                                      .arg(kBaudRates[1])
+                                      .arg(kBaudRates[2])
+                                      .arg(kBaudRates[3]),
                                   QStringLiteral("B"));
     const QCommandLineOption dataDir(QStringLiteral("data-dir"),
                                      QStringLiteral("Folder of the call stack, log and messages."),
@@ -57,11 +62,13 @@ int main(int argc, char* argv[])
         }
     }
     if (parser.isSet(baud)) {
-        options.baud = parser.value(baud).toInt(&ok);
-        if (!ok || options.baud <= 0) {
-            std::fprintf(stderr, "koral-control-center: --baud takes a baud rate\n");
+        const std::string text = parser.value(baud).toStdString();
+        const auto rate = parseBaudRate(text);
+        if (!rate) {
+            std::fprintf(stderr, "koral-control-center: %s\n", badBaudRateText(text).c_str());
             return 2;
         }
+        options.baud = *rate;
     }
     options.dataDirectory = parser.value(dataDir);
     options.connectAtStart = !parser.isSet(screenshot);

@@ -4,11 +4,13 @@
 
 #include <algorithm>
 #include <cstring>
+#include <optional>
 #include <vector>
 
 namespace koral {
 
 namespace {
+using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
 // Data bytes per block: the 256-byte payload less target, offset and flags.
@@ -39,6 +41,22 @@ CRadioMessage transferRequest(int opcode, TransferTarget target, std::size_t sta
 milliseconds patienceBound(int patience)
 {
     return milliseconds(1000 * std::clamp(patience, 1, 60));
+}
+
+// The longest the blocks of a record may take once they flow: every block crossing the wire
+// twice at the line's rate (room for resends and for the acknowledgements coming back), and
+// two block gaps for the turn-arounds. A line much slower than its rate runs out of it.
+milliseconds transferBound(const LinkTiming& timing, std::size_t bytes)
+{
+    const std::size_t blocks = (bytes + kBlockData - 1) / kBlockData;
+    return milliseconds(2 * timing.wireMs(blocks * frame::kMaxFrame) + 2 * timing.blockGapMs());
+}
+
+// The time left until `deadline`, at most `bound`; zero once it has passed.
+milliseconds leftUntil(Clock::time_point deadline, milliseconds bound)
+{
+    const auto left = std::chrono::duration_cast<milliseconds>(deadline - Clock::now());
+    return std::clamp(left, milliseconds(0), bound);
 }
 
 bool isResultFor(const CRadioMessage& message, int requestOpcode, TransferTarget target)
@@ -90,6 +108,7 @@ int streamBlocks(MessageEngine::Transfer& transfer, const LinkTiming& timing, Tr
                  const ProgressCallback& progress)
 {
     const milliseconds ackBound{timing.sendBoundMs()};
+    const auto deadline = Clock::now() + transferBound(timing, bytes.size());
     std::vector<int> blockSizes{0}; // the request itself moves no record bytes
     std::size_t reported = 0;
     const auto reportAcknowledged = [&] {
@@ -113,15 +132,19 @@ int streamBlocks(MessageEngine::Transfer& transfer, const LinkTiming& timing, Tr
         transfer.post(block);
         blockSizes.push_back(static_cast<int>(n));
         done += n;
-        if (!transfer.waitAcknowledged(kQueuedAhead - 1, ackBound))
+        if (!transfer.waitAcknowledged(kQueuedAhead - 1, leftUntil(deadline, ackBound))) {
+            sendAbort(transfer, target);
             return 0;
+        }
         if (!reportAcknowledged()) {
             sendAbort(transfer, target);
             return 0;
         }
     }
-    if (!transfer.waitAcknowledged(0, ackBound))
+    if (!transfer.waitAcknowledged(0, leftUntil(deadline, ackBound))) {
+        sendAbort(transfer, target);
         return 0;
+    }
     if (!reportAcknowledged()) {
         sendAbort(transfer, target);
         return 0;
@@ -145,12 +168,20 @@ int readTarget(MessageEngine* engine, TransferTarget target, std::span<std::uint
 
     std::vector<std::uint8_t> received(bytes.size());
     std::size_t filled = 0;
+    // The radio may take its time to start; from its first answer on, the record has a bound
+    // of its own.
     milliseconds bound = patienceBound(patience);
+    std::optional<Clock::time_point> deadline;
     while (filled < received.size()) {
         const auto message = transfer->next(bound);
-        if (!message)
+        if (!message) {
+            if (deadline)
+                sendAbort(*transfer, target); // the radio may still be sending
             return 0;
-        bound = milliseconds(timing.blockGapMs());
+        }
+        if (!deadline)
+            deadline = Clock::now() + transferBound(timing, bytes.size());
+        bound = leftUntil(*deadline, milliseconds(timing.blockGapMs()));
         if (isResultFor(*message, op::DatabaseRead, target))
             return 0; // the radio refused (a done result before the data is a failure too)
         if (message->GetOpcode() != op::DataBlock || (*message)[6] != static_cast<int>(target))

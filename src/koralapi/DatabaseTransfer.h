@@ -4,9 +4,12 @@
 // calls `pump` at least every 50 ms while it waits, and calls `progress` with the number of
 // record bytes moved since the previous call (one step per byte of the record); a `progress`
 // that returns 0 stops the transfer, which then fails. `patience` is how many seconds the radio
-// may take to start answering (the program passes 10; clamped to 1..60). The records are in
-// host order; the radio holds their multi-byte numbers big-endian and the library converts a
-// private copy, so a record is never left in radio order. 1 on success, 0 on failure.
+// may take to start answering (the program passes 10; clamped to 1..60); from then on the
+// record must move within a bound that follows from the line's rate and the record's size, so
+// a line much slower than the rate it was opened at fails (and the radio is told to stop)
+// instead of dragging on. The records are in host order; the radio holds their multi-byte
+// numbers big-endian and the library converts a private copy, so a record is never left in
+// radio order. 1 on success, 0 on failure.
 
 #include "koralapi/MessageEngine.h"
 #include "koralapi/RadioRecords.h"

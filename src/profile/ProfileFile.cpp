@@ -136,13 +136,41 @@ std::string describe(std::string_view what, const std::filesystem::path& path,
     return text::format(std::string(what).c_str(), path.string().c_str(), error.message().c_str());
 }
 
-// A name beside the target that no other save uses at the same time.
+constexpr std::string_view kTemporaryMark = ".tmp";
+
+// A name beside the target that no other save uses at the same time: the target's name,
+// ".tmp" and digits.
 std::filesystem::path temporaryPathFor(const std::filesystem::path& target)
 {
     static std::mt19937_64 generator{std::random_device{}()};
     std::filesystem::path temporary = target;
-    temporary += ".tmp" + std::to_string(generator() % 1000000000ULL);
+    temporary += std::string(kTemporaryMark) + std::to_string(generator() % 1000000000ULL);
     return temporary;
+}
+
+bool isTemporaryOf(const std::filesystem::path& candidate, const std::filesystem::path& target)
+{
+    const std::string name = candidate.filename().string();
+    const std::string prefix = target.filename().string() + std::string(kTemporaryMark);
+    return name.size() > prefix.size() && name.starts_with(prefix) &&
+           std::all_of(name.begin() + static_cast<std::ptrdiff_t>(prefix.size()), name.end(),
+                       [](char c) { return c >= '0' && c <= '9'; });
+}
+
+// A save killed between writing its temporary file and renaming it leaves that file behind;
+// the next save of the same target clears them away.
+void removeTemporariesOf(const std::filesystem::path& target)
+{
+    std::filesystem::path folder = target.parent_path();
+    if (folder.empty())
+        folder = ".";
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        std::error_code ignored;
+        if (isTemporaryOf(entry->path(), target))
+            std::filesystem::remove(entry->path(), ignored);
+    }
 }
 
 } // namespace
@@ -405,6 +433,7 @@ bool ProfileFile::saveAs(std::filesystem::path path)
         m_error = describe(text::kProfileCannotWrite, path, error);
         return false;
     }
+    removeTemporariesOf(path);
     m_path = std::move(path);
     m_modified = false;
     return true;

@@ -19,7 +19,7 @@
 // "[name]" and "key=value" lines ended by CR LF. Lines a write does not touch stay byte for
 // byte. Nothing reaches the disk before flush() or saveAs(), which replace the file atomically
 // (temporary file in the same folder, then a rename), so an interrupted save leaves the
-// previous file as it was.
+// previous file as it was; the temporary files such a save leaves go with the next save.
 //
 // No function throws; failures are answered by a bool and described by errorString(). One
 // object belongs to one thread at a time: even reads build the key index they search.
@@ -87,7 +87,8 @@ public:
     // to be written; false (file untouched, errorString() set) when it could not be written.
     bool flush();
     // Writes the content to `path` atomically, whether modified or not, and makes `path` the
-    // profile's path. False (errorString() set, the file at `path` untouched) on failure.
+    // profile's path, then removes the temporary files that killed saves of `path` left beside
+    // it. False (errorString() set, the file at `path` untouched) on failure.
     bool saveAs(std::filesystem::path path);
 
 private:

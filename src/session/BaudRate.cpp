@@ -3,6 +3,8 @@
 #include "common/Notifier.h"
 #include "common/Texts.h"
 
+#include <charconv>
+
 namespace koral {
 
 int findBaudRateIndex(std::int32_t baudRate)
@@ -25,6 +27,22 @@ int baudRateToIndex(std::int32_t baudRate, Notifier& notifier)
         return index;
     notifier.show(text::format(text::kBaudRateNotDefined.data(), baudRate));
     return 0;
+}
+
+std::optional<std::int32_t> parseBaudRate(std::string_view text)
+{
+    std::int32_t rate = 0;
+    const char* end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, rate);
+    if (error != std::errc{} || stop != end || findBaudRateIndex(rate) < 0)
+        return std::nullopt;
+    return rate;
+}
+
+std::string badBaudRateText(std::string_view text)
+{
+    return text::format(text::kNotARadioBaudRate.data(), std::string(text).c_str(), kBaudRates[0],
+                        kBaudRates[1], kBaudRates[2], kBaudRates[3]);
 }
 
 } // namespace koral

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
 
 namespace koral {
 
@@ -16,5 +19,10 @@ int baudRateToIndex(std::int32_t baudRate, Notifier& notifier);
 int findBaudRateIndex(std::int32_t baudRate);
 // Baud rate of an index, or 0 for an index outside 0..3.
 std::int32_t baudRateOfIndex(int index);
+
+// The rate a command line names (decimal digits, nothing else), when the radio knows it.
+std::optional<std::int32_t> parseBaudRate(std::string_view text);
+// Why `text` is refused as a baud rate, naming the rates the radio knows.
+std::string badBaudRateText(std::string_view text);
 
 } // namespace koral

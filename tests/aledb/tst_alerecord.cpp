@@ -110,7 +110,11 @@ private slots:
         QTest::newRow("occupancy 1") << net + 59 << 1 << 0;
         QTest::newRow("occupancy 3 kept") << net + 59 << 3 << 3;
         QTest::newRow("occupancy 31") << net + 59 << 31 << 0;
-        QTest::newRow("member slot untouched") << net + 32 << 200 << 200;
+        // Directory entry 2 and message 1 hold text, message 4 only blanks (see below).
+        QTest::newRow("member of a directory entry") << net + 32 << 2 << 2;
+        QTest::newRow("member of an empty entry") << net + 32 << 3 << 255;
+        QTest::newRow("member slot 200") << net + 32 << 200 << 255;
+        QTest::newRow("member of an empty self address") << net + 32 << 254 << 254;
         QTest::newRow("carried byte untouched") << net + 88 << 77 << 77;
         QTest::newRow("PTT timeout 11") << kOptions + 0 << 11 << 0;
         QTest::newRow("min LQA 101") << kOptions + 5 << 101 << 0;
@@ -119,6 +123,10 @@ private slots:
         QTest::newRow("dial address 120") << 3432 + 2 << 120 << 255;
         QTest::newRow("dial address 254") << 3432 + 2 << 254 << 255;
         QTest::newRow("dial message 10") << 3433 << 10 << 255;
+        QTest::newRow("dial address of a directory entry") << 3432 << 2 << 2;
+        QTest::newRow("dial address of an empty entry") << 3432 << 3 << 255;
+        QTest::newRow("dial message with text") << 3433 << 1 << 1;
+        QTest::newRow("dial message of blanks only") << 3433 << 4 << 255;
         QTest::newRow("carried at the end") << 4376 << 200 << 200;
     }
     void normalisation()
@@ -126,7 +134,11 @@ private slots:
         QFETCH(int, offset);
         QFETCH(int, before);
         QFETCH(int, after);
-        ale_dbase db = emptyProgramme().database;
+        AleProgramme p = emptyProgramme();
+        setDirectory(p, 2, "ALPHA");
+        setMessage(p, 1, "HELLO");
+        setMessage(p, 4, "  ");
+        ale_dbase& db = p.database;
         *byteAt(db, offset) = static_cast<std::uint8_t>(before);
         normalizeAleDatabase(db, 200);
         QCOMPARE(int(*byteAt(db, offset)), after);

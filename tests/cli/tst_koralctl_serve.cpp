@@ -109,7 +109,7 @@ private:
             return false;
         m_port = probe.serverPort();
         probe.close();
-        m_server.start(KORALCTL_PATH, {"serve", "--port", "virtual", "--baud", "115200", "--listen",
+        m_server.start(KORALCTL_PATH, {"serve", "--port", "virtual", "--baud", "9600", "--listen",
                                        QStringLiteral("127.0.0.1:%1").arg(m_port)});
         return QTest::qWaitFor(
                    [&] {

@@ -40,7 +40,7 @@ class TestKoralctlRadio : public QObject
 private slots:
     void probeTellsWhatTheRadioIs()
     {
-        const Result r = koralctl({"probe", "--port", "1", "--baud", "115200"});
+        const Result r = koralctl({"probe", "--port", "1", "--baud", "9600"});
         QCOMPARE(r.code, 0);
         QVERIFY(r.out.find("Selective calling: ALE\n") != std::string::npos);
         QVERIFY(r.out.find("Program word: 0x") != std::string::npos);
@@ -51,7 +51,7 @@ private slots:
     void readThenWriteRoundTrips()
     {
         const std::string base = path("radio");
-        Result r = koralctl({"read", "--port=1", "--baud=115200", "-o", base});
+        Result r = koralctl({"read", "--port=1", "--baud=9600", "-o", base});
         QCOMPARE(r.code, 0);
         QVERIFY(r.err.find("Reading Channels Section\n") != std::string::npos); // plain lines
         std::string rss = readFile(base + ".rss");
@@ -62,7 +62,7 @@ private slots:
         std::ofstream(path("changed.rss"), std::ios::binary) << rss;
 
         r = koralctl(
-            {"write", "--port", "1", "--baud", "115200", path("changed.rss"), base + ".ale"});
+            {"write", "--port", "1", "--baud", "9600", path("changed.rss"), base + ".ale"});
         QCOMPARE(r.code, 0);
         QVERIFY(QFile::exists(QString::fromStdString(path("changed.before-write.rss"))));
         QVERIFY(QFile::exists(QString::fromStdString(path("changed.before-write.ale"))));
@@ -76,8 +76,28 @@ private slots:
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<QString>("message");
         QTest::newRow("no port") << QStringList{"probe"} << "--port P is required";
-        QTest::newRow("bad baud") << QStringList{"probe", "--port", "1", "--baud", "fast"}
-                                  << "'fast' is not a baud rate";
+        QTest::newRow("bad baud")
+            << QStringList{"probe", "--port", "1", "--baud", "fast"}
+            << "'fast' is not a baud rate of the radio (1200, 2400, 4800 or 9600)";
+        QTest::newRow("probe at a rate the radio lacks")
+            << QStringList{"probe", "--port", "1", "--baud", "12345"} << "'12345' is not a baud";
+        QTest::newRow("read at the largest number")
+            << QStringList{"read", "--port", "1", "--baud", "2147483647", "-o", "radio"}
+            << "'2147483647' is not a baud";
+        QTest::newRow("write at one baud")
+            << QStringList{"write", "--port", "1", "--baud", "1", KORAL_EXAMPLES_DIR "/radio.rss"}
+            << "'1' is not a baud";
+        QTest::newRow("bite at a computer's rate")
+            << QStringList{"bite", "--port", "1", "--baud", "115200"} << "'115200' is not a baud";
+        // The output is checked before the port is opened, so a port that is not there does
+        // not matter.
+        QTest::newRow("output into a missing folder")
+            << QStringList{"read", "--port", "/dev/koral-none", "-o", "missing/folder/base"}
+            << "Cannot write the file missing/folder/base.rss: No such file or directory";
+        QTest::newRow("empty output name")
+            << QStringList{"read", "--port", "/dev/koral-none", "-o", ""} << "names no file";
+        QTest::newRow("output into a folder without a name")
+            << QStringList{"read", "--port", "/dev/koral-none", "-o", "out/"} << "names no file";
         QTest::newRow("no output") << QStringList{"read", "--port", "1"} << "-o BASE is required";
         QTest::newRow("missing value") << QStringList{"read", "--port"} << "needs a value";
         QTest::newRow("unknown port") << QStringList{"probe", "--port", "/dev/koral-none"}
@@ -101,7 +121,7 @@ private slots:
 
     void biteReportsResultsAndSummary()
     {
-        const Result r = koralctl({"bite", "--port", "1", "--baud", "115200", "--type", "lowrf"});
+        const Result r = koralctl({"bite", "--port", "1", "--baud", "9600", "--type", "lowrf"});
         QCOMPARE(r.code, 0);
         QVERIFY(r.out.find("Summary: ") != std::string::npos);
         QVERIFY(r.out.find("\tPassed\n") != std::string::npos);

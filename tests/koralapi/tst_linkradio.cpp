@@ -248,6 +248,20 @@ private slots:
         QVERIFY(ReadProgramWord(engine.get(), &word));
     }
 
+    // Once the radio's blocks flow, a record has a bound that follows from the rate the port
+    // was opened at and the record's size: a line many times slower runs out of it.
+    void farTooSlowLineFails()
+    {
+        QVERIFY(open("pipe"));
+        command(SetBaud{kBaud / 48});
+        QTest::qWait(50);
+        std::vector<std::uint8_t> record(record::kDbaseSize);
+        int moved = 0;
+        const ProgressCallback count = [&](int n) { return moved += n, 1; };
+        QCOMPARE(readTarget(engine.get(), TransferTarget::Radio, record, 0, {}, count, 10), 0);
+        QVERIFY(moved > 0); // the radio did answer: the record's bound ended the read
+    }
+
     void rejectedRequestIsReported()
     {
         QVERIFY(open("pipe"));

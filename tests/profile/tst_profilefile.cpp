@@ -37,6 +37,7 @@ private slots:
     void flushWritesOnlyChanges();
     void failedSaveIsReportedAndChangesNothing_data();
     void failedSaveIsReportedAndChangesNothing();
+    void saveClearsWhatKilledSavesLeft();
     void modificationTime();
     void unreadableFileIsReported();
 };
@@ -312,6 +313,24 @@ void TestProfileFile::failedSaveIsReportedAndChangesNothing()
     QCOMPARE(std::distance(std::filesystem::directory_iterator(dir.path().toStdString()),
                            std::filesystem::directory_iterator()),
              1);
+}
+
+// A save killed before its rename leaves its temporary file, named after the target; the next
+// save of that target takes it away and leaves every other file alone.
+void TestProfileFile::saveClearsWhatKilledSavesLeft()
+{
+    QTemporaryDir dir;
+    const auto at = [&](const char* name) {
+        return std::filesystem::path(dir.filePath(name).toStdString());
+    };
+    for (const char* name :
+         {"a.rss.tmp12345", "a.rss.tmp0", "a.rss.tmpnotes", "b.rss.tmp77", "a.rss.tmp"})
+        koral::test::writeBytes(at(name), "[S]\r\n");
+    ProfileFile file;
+    file.write("S", "k", "v");
+    QVERIFY(file.saveAs(at("a.rss")));
+    QStringList left = QDir(dir.path()).entryList(QDir::Files, QDir::Name);
+    QCOMPARE(left, (QStringList{"a.rss", "a.rss.tmp", "a.rss.tmpnotes", "b.rss.tmp77"}));
 }
 
 void TestProfileFile::modificationTime()

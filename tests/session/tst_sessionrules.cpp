@@ -39,6 +39,31 @@ private slots:
         QVERIFY(texts.size() <= 1);
     }
 
+    void commandLineBaudRate_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("rate"); // 0: refused
+        QTest::newRow("1200") << "1200" << 1200;
+        QTest::newRow("2400") << "2400" << 2400;
+        QTest::newRow("4800") << "4800" << 4800;
+        QTest::newRow("9600") << "9600" << 9600;
+        QTest::newRow("a rate the radio lacks") << "12345" << 0;
+        QTest::newRow("a computer's rate") << "115200" << 0;
+        QTest::newRow("largest number") << "2147483647" << 0;
+        QTest::newRow("past the largest number") << "99999999999" << 0;
+        QTest::newRow("one") << "1" << 0;
+        QTest::newRow("negative") << "-9600" << 0;
+        QTest::newRow("signed") << "+9600" << 0;
+        QTest::newRow("trailing text") << "9600x" << 0;
+        QTest::newRow("empty") << "" << 0;
+    }
+    void commandLineBaudRate()
+    {
+        QFETCH(QString, text);
+        QFETCH(int, rate);
+        QCOMPARE(parseBaudRate(text.toStdString()).value_or(0), rate);
+    }
+
     void softwareClass_data()
     {
         QTest::addColumn<QByteArray>("version");
