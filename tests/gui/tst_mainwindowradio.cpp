@@ -76,6 +76,7 @@ private:
     std::unique_ptr<MainWindow> m_window;
     QStringList m_captions;
     bool m_progressShot = false;
+    QString m_startUpBanner;
 
     RadioController* radio() { return m_window->radio(); }
     RssPanel* panel() { return m_window->rssPanel(); }
@@ -99,6 +100,10 @@ private slots:
         m_window = std::make_unique<MainWindow>(windowOptions);
         // The radio's ten-second settling waits after a read or a write, shortened.
         radio()->session().link().setPumpRoundMilliseconds(1);
+        connect(radio()->progressDialog(), &ProgressDialog::opened, this, [this] {
+            if (m_startUpBanner.isEmpty())
+                m_startUpBanner = radio()->progressDialog()->banner();
+        });
         connect(radio()->progressDialog(), &QDialog::windowTitleChanged, this,
                 [this](const QString& title) { m_captions << title; });
         connect(radio()->progressDialog(), &ProgressDialog::captionChanged, this,
@@ -123,6 +128,8 @@ private slots:
         QVERIFY(MessageBoxNotifier::shownTexts().isEmpty());
         QVERIFY(m_captions.contains(QStringLiteral("Radio Data Base")));
         QVERIFY(radio()->progressDialog()->caption().startsWith(QStringLiteral("Reading ")));
+        // The start-up notice went on in the progress window rather than behind it.
+        QCOMPARE(m_startUpBanner, QStringLiteral("KORAL Control Center  27/10/2003"));
         const dbase& read = radio()->session().records().radio;
         QCOMPARE(std::memcmp(&panel()->document().record, &read, sizeof(dbase)), 0);
         QVERIFY(!panel()->document().isModified());
