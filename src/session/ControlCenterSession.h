@@ -2,6 +2,7 @@
 
 #include "session/BiteRunner.h"
 #include "session/CallStore.h"
+#include "session/ChannelController.h"
 #include "session/CommPortEditor.h"
 #include "session/DatabaseTransfer.h"
 #include "session/MemoryProgramming.h"
@@ -62,6 +63,7 @@ public:
     CallStore& calls() { return m_calls; }
     MemoryProgramming& memory() { return m_memory; }
     BiteRunner& bite() { return m_bite; }
+    ChannelController& channels() { return m_channels; }
 
 signals:
     // The start-up exchange ended (ready or not).
@@ -82,6 +84,7 @@ private:
     DatabaseTransfer m_transfer;
     MemoryProgramming m_memory;
     BiteRunner m_bite;
+    ChannelController m_channels;
     std::optional<CommPortEditor> m_commPortEditor;
     int m_setupPort = 0;
     int m_setupBaud = 0;
