@@ -14,6 +14,7 @@ class QUrl;
 
 namespace koral {
 
+class ComputerInterfacePanel;
 class RssPanel;
 class RadioController;
 class Notice;
@@ -47,6 +48,7 @@ public:
     const PanelRules& rules() const { return m_rules; }
 
     RssPanel* rssPanel() const { return m_rss; }
+    ComputerInterfacePanel* computerInterfacePanel() const { return m_computerInterface; }
     RadioController* radio() const { return m_radio; }
     MessageBoxNotifier& notifier() { return m_notifier; }
     QToolBar* panelToolBar(Panel panel) const;
@@ -73,6 +75,7 @@ protected:
 
 private:
     void createActions();
+    void createComputerInterfacePanel();
     void createRssPanel();
     QToolBar* createToolBar(Panel panel, const QList<QAction*>& actions);
     void updateTitle();
@@ -85,6 +88,7 @@ private:
     Panel m_current;
     QStackedWidget* m_pages;
     RssPanel* m_rss = nullptr;
+    ComputerInterfacePanel* m_computerInterface = nullptr;
     RadioController* m_radio = nullptr;
     std::map<Panel, QToolBar*> m_toolBars;
     std::map<Panel, QList<QMenu*>> m_menus;

@@ -120,7 +120,7 @@ private slots:
         QVERIFY(!serial.isEmpty());
         QCOMPARE(m_window->statusPane(10)->text(), QStringLiteral("S/N: ") + serial);
         QCOMPARE(m_window->statusPane(12)->text(), QStringLiteral("COM: 1,9600"));
-        QCOMPARE(shownTitle(m_window.get()), QStringLiteral("RSS Panel"));
+        QCOMPARE(shownTitle(m_window.get()), QStringLiteral("Computer Interface Panel"));
         QVERIFY(m_window->command("readDevice")->isEnabled());
         QVERIFY(m_window->command("squelch")->isEnabled());
         screenshot(m_window.get(), "main-window-radio");
@@ -221,6 +221,8 @@ private slots:
 
     void writeDeviceSendsWhatTheWindowShows()
     {
+        // The title marks unsaved edits of the RSS panel's database while that panel is shown.
+        m_window->showPanel(Panel::Rss);
         onNextDialog<ChannelConfigDialog>([](ChannelConfigDialog* dialog) {
             dialog->typeButton(ChannelConfigEditor::FrequencyType::Simplex)->click();
             QLineEdit* edit = dialog->edit(Edit::Simplex);
