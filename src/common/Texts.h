@@ -133,6 +133,19 @@ inline constexpr std::string_view kScanGroupsTitle = "Scan Groups";
 inline constexpr std::string_view kScanAleTitle = "Scan ALE";
 inline constexpr std::string_view kScanGroupHint = "The radio scans the channels of this group.";
 inline constexpr std::string_view kScanNetHint = "The radio scans the channels of this ALE net and answers its calls.";
+// Computer Interface panel: ALE calls
+inline constexpr std::string_view kTabAle = "                         ALE                           ";
+inline constexpr std::string_view kCallTypeLabel = "Call Type:";
+inline constexpr std::string_view kAllCall = "All Call";
+inline constexpr std::string_view kNetLabel = "Net:";
+inline constexpr std::string_view kChannelColon = "Channel:";
+inline constexpr std::string_view kToLabel = "To:";
+inline constexpr std::string_view kAutoChannel = "Auto";
+inline constexpr std::string_view kMhzSuffix = " MHz";
+inline constexpr std::string_view kClearMessage = "Clr Msg:";
+inline constexpr std::string_view kSend = "Send";
+inline constexpr std::string_view kReplace = "Replace";
+inline constexpr std::string_view kAbort = "Abort";
 // the radio's state, always in view (our own wording)
 inline constexpr std::string_view kStateChannel = "Channel: %d";
 inline constexpr std::string_view kStateNoChannel = "Channel: -";

@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QSignalBlocker>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -58,6 +59,7 @@ ComputerInterfacePanel::ComputerInterfacePanel(QWidget* parent) : QWidget(parent
     layout->addWidget(createStatusBox());
     m_tabs = new QTabWidget(this);
     m_tabs->addTab(createChannelPage(), qs(text::kTabChannel).trimmed());
+    m_tabs->addTab(createAlePage(), qs(text::kTabAle).trimmed());
     layout->addWidget(m_tabs, 1);
     m_tabs->setEnabled(false);
 }
@@ -76,6 +78,64 @@ QWidget* ComputerInterfacePanel::createStatusBox()
     m_callStatus->setObjectName("callStatus");
     row->addWidget(m_callStatus, 1);
     return box;
+}
+
+QWidget* ComputerInterfacePanel::createAlePage()
+{
+    using CallType = AleCallController::CallType;
+    auto* page = new QWidget(this);
+    auto* layout = new QHBoxLayout(page);
+    auto* form = new QFormLayout;
+    auto* types = new QHBoxLayout;
+    const std::pair<CallType, std::string_view> typeSpecs[] = {
+        {CallType::Station, text::kCallTypeStation},
+        {CallType::Net, text::kCallTypeNet},
+        {CallType::All, text::kAllCall}};
+    for (const auto& [type, label] : typeSpecs) {
+        auto* button = new QRadioButton(qs(label), page);
+        button->setObjectName(QStringLiteral("callType%1").arg(int(type)));
+        m_callTypes[type] = button;
+        types->addWidget(button);
+    }
+    types->addStretch(1);
+    form->addRow(qs(text::kCallTypeLabel), types);
+    m_netName = new QLabel(page);
+    form->addRow(qs(text::kNetLabel), m_netName);
+    auto* channelRow = new QHBoxLayout;
+    m_aleChannel = new QComboBox(page);
+    m_aleChannel->setObjectName("aleChannel");
+    m_aleChannel->setFixedWidth(110);
+    m_frequency = new QLabel(page);
+    channelRow->addWidget(m_aleChannel);
+    channelRow->addWidget(m_frequency, 1);
+    form->addRow(qs(text::kChannelColon), channelRow);
+    m_to = new QComboBox(page);
+    m_to->setObjectName("to");
+    m_to->setMinimumWidth(200);
+    form->addRow(qs(text::kToLabel), m_to);
+    auto* messageRow = new QHBoxLayout;
+    m_clearMessage = new QPushButton(qs(text::kClearMessage), page);
+    m_message = new QComboBox(page);
+    m_message->setObjectName("message");
+    m_message->setEditable(true);
+    m_message->setMinimumWidth(320);
+    m_message->lineEdit()->setMaxLength(int(AleCallController::kMessageBytes) - 1);
+    messageRow->addWidget(m_clearMessage);
+    messageRow->addWidget(m_message, 1);
+    form->addRow(messageRow);
+    layout->addLayout(form, 1);
+
+    auto* buttons = new QVBoxLayout;
+    m_send = new QPushButton(qs(text::kSend), page);
+    m_replace = new QPushButton(qs(text::kReplace), page);
+    m_abort = new QPushButton(qs(text::kAbort), page);
+    m_send->setObjectName("send");
+    m_abort->setObjectName("abort");
+    for (QPushButton* button : {m_send, m_replace, m_abort})
+        buttons->addWidget(button);
+    buttons->addStretch(1);
+    layout->addLayout(buttons);
+    return page;
 }
 
 QWidget* ComputerInterfacePanel::createChannelPage()
@@ -197,7 +257,68 @@ void ComputerInterfacePanel::bind(ControlCenterSession& session)
     connect(m_startScan, &QPushButton::clicked, &c, &ChannelController::toggleScan);
     connect(m_stopScan, &QPushButton::clicked, &c, &ChannelController::toggleScan);
     connect(m_scanList, &QComboBox::activated, &c, [&c](int row) { c.selectScanRow(row); });
+    bindAle(session.aleCalls());
     refresh();
+}
+
+void ComputerInterfacePanel::bindAle(AleCallController& ale)
+{
+    m_ale = &ale;
+    connect(&ale, &AleCallController::changed, this, &ComputerInterfacePanel::refreshAle);
+    for (const auto& [type, button] : m_callTypes) {
+        const AleCallController::CallType which = type;
+        connect(button, &QRadioButton::clicked, &ale, [&ale, which] { ale.setCallType(which); });
+    }
+    connect(m_to, &QComboBox::activated, &ale, [&ale](int row) { ale.selectAddress(row); });
+    connect(m_aleChannel, &QComboBox::activated, &ale, [&ale](int row) { ale.selectChannel(row); });
+    connect(m_message, &QComboBox::editTextChanged, &ale,
+            [&ale](const QString& text) { ale.setMessage(text.toStdString()); });
+    connect(m_clearMessage, &QPushButton::clicked, m_message, &QComboBox::clearEditText);
+    connect(m_send, &QPushButton::clicked, &ale, &AleCallController::send);
+    connect(m_replace, &QPushButton::clicked, &ale, &AleCallController::replace);
+    connect(m_abort, &QPushButton::clicked, &ale, &AleCallController::abort);
+    refreshAle();
+}
+
+void ComputerInterfacePanel::refreshAle()
+{
+    if (!m_ale)
+        return;
+    const AleCallController& ale = *m_ale;
+    for (const auto& [type, button] : m_callTypes)
+        button->setChecked(type == ale.callType());
+    m_netName->setText(QString::number(ale.net() + 1));
+    {
+        const QSignalBlocker blocker(m_aleChannel);
+        m_aleChannel->clear();
+        for (const std::string& choice : ale.channelChoices())
+            m_aleChannel->addItem(QString::fromStdString(choice));
+        m_aleChannel->setCurrentIndex(ale.channelRow());
+    }
+    m_aleChannel->setEnabled(ale.channelEnabled() && ale.sendEnabled());
+    m_frequency->setText(QString::fromStdString(ale.frequencyText()));
+    {
+        const QSignalBlocker blocker(m_to);
+        m_to->clear();
+        for (const std::string& address : ale.addresses())
+            m_to->addItem(QString::fromStdString(address));
+        m_to->setCurrentIndex(ale.addressRow());
+    }
+    m_to->setEnabled(ale.sendEnabled());
+    for (const auto& [type, button] : m_callTypes)
+        button->setEnabled(ale.sendEnabled());
+    const auto& messages = m_session->calls().messages();
+    if (m_message->count() != int(messages.size())) {
+        const QSignalBlocker blocker(m_message);
+        const QString typed = m_message->currentText();
+        m_message->clear();
+        for (const std::string& text : messages)
+            m_message->addItem(QString::fromStdString(text));
+        m_message->setEditText(typed);
+    }
+    m_send->setEnabled(ale.sendEnabled());
+    m_replace->setEnabled(ale.sendEnabled());
+    m_abort->setEnabled(ale.abortEnabled());
 }
 
 bool ComputerInterfacePanel::eventFilter(QObject* watched, QEvent* event)
@@ -265,6 +386,7 @@ void ComputerInterfacePanel::refresh()
     m_stateCall->setText(QString::fromStdString(c.callStateText()));
     m_stateLink->setText(QString::fromStdString(c.linkStateText()));
     m_callStatus->setText(QString::fromStdString(m_session->commands().callStatus()));
+    refreshAle();
     emit stateSummaryChanged(stateSummary());
 }
 

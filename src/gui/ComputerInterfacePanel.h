@@ -1,5 +1,6 @@
 #pragma once
 
+#include "session/AleCallController.h"
 #include "session/ChannelController.h"
 
 #include <QWidget>
@@ -11,6 +12,7 @@ class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+class QRadioButton;
 class QTabWidget;
 
 namespace koral {
@@ -41,6 +43,13 @@ public:
     QPushButton* startScanButton() const { return m_startScan; }
     QPushButton* stopScanButton() const { return m_stopScan; }
     QComboBox* scanListBox() const { return m_scanList; }
+    QTabWidget* tabs() const { return m_tabs; }
+    QComboBox* toBox() const { return m_to; }
+    QComboBox* aleChannelBox() const { return m_aleChannel; }
+    QComboBox* messageBox() const { return m_message; }
+    QPushButton* sendButton() const { return m_send; }
+    QPushButton* abortButton() const { return m_abort; }
+    QLabel* callStatusLabel() const { return m_callStatus; }
     QGroupBox* scanListPane() const { return m_scanPane; }
 
 signals:
@@ -52,7 +61,10 @@ protected:
 private:
     QWidget* createChannelPage();
     QWidget* createStatusBox();
+    QWidget* createAlePage();
+    void bindAle(AleCallController& ale);
     void refresh();
+    void refreshAle();
 
     ControlCenterSession* m_session = nullptr;
     ChannelController* m_controller = nullptr;
@@ -77,6 +89,17 @@ private:
     QLabel* m_stateCall = nullptr;
     QLabel* m_stateLink = nullptr;
     QLabel* m_callStatus = nullptr;
+    AleCallController* m_ale = nullptr;
+    std::map<AleCallController::CallType, QRadioButton*> m_callTypes;
+    QLabel* m_netName = nullptr;
+    QComboBox* m_aleChannel = nullptr;
+    QLabel* m_frequency = nullptr;
+    QComboBox* m_to = nullptr;
+    QComboBox* m_message = nullptr;
+    QPushButton* m_clearMessage = nullptr;
+    QPushButton* m_send = nullptr;
+    QPushButton* m_replace = nullptr;
+    QPushButton* m_abort = nullptr;
 };
 
 } // namespace koral

@@ -459,7 +459,8 @@ std::string ChannelController::callStateText() const
 {
     switch (m_view.callState) {
     case 31:
-        return std::string(text::kStateCalling);
+        // A call that got its link stays in this state until the link ends.
+        return std::string(m_view.linked ? text::kStateCallIdle : text::kStateCalling);
     case 55:
         return std::string(text::kStateIncoming);
     default:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "session/AleCallController.h"
 #include "session/BiteRunner.h"
 #include "session/CallStore.h"
 #include "session/ChannelController.h"
@@ -64,6 +65,7 @@ public:
     MemoryProgramming& memory() { return m_memory; }
     BiteRunner& bite() { return m_bite; }
     ChannelController& channels() { return m_channels; }
+    AleCallController& aleCalls() { return m_aleCalls; }
 
 signals:
     // The start-up exchange ended (ready or not).
@@ -85,6 +87,7 @@ private:
     MemoryProgramming m_memory;
     BiteRunner m_bite;
     ChannelController m_channels;
+    AleCallController m_aleCalls;
     std::optional<CommPortEditor> m_commPortEditor;
     int m_setupPort = 0;
     int m_setupBaud = 0;

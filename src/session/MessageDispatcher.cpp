@@ -190,6 +190,10 @@ void MessageDispatcher::commandRejected()
 
 void MessageDispatcher::establishedLink()
 {
+    // The dispatch acts on the latest message, so the same result may come round again: the
+    // link is accepted and logged once.
+    if (m_view.linked)
+        return;
     setCallControls(7);
     acceptLink();
     m_calls.recordFinishedCall(localTimeNow());

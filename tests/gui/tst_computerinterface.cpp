@@ -12,12 +12,14 @@
 #include "gui/MessageBoxNotifier.h"
 #include "gui/RadioController.h"
 #include "radiodb/Frequency.h"
+#include "session/CallStore.h"
 
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QTemporaryDir>
 
 using namespace koral;
@@ -169,6 +171,33 @@ private slots:
         QVERIFY(!panel()->scanListPane()->isVisible());
         QVERIFY(panel()->channelBox()->isVisible());
         QVERIFY(MessageBoxNotifier::shownTexts().isEmpty());
+    }
+
+    void stationCallLinksIsLoggedAndAborts()
+    {
+        CallStore& calls = m_window->radio()->session().calls();
+        const std::size_t logged = calls.log().size();
+        panel()->tabs()->setCurrentIndex(1);
+        const QString to = panel()->toBox()->itemText(0);
+        choose(panel()->toBox(), 0);
+        panel()->messageBox()->setEditText(QStringLiteral("hello"));
+        QTest::mouseClick(panel()->sendButton(), Qt::LeftButton);
+        QVERIFY(!panel()->sendButton()->isEnabled());
+        QTRY_COMPARE_WITH_TIMEOUT(panel()->callStatusLabel()->text(),
+                                  QStringLiteral("Link was established."), 30000);
+        QVERIFY(m_window->radio()->session().view().linked);
+        QVERIFY(panel()->abortButton()->isEnabled());
+        QCOMPARE(calls.log().size(), logged + 1);
+        QCOMPARE(QString::fromStdString(calls.log().back().to), to);
+        QCOMPARE(calls.log().back().message, std::string("hello"));
+        QTRY_VERIFY(radioState().call == radiosim::CallPhase::Linked);
+        screenshot(m_window.get(), "computer-interface-ale");
+
+        QTest::mouseClick(panel()->abortButton(), Qt::LeftButton);
+        QTRY_VERIFY(radioState().call == radiosim::CallPhase::Idle);
+        QVERIFY(panel()->sendButton()->isEnabled());
+        QVERIFY(MessageBoxNotifier::shownTexts().isEmpty());
+        panel()->tabs()->setCurrentIndex(0);
     }
 
     void aRadioThatStopsAnsweringGivesTheMessageAndThePanelRecovers()

@@ -1,6 +1,6 @@
-// The channel and scan rules of the Computer Interface panel, without a radio: what the
-// frequency edits accept and what they say, Simplex, and how the scan state follows the
-// radio's channel reports.
+// The rules of the Computer Interface panel, without a radio: what the frequency edits accept
+// and what they say, Simplex, how the scan state follows the radio's channel reports, and
+// whom an ALE call goes to on which channel.
 
 #include "common/RecordingNotifier.h"
 #include "common/Texts.h"
@@ -8,6 +8,7 @@
 
 #include <QTemporaryDir>
 #include <QtTest>
+#include <cstring>
 
 using namespace koral;
 
@@ -200,6 +201,46 @@ private slots:
             QCOMPARE(c.scanList(), std::vector<std::string>{"B"});
             QCOMPARE(QString::fromStdString(c.channelStateText()), QStringLiteral("Channel: 5"));
         }
+    }
+
+    void aleCallAddressDecidesTheCall_data()
+    {
+        QTest::addColumn<int>("row");
+        QTest::addColumn<int>("callType");
+        QTest::addColumn<bool>("channelEnabled");
+        QTest::addColumn<QString>("channel");
+        QTest::newRow("a station") << 1 << 0 << true << "5";
+        QTest::newRow("all call forces Auto") << 2 << 2 << false << "Auto";
+        QTest::newRow("the net") << 3 << 1 << true << "5";
+    }
+    void aleCallAddressDecidesTheCall()
+    {
+        QFETCH(int, row);
+        QFETCH(int, callType);
+        QFETCH(bool, channelEnabled);
+        QFETCH(QString, channel);
+        SessionRecords& records = m_session->records();
+        const auto name = [](AleAddress& field, const char* text) {
+            std::strncpy(field.data(), text, field.size() - 1);
+        };
+        name(records.ale.directory[0], "STN1");
+        name(records.ale.directory[4], "STN2");
+        name(records.ale.nets[0].name, "NET1");
+        records.ale.nets[0].setScanned(5, true);
+        records.radio.channelNo(5).rxFrequency.set(7'000'000);
+        AleCallController& ale = m_session->aleCalls();
+        ale.refresh();
+        QCOMPARE(ale.addresses(), (std::vector<std::string>{"STN1", "STN2", "All Call", "NET1"}));
+        ale.selectChannel(1);
+        ale.selectAddress(row);
+        QCOMPARE(int(ale.callType()), callType);
+        QCOMPARE(ale.addressRow(), row);
+        QCOMPARE(ale.channelEnabled(), channelEnabled);
+        QCOMPARE(QString::fromStdString(ale.channelChoices()[std::size_t(ale.channelRow())]),
+                 channel);
+        // Nothing is sent before the radio's databases were read.
+        QCOMPARE(ale.send(), 0);
+        QCOMPARE(lastMessage(), QStringLiteral("You must read Data Base from radio!"));
     }
 };
 

@@ -61,7 +61,10 @@ private slots:
         // No radio takes the AcceptLink of an established link here; that is not under test.
         session.link().setReportNoResponse(false);
         session.view().callState = stateBefore;
-        session.dispatcher().setCallControls(7);
+        // A call is placed from the idle layout; other exchanges run in the linked one.
+        session.dispatcher().setCallControls(stateBefore == 31 ? 5 : 7);
+        session.dispatcher().dispatchMessage(report(85, {std::uint8_t(code)}));
+        // The same result again (the dispatch acts on the latest message) changes nothing.
         session.dispatcher().dispatchMessage(report(85, {std::uint8_t(code)}));
         QCOMPARE(session.view().callState, stateAfter);
         QCOMPARE(int(session.calls().log().size()), logged);
