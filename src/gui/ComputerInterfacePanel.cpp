@@ -368,6 +368,8 @@ void ComputerInterfacePanel::refresh()
     m_startScan->setEnabled(c.startScanEnabled());
     m_stopScan->setEnabled(c.startScanEnabled());
 
+    // With the radio's ALE off there is nothing to call with: only the Channel tab remains.
+    m_tabs->setTabVisible(1, c.scanMode() == ChannelController::ScanMode::Ale);
     m_scanPane->setTitle(qs(c.scanListTitle()));
     {
         const QSignalBlocker blocker(m_scanList);

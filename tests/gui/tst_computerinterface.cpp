@@ -162,6 +162,7 @@ private slots:
         QVERIFY(panel()->scanListPane()->isVisible());
         QVERIFY(!panel()->channelBox()->isVisible());
         QVERIFY(panel()->scanListBox()->count() > 0);
+        QCOMPARE(panel()->tabs()->isTabVisible(1), ale);
         QCOMPARE(panel()->scanListPane()->title(),
                  ale ? QStringLiteral("Scan ALE") : QStringLiteral("Scan Groups"));
         screenshot(panel(), ale ? "computer-interface-scan-ale" : "computer-interface-scan-group");
@@ -177,6 +178,9 @@ private slots:
     {
         CallStore& calls = m_window->radio()->session().calls();
         const std::size_t logged = calls.log().size();
+        if (!radioState().aleOn)
+            m_memory.onRadio(
+                [](radiosim::VirtualRadio& radio) { radio.play(radiosim::FrontPanelKey{7}); });
         panel()->tabs()->setCurrentIndex(1);
         const QString to = panel()->toBox()->itemText(0);
         choose(panel()->toBox(), 0);
