@@ -118,6 +118,46 @@ inline constexpr std::string_view kAgcLabel = "A.G.C";
 inline constexpr std::string_view kBwLabel = "BW";
 inline constexpr std::string_view kChannelNumLabel = "Channel Num";
 inline constexpr std::string_view kLengthDiagnostic = "iLength =";
+// Computer Interface panel: channel and scan control
+inline constexpr std::string_view kTabChannel = "                        Channel                        ";
+inline constexpr std::string_view kTxFreqLabel = "Tx. Freq.";
+inline constexpr std::string_view kRxFreqLabel = "Rx. Freq.";
+inline constexpr std::string_view kChannelLabel = "Channel";
+inline constexpr std::string_view kProgramChannel = "&Program Channel";
+inline constexpr std::string_view kPriority = "&Priority";
+inline constexpr std::string_view kStartScan = "St&art Scan";
+inline constexpr std::string_view kStopScan = "St&op Scan";
+inline constexpr std::string_view kSimplex = "Simplex";
+inline constexpr std::string_view kDuplex = "Duplex";
+inline constexpr std::string_view kScanGroupLabel = "Scan Group";
+inline constexpr std::string_view kScanGroupsTitle = "Scan Groups";
+inline constexpr std::string_view kScanAleTitle = "Scan ALE";
+inline constexpr std::string_view kScanGroupHint = "The radio scans the channels of this group.";
+inline constexpr std::string_view kScanNetHint = "The radio scans the channels of this ALE net and answers its calls.";
+// Computer Interface panel: ALE calls
+inline constexpr std::string_view kTabAle = "                         ALE                           ";
+inline constexpr std::string_view kCallTypeLabel = "Call Type:";
+inline constexpr std::string_view kAllCall = "All Call";
+inline constexpr std::string_view kNetLabel = "Net:";
+inline constexpr std::string_view kChannelColon = "Channel:";
+inline constexpr std::string_view kToLabel = "To:";
+inline constexpr std::string_view kAutoChannel = "Auto";
+inline constexpr std::string_view kMhzSuffix = " MHz";
+inline constexpr std::string_view kClearMessage = "Clr Msg:";
+inline constexpr std::string_view kSend = "Send";
+inline constexpr std::string_view kReplace = "Replace";
+inline constexpr std::string_view kAbort = "Abort";
+// the radio's state, always in view (our own wording)
+inline constexpr std::string_view kStateChannel = "Channel: %d";
+inline constexpr std::string_view kStateNoChannel = "Channel: -";
+inline constexpr std::string_view kStateNotScanning = "Scan: off";
+inline constexpr std::string_view kStateScanGroup = "Scan: group %c";
+inline constexpr std::string_view kStateScanNet = "Scan: ALE net %d";
+inline constexpr std::string_view kStateCallIdle = "Call: idle";
+inline constexpr std::string_view kStateCalling = "Call: calling";
+inline constexpr std::string_view kStateIncoming = "Call: incoming";
+inline constexpr std::string_view kStateLinked = "Link: established";
+inline constexpr std::string_view kStateNotLinked = "Link: none";
 // RSS configuration check lines ("%s %d %s", "%s %d %s %c %s", "%s %d %s %d %s")
 inline constexpr std::string_view kCheckPriorityChannel = "Priority channel";
 inline constexpr std::string_view kCheckGuardChannel = "Guard channel";

@@ -2,6 +2,8 @@
 
 #include "common/Texts.h"
 #include "gui/NetworkControlPane.h"
+#include "gui/ComputerInterfaceMenus.h"
+#include "gui/ComputerInterfacePanel.h"
 #include "gui/Notices.h"
 #include "gui/ProgressDialog.h"
 #include "gui/RadioController.h"
@@ -33,7 +35,7 @@ QString qs(std::string_view text)
 }
 
 // Panels this build has; the others come with their own pages.
-const std::vector<Panel> kBuiltPanels{Panel::Rss};
+const std::vector<Panel> kBuiltPanels{Panel::ComputerInterface, Panel::Rss};
 
 struct CommandSpec
 {
@@ -52,12 +54,14 @@ MainWindow::MainWindow(const MainWindowOptions& options, QWidget* parent)
     m_pages = new QStackedWidget(this);
     setCentralWidget(m_pages);
     createActions();
+    createComputerInterfacePanel();
     createRssPanel();
 
     m_radio = new RadioController(*this, options, this);
     m_rss->setRadio(m_radio);
+    m_computerInterface->bind(m_radio->session());
 
-    for (int id : {10, 11, 12}) {
+    for (int id : {13, 10, 11, 12}) {
         auto* pane = new QLabel(this);
         pane->setObjectName(QStringLiteral("pane%1").arg(id));
         pane->setMinimumWidth(140);
@@ -70,6 +74,10 @@ MainWindow::MainWindow(const MainWindowOptions& options, QWidget* parent)
     statusBar()->addPermanentWidget(m_network);
     connect(m_commands["networkControl"], &QAction::triggered, m_network,
             &NetworkControlPane::configure);
+    // The radio's state stays in view whichever panel is shown.
+    connect(m_computerInterface, &ComputerInterfacePanel::stateSummaryChanged, m_panes[13],
+            &QLabel::setText);
+    m_panes[13]->setText(m_computerInterface->stateSummary());
     connect(m_radio, &RadioController::stateChanged, this, [this] {
         updateStatusPanes();
         updateCommands();
@@ -163,9 +171,11 @@ void MainWindow::createActions()
         auto* action = new QAction(qs(info.menuText), this);
         action->setObjectName(QStringLiteral("panel%1").arg(int(info.panel)));
         action->setCheckable(true);
-        action->setIcon(ToolbarImages::commandIcon(
-            info.panel == Panel::Rss ? QStringLiteral("RSS") : QString::number(int(info.panel)),
-            QColor(0xFF, 0xC8, 0x64)));
+        action->setIcon(ToolbarImages::commandIcon(info.panel == Panel::Rss ? QStringLiteral("RSS")
+                                                   : info.panel == Panel::ComputerInterface
+                                                       ? QStringLiteral("CI")
+                                                       : QString::number(int(info.panel)),
+                                                   QColor(0xFF, 0xC8, 0x64)));
         const Panel panel = info.panel;
         connect(action, &QAction::triggered, this, [this, panel] { showPanel(panel); });
         m_panelActions[panel] = action;
@@ -182,6 +192,20 @@ void MainWindow::createActions()
             tr("<b>%1</b><p>Version %2</p><p>Operates and programmes KORAL HF radios.</p>")
                 .arg(qs(text::kApplicationName), QCoreApplication::applicationVersion()));
     });
+}
+
+void MainWindow::createComputerInterfacePanel()
+{
+    m_computerInterface = new ComputerInterfacePanel(m_pages);
+    m_pages->addWidget(m_computerInterface);
+    m_pagesByPanel[Panel::ComputerInterface] = m_computerInterface;
+    QList<QAction*> panelButtons;
+    for (const auto& [panel, action] : m_panelActions)
+        panelButtons << action;
+    const PanelChrome chrome = computerInterfaceMenus(
+        this, [this](const char* name) { return m_commands.at(name); }, panelButtons);
+    m_menus[Panel::ComputerInterface] = chrome.menus;
+    m_toolBars[Panel::ComputerInterface] = createToolBar(Panel::ComputerInterface, chrome.tools);
 }
 
 void MainWindow::createRssPanel()

@@ -14,6 +14,7 @@ class QUrl;
 
 namespace koral {
 
+class ComputerInterfacePanel;
 class RssPanel;
 class RadioController;
 class NetworkControlPane;
@@ -48,6 +49,7 @@ public:
     const PanelRules& rules() const { return m_rules; }
 
     RssPanel* rssPanel() const { return m_rss; }
+    ComputerInterfacePanel* computerInterfacePanel() const { return m_computerInterface; }
     RadioController* radio() const { return m_radio; }
     NetworkControlPane* networkPane() const { return m_network; }
     MessageBoxNotifier& notifier() { return m_notifier; }
@@ -75,6 +77,7 @@ protected:
 
 private:
     void createActions();
+    void createComputerInterfacePanel();
     void createRssPanel();
     QToolBar* createToolBar(Panel panel, const QList<QAction*>& actions);
     void updateTitle();
@@ -87,6 +90,7 @@ private:
     Panel m_current;
     QStackedWidget* m_pages;
     RssPanel* m_rss = nullptr;
+    ComputerInterfacePanel* m_computerInterface = nullptr;
     RadioController* m_radio = nullptr;
     NetworkControlPane* m_network = nullptr;
     std::map<Panel, QToolBar*> m_toolBars;

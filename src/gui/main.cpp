@@ -76,8 +76,11 @@ int main(int argc, char* argv[])
     // Port 1 is the virtual radio inside the program.
     radiosim::installBuiltInRadio();
     MainWindow window(options);
-    if (!parser.positionalArguments().isEmpty())
+    if (!parser.positionalArguments().isEmpty()) {
+        // A file named on the command line is what the operator wants to see first.
+        window.showPanel(Panel::Rss);
         window.rssPanel()->openPath(parser.positionalArguments().constFirst());
+    }
 
     if (parser.isSet(screenshot)) {
         const int n = parser.value(panel).toInt(&ok);

@@ -12,8 +12,18 @@ ControlCenterSession::ControlCenterSession(Notifier& notifier, std::filesystem::
       m_dispatcher(m_link, m_commands, m_view, m_flags, m_calls, notifier),
       m_transfer(m_link, m_commands, m_view, m_flags, *m_records, notifier, m_trace),
       m_memory(m_link, notifier), m_bite(m_link, notifier),
-      m_activeChannel(m_link, *m_records, m_view)
+      m_activeChannel(m_link, *m_records, m_view),
+      m_channels(m_link, m_view, m_flags, *m_records, m_transfer, notifier),
+      m_aleCalls(m_link, m_view, *m_records, m_calls, m_dispatcher, m_channels, notifier)
 {
+    connect(&m_dispatcher, &MessageDispatcher::channelReport, &m_channels,
+            [this](const CRadioMessage& message, int) { m_channels.onChannelReport(message); });
+    connect(&m_transfer, &DatabaseTransfer::channelListChanged, &m_channels,
+            &ChannelController::takeRadioState);
+    connect(&m_transfer, &DatabaseTransfer::channelListChanged, &m_aleCalls,
+            &AleCallController::refresh);
+    connect(&m_commands, &ViewCommands::radioCommandsEnabledChanged, &m_channels,
+            &ChannelController::setEnabled);
     connect(&m_dispatcher, &MessageDispatcher::selfTestReport, &m_bite, &BiteRunner::onReport);
     connect(&m_dispatcher, &MessageDispatcher::selfTestRejected, &m_bite, &BiteRunner::close);
 }

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "session/ActiveChannel.h"
+#include "session/AleCallController.h"
 #include "session/BiteRunner.h"
 #include "session/CallStore.h"
+#include "session/ChannelController.h"
 #include "session/CommPortEditor.h"
 #include "session/DatabaseTransfer.h"
 #include "session/MemoryProgramming.h"
@@ -64,6 +66,8 @@ public:
     MemoryProgramming& memory() { return m_memory; }
     BiteRunner& bite() { return m_bite; }
     ActiveChannel& activeChannel() { return m_activeChannel; }
+    ChannelController& channels() { return m_channels; }
+    AleCallController& aleCalls() { return m_aleCalls; }
 
 signals:
     // The start-up exchange ended (ready or not).
@@ -85,6 +89,8 @@ private:
     MemoryProgramming m_memory;
     BiteRunner m_bite;
     ActiveChannel m_activeChannel;
+    ChannelController m_channels;
+    AleCallController m_aleCalls;
     std::optional<CommPortEditor> m_commPortEditor;
     int m_setupPort = 0;
     int m_setupBaud = 0;

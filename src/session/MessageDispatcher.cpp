@@ -149,7 +149,9 @@ void MessageDispatcher::receiveCall()
 void MessageDispatcher::linkResult()
 {
     const int code = m_lastIncoming[6];
-    if (m_view.callState == kReplacing || code >= 4)
+    // A call that reached its station is an established link: the common tail takes it up.
+    const bool callLinked = code == 1 && m_view.callState == kCalling;
+    if (m_view.callState == kReplacing || code >= 4 || callLinked)
         return;
     m_commands.showCallStatus(code);
     if (code == 0 || code == 1) {
@@ -188,6 +190,10 @@ void MessageDispatcher::commandRejected()
 
 void MessageDispatcher::establishedLink()
 {
+    // The dispatch acts on the latest message, so the same result may come round again: the
+    // link is accepted and logged once.
+    if (m_view.linked)
+        return;
     setCallControls(7);
     acceptLink();
     m_calls.recordFinishedCall(localTimeNow());
@@ -202,7 +208,7 @@ void MessageDispatcher::commonTail()
             const int code = m_lastIncoming[6];
             m_commands.showCallStatus(code);
             // A link on a silent net is a link all the same.
-            if (code == 4)
+            if (code == 1 || code == 4)
                 establishedLink();
         }
         emit callProgress(m_view.lastOpcode);

@@ -137,7 +137,7 @@ private slots:
         QVERIFY(!serial.isEmpty());
         QCOMPARE(m_window->statusPane(10)->text(), QStringLiteral("S/N: ") + serial);
         QCOMPARE(m_window->statusPane(12)->text(), QStringLiteral("COM: 1,9600"));
-        QCOMPARE(shownTitle(m_window.get()), QStringLiteral("RSS Panel"));
+        QCOMPARE(shownTitle(m_window.get()), QStringLiteral("Computer Interface Panel"));
         QVERIFY(m_window->command("readDevice")->isEnabled());
         QVERIFY(m_window->command("squelch")->isEnabled());
         screenshot(m_window.get(), "main-window-radio");
@@ -233,6 +233,8 @@ private slots:
 
     void writeDeviceSendsWhatTheWindowShows()
     {
+        // The title marks unsaved edits of the RSS panel's database while that panel is shown.
+        m_window->showPanel(Panel::Rss);
         onNextDialog<ChannelConfigDialog>([](ChannelConfigDialog* dialog) {
             typeSimplex(dialog, "21.12345");
             dialog->accept();

@@ -55,6 +55,8 @@ private slots:
         MainWindowOptions options;
         options.connectAtStart = false;
         m_window = std::make_unique<MainWindow>(options);
+        // The application opens on the Computer Interface panel; these tests work in the RSS one.
+        m_window->showPanel(Panel::Rss);
         m_window->show();
         QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
     }
@@ -65,7 +67,7 @@ private slots:
         m_window.reset();
     }
 
-    void startsOnTheRssPanelWithItsToolbarAndMenus()
+    void rssPanelHasItsToolbarAndMenus()
     {
         QCOMPARE(m_window->currentPanel(), Panel::Rss);
         QCOMPARE(shownTitle(m_window.get()), QStringLiteral("RSS Panel"));
@@ -75,8 +77,8 @@ private slots:
         for (QAction* action : m_window->menuBar()->actions())
             menus << action->text();
         QCOMPARE(menus, (QStringList{"&File", "&Radio", "&Configuration", "&View", "&Help"}));
-        // Later panels are not offered at all: no button, no menu item.
-        QVERIFY(!m_window->findChild<QAction*>("panel0"));
+        // Panels this build lacks are not offered at all: no button, no menu item.
+        QVERIFY(m_window->findChild<QAction*>("panel0"));
         QVERIFY(!m_window->findChild<QAction*>("panel4"));
         QAction* rss = m_window->findChild<QAction*>("panel1");
         QVERIFY(rss && rss->isChecked() && rss->isVisible());

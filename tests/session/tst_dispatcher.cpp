@@ -34,13 +34,19 @@ private slots:
         QTest::addColumn<int>("stateAfter");
         QTest::addColumn<int>("logged");
         QTest::addColumn<QString>("status");
-        QTest::newRow("no link") << 36 << 0 << 1 << 0 << "No link was established.";
-        QTest::newRow("link") << 36 << 1 << 1 << 0 << "Link was established.";
-        QTest::newRow("channel busy ends an incoming call") << 55 << 2 << 1 << 1 << "Channel busy.";
-        QTest::newRow("station busy while idle") << 1 << 3 << 1 << 0 << "Station busy.";
-        QTest::newRow("code 5 changes only the tail") << 55 << 5 << 55 << 0 << "";
-        QTest::newRow("ignored while replacing") << 39 << 0 << 39 << 0 << "";
-        QTest::newRow("tail 54 goes idle") << 54 << 6 << 1 << 0 << "";
+        QTest::addColumn<bool>("linkedAfter");
+        QTest::newRow("no link") << 36 << 0 << 1 << 0 << "No link was established." << false;
+        QTest::newRow("link outside a call")
+            << 36 << 1 << 1 << 0 << "Link was established." << false;
+        QTest::newRow("a call's link") << 31 << 1 << 31 << 1 << "Link was established." << true;
+        QTest::newRow("a call's link on a silent net")
+            << 31 << 4 << 31 << 1 << "Link was established on silent net." << true;
+        QTest::newRow("channel busy ends an incoming call")
+            << 55 << 2 << 1 << 1 << "Channel busy." << false;
+        QTest::newRow("station busy while idle") << 1 << 3 << 1 << 0 << "Station busy." << false;
+        QTest::newRow("code 5 changes only the tail") << 55 << 5 << 55 << 0 << "" << true;
+        QTest::newRow("ignored while replacing") << 39 << 0 << 39 << 0 << "" << true;
+        QTest::newRow("tail 54 goes idle") << 54 << 6 << 1 << 0 << "" << true;
     }
     void linkResults()
     {
@@ -49,19 +55,25 @@ private slots:
         QFETCH(int, stateAfter);
         QFETCH(int, logged);
         QFETCH(QString, status);
+        QFETCH(bool, linkedAfter);
         SessionFixture fixture;
         auto& session = *fixture.session;
+        // No radio takes the AcceptLink of an established link here; that is not under test.
+        session.link().setReportNoResponse(false);
         session.view().callState = stateBefore;
-        session.dispatcher().setCallControls(7);
+        // A call is placed from the idle layout; other exchanges run in the linked one.
+        session.dispatcher().setCallControls(stateBefore == 31 ? 5 : 7);
+        session.dispatcher().dispatchMessage(report(85, {std::uint8_t(code)}));
+        // The same result again (the dispatch acts on the latest message) changes nothing.
         session.dispatcher().dispatchMessage(report(85, {std::uint8_t(code)}));
         QCOMPARE(session.view().callState, stateAfter);
         QCOMPARE(int(session.calls().log().size()), logged);
         QCOMPARE(int(session.calls().stack().size()), logged);
         QCOMPARE(QString::fromStdString(session.commands().callStatus()), status);
-        // Every result that was acted on leaves the call controls idle again.
-        const bool actedOn = stateBefore != 39 && code < 4;
-        QCOMPARE(session.dispatcher().callControls().idle, actedOn);
-        QCOMPARE(session.view().linked, !actedOn);
+        // A result that ends the exchange leaves the call controls idle again; an established
+        // link shows the linked layout.
+        QCOMPARE(session.dispatcher().callControls().idle, !linkedAfter);
+        QCOMPARE(session.view().linked, linkedAfter);
         QCOMPARE(texts(fixture.notifier), QStringList());
     }
 

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QList>
+
+#include <functional>
+
+class QAction;
+class QMenu;
+class QWidget;
+
+namespace koral {
+
+// The menus and the toolbar actions a panel carries (nullptr in `tools` is a separator).
+struct PanelChrome
+{
+    QList<QMenu*> menus;
+    QList<QAction*> tools;
+};
+
+// The Computer Interface panel's menus and toolbar, made of the window's shared commands
+// (looked up by name) and its panel buttons.
+PanelChrome computerInterfaceMenus(QWidget* owner,
+                                   const std::function<QAction*(const char*)>& command,
+                                   const QList<QAction*>& panelActions);
+
+} // namespace koral

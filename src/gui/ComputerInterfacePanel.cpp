@@ -1,0 +1,402 @@
+#include "gui/ComputerInterfacePanel.h"
+
+#include "common/Texts.h"
+#include "session/ControlCenterSession.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QEvent>
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace koral {
+
+namespace {
+
+using List = ChannelController::List;
+
+QString qs(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), qsizetype(text.size()));
+}
+
+struct SettingSpec
+{
+    List list;
+    std::string_view label;
+};
+constexpr SettingSpec kSettings[] = {
+    {List::Power, text::kPowerLabel},  {List::Band, text::kBandLabel},
+    {List::Mode, text::kModeLabel},    {List::Agc, text::kAgcLabel},
+    {List::Bandwidth, text::kBwLabel},
+};
+
+QLabel* stateLabel(QWidget* parent, const char* name)
+{
+    auto* label = new QLabel(parent);
+    label->setObjectName(name);
+    label->setFrameShape(QFrame::Panel);
+    label->setFrameShadow(QFrame::Sunken);
+    label->setMinimumWidth(150);
+    return label;
+}
+
+} // namespace
+
+ComputerInterfacePanel::ComputerInterfacePanel(QWidget* parent) : QWidget(parent)
+{
+    setObjectName("computerInterfacePanel");
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(createStatusBox());
+    m_tabs = new QTabWidget(this);
+    m_tabs->addTab(createChannelPage(), qs(text::kTabChannel).trimmed());
+    m_tabs->addTab(createAlePage(), qs(text::kTabAle).trimmed());
+    layout->addWidget(m_tabs, 1);
+    m_tabs->setEnabled(false);
+}
+
+QWidget* ComputerInterfacePanel::createStatusBox()
+{
+    auto* box = new QGroupBox(this);
+    auto* row = new QHBoxLayout(box);
+    m_stateChannel = stateLabel(box, "stateChannel");
+    m_stateScan = stateLabel(box, "stateScan");
+    m_stateCall = stateLabel(box, "stateCall");
+    m_stateLink = stateLabel(box, "stateLink");
+    for (QLabel* label : {m_stateChannel, m_stateScan, m_stateCall, m_stateLink})
+        row->addWidget(label);
+    m_callStatus = new QLabel(box);
+    m_callStatus->setObjectName("callStatus");
+    row->addWidget(m_callStatus, 1);
+    return box;
+}
+
+QWidget* ComputerInterfacePanel::createAlePage()
+{
+    using CallType = AleCallController::CallType;
+    auto* page = new QWidget(this);
+    auto* layout = new QHBoxLayout(page);
+    auto* form = new QFormLayout;
+    auto* types = new QHBoxLayout;
+    const std::pair<CallType, std::string_view> typeSpecs[] = {
+        {CallType::Station, text::kCallTypeStation},
+        {CallType::Net, text::kCallTypeNet},
+        {CallType::All, text::kAllCall}};
+    for (const auto& [type, label] : typeSpecs) {
+        auto* button = new QRadioButton(qs(label), page);
+        button->setObjectName(QStringLiteral("callType%1").arg(int(type)));
+        m_callTypes[type] = button;
+        types->addWidget(button);
+    }
+    types->addStretch(1);
+    form->addRow(qs(text::kCallTypeLabel), types);
+    m_netName = new QLabel(page);
+    form->addRow(qs(text::kNetLabel), m_netName);
+    auto* channelRow = new QHBoxLayout;
+    m_aleChannel = new QComboBox(page);
+    m_aleChannel->setObjectName("aleChannel");
+    m_aleChannel->setFixedWidth(110);
+    m_frequency = new QLabel(page);
+    channelRow->addWidget(m_aleChannel);
+    channelRow->addWidget(m_frequency, 1);
+    form->addRow(qs(text::kChannelColon), channelRow);
+    m_to = new QComboBox(page);
+    m_to->setObjectName("to");
+    m_to->setMinimumWidth(200);
+    form->addRow(qs(text::kToLabel), m_to);
+    auto* messageRow = new QHBoxLayout;
+    m_clearMessage = new QPushButton(qs(text::kClearMessage), page);
+    m_message = new QComboBox(page);
+    m_message->setObjectName("message");
+    m_message->setEditable(true);
+    m_message->setMinimumWidth(320);
+    m_message->lineEdit()->setMaxLength(int(AleCallController::kMessageBytes) - 1);
+    messageRow->addWidget(m_clearMessage);
+    messageRow->addWidget(m_message, 1);
+    form->addRow(messageRow);
+    layout->addLayout(form, 1);
+
+    auto* buttons = new QVBoxLayout;
+    m_send = new QPushButton(qs(text::kSend), page);
+    m_replace = new QPushButton(qs(text::kReplace), page);
+    m_abort = new QPushButton(qs(text::kAbort), page);
+    m_send->setObjectName("send");
+    m_abort->setObjectName("abort");
+    for (QPushButton* button : {m_send, m_replace, m_abort})
+        buttons->addWidget(button);
+    buttons->addStretch(1);
+    layout->addLayout(buttons);
+    return page;
+}
+
+QWidget* ComputerInterfacePanel::createChannelPage()
+{
+    auto* page = new QWidget(this);
+    auto* layout = new QHBoxLayout(page);
+
+    m_channelControls = new QWidget(page);
+    auto* grid = new QGridLayout(m_channelControls);
+    m_channel = new QComboBox(m_channelControls);
+    m_channel->setObjectName("channel");
+    grid->addWidget(new QLabel(qs(text::kChannelLabel), m_channelControls), 0, 0);
+    grid->addWidget(m_channel, 0, 1);
+
+    m_tx = new QLineEdit(m_channelControls);
+    m_tx->setObjectName("txFrequency");
+    m_rx = new QLineEdit(m_channelControls);
+    m_rx->setObjectName("rxFrequency");
+    for (QLineEdit* edit : {m_tx, m_rx}) {
+        edit->setMaxLength(ChannelConfigEditor::kMaxTextLength);
+        edit->installEventFilter(this);
+    }
+    grid->addWidget(new QLabel(qs(text::kTxFreqLabel), m_channelControls), 1, 0);
+    grid->addWidget(m_tx, 1, 1);
+    grid->addWidget(new QLabel(qs(text::kRxFreqLabel), m_channelControls), 2, 0);
+    grid->addWidget(m_rx, 2, 1);
+    m_simplex = new QPushButton(qs(text::kSimplex), m_channelControls);
+    m_duplex = new QPushButton(qs(text::kDuplex), m_channelControls);
+    m_simplex->setCheckable(true);
+    m_duplex->setCheckable(true);
+    grid->addWidget(m_simplex, 1, 2);
+    grid->addWidget(m_duplex, 2, 2);
+
+    int row = 0;
+    for (const SettingSpec& spec : kSettings) {
+        auto* box = new QComboBox(m_channelControls);
+        box->setObjectName(QStringLiteral("setting%1").arg(int(spec.list)));
+        m_settings[spec.list] = box;
+        grid->addWidget(new QLabel(qs(spec.label), m_channelControls), row, 3);
+        grid->addWidget(box, row, 4);
+        ++row;
+    }
+    for (QWidget* field : {static_cast<QWidget*>(m_channel), static_cast<QWidget*>(m_tx),
+                           static_cast<QWidget*>(m_rx)})
+        field->setFixedWidth(110);
+    grid->setColumnMinimumWidth(2, 90);
+    grid->setColumnStretch(5, 1);
+    grid->setRowStretch(5, 1);
+    layout->addWidget(m_channelControls, 1);
+
+    m_scanPane = new QGroupBox(page);
+    m_scanPane->setObjectName("scanListPane");
+    auto* scanForm = new QFormLayout(m_scanPane);
+    m_scanList = new QComboBox(m_scanPane);
+    m_scanList->setObjectName("scanList");
+    m_scanList->setFixedWidth(110);
+    scanForm->addRow(qs(text::kScanGroupLabel), m_scanList);
+    m_scanHint = new QLabel(m_scanPane);
+    m_scanHint->setWordWrap(true);
+    scanForm->addRow(m_scanHint);
+    m_scanChannel = new QLabel(m_scanPane);
+    m_scanChannel->setObjectName("scanChannel");
+    scanForm->addRow(m_scanChannel);
+    m_scanPane->hide();
+    layout->addWidget(m_scanPane, 1);
+
+    auto* buttons = new QVBoxLayout;
+    m_program = new QPushButton(qs(text::kProgramChannel), page);
+    m_priority = new QPushButton(qs(text::kPriority), page);
+    m_startScan = new QPushButton(qs(text::kStartScan), page);
+    m_stopScan = new QPushButton(qs(text::kStopScan), page);
+    m_program->setObjectName("programChannel");
+    m_priority->setObjectName("priority");
+    m_startScan->setObjectName("startScan");
+    m_stopScan->setObjectName("stopScan");
+    for (QPushButton* button : {m_program, m_priority, m_startScan, m_stopScan})
+        buttons->addWidget(button);
+    buttons->addStretch(1);
+    layout->addLayout(buttons);
+    return page;
+}
+
+void ComputerInterfacePanel::bind(ControlCenterSession& session)
+{
+    m_session = &session;
+    m_controller = &session.channels();
+    ChannelController& c = *m_controller;
+    for (const auto& [list, box] : m_settings)
+        for (const ValueText& entry : c.entries(list))
+            box->addItem(QString::fromLatin1(entry.text));
+
+    connect(&c, &ChannelController::changed, this, &ComputerInterfacePanel::refresh);
+    connect(&c, &ChannelController::busyChanged, this, [](bool busy) {
+        if (busy)
+            QApplication::setOverrideCursor(Qt::WaitCursor);
+        else
+            QApplication::restoreOverrideCursor();
+    });
+    connect(&session.commands(), &ViewCommands::callStatusChanged, this,
+            &ComputerInterfacePanel::refresh);
+    connect(&session.dispatcher(), &MessageDispatcher::callControlsChanged, this,
+            &ComputerInterfacePanel::refresh);
+
+    connect(m_channel, &QComboBox::activated, &c, [&c](int row) { c.selectRow(row); });
+    connect(m_tx, &QLineEdit::textEdited, &c,
+            [&c](const QString& text) { c.setTxText(text.toStdString()); });
+    connect(m_rx, &QLineEdit::textEdited, &c,
+            [&c](const QString& text) { c.setRxText(text.toStdString()); });
+    connect(m_tx, &QLineEdit::editingFinished, &c, [&c] { c.commitTx(); });
+    connect(m_rx, &QLineEdit::editingFinished, &c, [&c] { c.commitRx(); });
+    connect(m_simplex, &QPushButton::clicked, &c, &ChannelController::simplex);
+    connect(m_duplex, &QPushButton::clicked, &c, &ChannelController::duplex);
+    for (const auto& [list, box] : m_settings) {
+        const List which = list;
+        connect(box, &QComboBox::activated, &c, [&c, which](int row) { c.select(which, row); });
+    }
+    connect(m_program, &QPushButton::clicked, &c, &ChannelController::programChannel);
+    connect(m_priority, &QPushButton::clicked, &c, &ChannelController::priority);
+    connect(m_startScan, &QPushButton::clicked, &c, &ChannelController::toggleScan);
+    connect(m_stopScan, &QPushButton::clicked, &c, &ChannelController::toggleScan);
+    connect(m_scanList, &QComboBox::activated, &c, [&c](int row) { c.selectScanRow(row); });
+    bindAle(session.aleCalls());
+    refresh();
+}
+
+void ComputerInterfacePanel::bindAle(AleCallController& ale)
+{
+    m_ale = &ale;
+    connect(&ale, &AleCallController::changed, this, &ComputerInterfacePanel::refreshAle);
+    for (const auto& [type, button] : m_callTypes) {
+        const AleCallController::CallType which = type;
+        connect(button, &QRadioButton::clicked, &ale, [&ale, which] { ale.setCallType(which); });
+    }
+    connect(m_to, &QComboBox::activated, &ale, [&ale](int row) { ale.selectAddress(row); });
+    connect(m_aleChannel, &QComboBox::activated, &ale, [&ale](int row) { ale.selectChannel(row); });
+    connect(m_message, &QComboBox::editTextChanged, &ale,
+            [&ale](const QString& text) { ale.setMessage(text.toStdString()); });
+    connect(m_clearMessage, &QPushButton::clicked, m_message, &QComboBox::clearEditText);
+    connect(m_send, &QPushButton::clicked, &ale, &AleCallController::send);
+    connect(m_replace, &QPushButton::clicked, &ale, &AleCallController::replace);
+    connect(m_abort, &QPushButton::clicked, &ale, &AleCallController::abort);
+    refreshAle();
+}
+
+void ComputerInterfacePanel::refreshAle()
+{
+    if (!m_ale)
+        return;
+    const AleCallController& ale = *m_ale;
+    for (const auto& [type, button] : m_callTypes)
+        button->setChecked(type == ale.callType());
+    m_netName->setText(QString::number(ale.net() + 1));
+    {
+        const QSignalBlocker blocker(m_aleChannel);
+        m_aleChannel->clear();
+        for (const std::string& choice : ale.channelChoices())
+            m_aleChannel->addItem(QString::fromStdString(choice));
+        m_aleChannel->setCurrentIndex(ale.channelRow());
+    }
+    m_aleChannel->setEnabled(ale.channelEnabled() && ale.sendEnabled());
+    m_frequency->setText(QString::fromStdString(ale.frequencyText()));
+    {
+        const QSignalBlocker blocker(m_to);
+        m_to->clear();
+        for (const std::string& address : ale.addresses())
+            m_to->addItem(QString::fromStdString(address));
+        m_to->setCurrentIndex(ale.addressRow());
+    }
+    m_to->setEnabled(ale.sendEnabled());
+    for (const auto& [type, button] : m_callTypes)
+        button->setEnabled(ale.sendEnabled());
+    const auto& messages = m_session->calls().messages();
+    if (m_message->count() != int(messages.size())) {
+        const QSignalBlocker blocker(m_message);
+        const QString typed = m_message->currentText();
+        m_message->clear();
+        for (const std::string& text : messages)
+            m_message->addItem(QString::fromStdString(text));
+        m_message->setEditText(typed);
+    }
+    m_send->setEnabled(ale.sendEnabled());
+    m_replace->setEnabled(ale.sendEnabled());
+    m_abort->setEnabled(ale.abortEnabled());
+}
+
+bool ComputerInterfacePanel::eventFilter(QObject* watched, QEvent* event)
+{
+    if (m_controller && event->type() == QEvent::FocusIn) {
+        if (watched == m_tx)
+            m_controller->focusTx();
+        else if (watched == m_rx)
+            m_controller->focusRx();
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void ComputerInterfacePanel::refresh()
+{
+    if (!m_controller)
+        return;
+    const ChannelController& c = *m_controller;
+    // The radio's state stays readable while the controls wait for the radio.
+    m_tabs->setEnabled(c.isEnabled() || c.isProgramming());
+
+    {
+        const QSignalBlocker blocker(m_channel);
+        m_channel->clear();
+        for (int number : c.channels())
+            m_channel->addItem(QString::number(number));
+        m_channel->setCurrentIndex(c.currentRow());
+    }
+    if (m_tx->text().toStdString() != c.txText())
+        m_tx->setText(QString::fromStdString(c.txText()));
+    if (m_rx->text().toStdString() != c.rxText())
+        m_rx->setText(QString::fromStdString(c.rxText()));
+    m_simplex->setChecked(!c.isDuplex());
+    m_duplex->setChecked(c.isDuplex());
+    for (const auto& [list, box] : m_settings) {
+        const QSignalBlocker blocker(box);
+        box->setCurrentIndex(c.selectedIndex(list));
+    }
+
+    const bool scanning = c.scanState() == ChannelController::kScanning;
+    m_channelControls->setVisible(!scanning);
+    m_scanPane->setVisible(scanning);
+    m_program->setEnabled(c.programEnabled());
+    m_priority->setEnabled(c.programEnabled());
+    m_startScan->setVisible(!scanning);
+    m_stopScan->setVisible(scanning);
+    m_startScan->setEnabled(c.startScanEnabled());
+    m_stopScan->setEnabled(c.startScanEnabled());
+
+    // With the radio's ALE off there is nothing to call with: only the Channel tab remains.
+    m_tabs->setTabVisible(1, c.scanMode() == ChannelController::ScanMode::Ale);
+    m_scanPane->setTitle(qs(c.scanListTitle()));
+    {
+        const QSignalBlocker blocker(m_scanList);
+        m_scanList->clear();
+        for (const std::string& label : c.scanList())
+            m_scanList->addItem(QString::fromStdString(label));
+        m_scanList->setCurrentIndex(c.scanListRow());
+    }
+    m_scanHint->setText(qs(c.scanMode() == ChannelController::ScanMode::Groups
+                               ? text::kScanGroupHint
+                               : text::kScanNetHint));
+    m_scanChannel->setText(QString::fromStdString(c.channelStateText()));
+
+    m_stateChannel->setText(QString::fromStdString(c.channelStateText()));
+    m_stateScan->setText(QString::fromStdString(c.scanStateText()));
+    m_stateCall->setText(QString::fromStdString(c.callStateText()));
+    m_stateLink->setText(QString::fromStdString(c.linkStateText()));
+    m_callStatus->setText(QString::fromStdString(m_session->commands().callStatus()));
+    refreshAle();
+    emit stateSummaryChanged(stateSummary());
+}
+
+QString ComputerInterfacePanel::stateSummary() const
+{
+    return QStringList{m_stateChannel->text(), m_stateScan->text(), m_stateCall->text(),
+                       m_stateLink->text()}
+        .join(QStringLiteral("  |  "));
+}
+
+} // namespace koral

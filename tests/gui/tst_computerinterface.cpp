@@ -1,0 +1,228 @@
+// The Computer Interface panel against the virtual radio inside the program: it opens on the
+// radio's active channel, changes channel, programs a channel (what reaches the radio is
+// compared with the panel), jumps to the priority channel, scans an ALE net and a group, and
+// comes back after a radio that stopped answering.
+
+#include "GuiTestSupport.h"
+#include "VirtualRadioMemory.h"
+
+#include "common/Texts.h"
+#include "gui/ComputerInterfacePanel.h"
+#include "gui/MainWindow.h"
+#include "gui/MessageBoxNotifier.h"
+#include "gui/RadioController.h"
+#include "radiodb/Frequency.h"
+#include "session/CallStore.h"
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTemporaryDir>
+
+using namespace koral;
+using namespace koral::test;
+
+class ComputerInterfaceTest : public QObject
+{
+    Q_OBJECT
+private:
+    QTemporaryDir m_dir;
+    VirtualRadioMemory m_memory;
+    std::unique_ptr<MainWindow> m_window;
+
+    ComputerInterfacePanel* panel() { return m_window->computerInterfacePanel(); }
+    ChannelController& controller() { return m_window->radio()->session().channels(); }
+    radiosim::RadioState radioState()
+    {
+        radiosim::RadioState state;
+        m_memory.onRadio([&](radiosim::VirtualRadio& radio) { state = radio.state(); });
+        return state;
+    }
+    // Picks a row as the operator does, by the list's own signal.
+    static void choose(QComboBox* box, int row)
+    {
+        box->setCurrentIndex(row);
+        emit box->activated(row);
+    }
+    void type(QLineEdit* edit, const QString& text)
+    {
+        edit->setFocus();
+        edit->selectAll();
+        QTest::keyClicks(edit, text);
+        QTest::keyClick(edit, Qt::Key_Return);
+    }
+    // A programmed channel other than the current one.
+    int otherRow() const
+    {
+        return m_window->computerInterfacePanel()->channelBox()->currentIndex() == 0 ? 1 : 0;
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(m_dir.isValid());
+        QDir::setCurrent(m_dir.path());
+        m_memory.install();
+        MessageBoxNotifier::setAutomatic(true);
+        MainWindowOptions options;
+        options.dataDirectory = m_dir.filePath("data");
+        m_window = std::make_unique<MainWindow>(options);
+        m_window->radio()->session().link().setPumpRoundMilliseconds(1);
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+        QTRY_VERIFY_WITH_TIMEOUT(
+            m_window->radio()->session().view().radioReady && !m_window->radio()->isBusy(), 90000);
+        QVERIFY(MessageBoxNotifier::shownTexts().isEmpty());
+    }
+    void cleanupTestCase() { m_window.reset(); }
+    void init() { MessageBoxNotifier::clearShownTexts(); }
+
+    void opensOnTheRadiosActiveChannel()
+    {
+        QCOMPARE(m_window->currentPanel(), Panel::ComputerInterface);
+        QCOMPARE(shownTitle(m_window.get()), QStringLiteral("Computer Interface Panel"));
+        const radiosim::RadioState state = radioState();
+        QCOMPARE(panel()->channelBox()->currentText(), QString::number(state.activeChannel));
+        const channel record = m_memory.radioRecord().channelNo(int(state.activeChannel));
+        QCOMPARE(panel()->rxEdit()->text().toStdString(),
+                 frequencyDisplayText(record.rxFrequency.get()));
+        QVERIFY(m_window->statusPane(13)->text().startsWith(
+            QStringLiteral("Channel: %1").arg(state.activeChannel)));
+        QVERIFY(panel()->startScanButton()->isEnabled());
+        screenshot(m_window.get(), "computer-interface");
+    }
+
+    void channelChangeReachesTheRadioAndShowsItsFrequencies()
+    {
+        const int row = otherRow();
+        const int number = panel()->channelBox()->itemText(row).toInt();
+        choose(panel()->channelBox(), row);
+        QCOMPARE(int(radioState().activeChannel), number);
+        const channel record = m_memory.radioRecord().channelNo(number);
+        QCOMPARE(panel()->txEdit()->text().toStdString(),
+                 frequencyDisplayText(record.txFrequency.get()));
+        QCOMPARE(panel()->rxEdit()->text().toStdString(),
+                 frequencyDisplayText(record.rxFrequency.get()));
+        QVERIFY(MessageBoxNotifier::shownTexts().isEmpty());
+    }
+
+    void programChannelStoresWhatThePanelShows()
+    {
+        const int number = controller().currentChannel();
+        type(panel()->txEdit(), "8.5");
+        type(panel()->rxEdit(), "7.25");
+        QComboBox* power = panel()->settingBox(ChannelController::List::Power);
+        choose(power, power->count() - 1);
+        QTest::mouseClick(panel()->programButton(), Qt::LeftButton);
+        QVERIFY(MessageBoxNotifier::shownTexts().isEmpty());
+        const channel stored = m_memory.radioRecord().channelNo(number);
+        QCOMPARE(stored.txFrequency.get(), 8'500'000u);
+        QCOMPARE(stored.rxFrequency.get(), 7'250'000u);
+        QCOMPARE(int(stored.power), int(controller().working().power));
+        QCOMPARE(panel()->programButton()->isEnabled(), true);
+
+        // Away and back: the panel reads the channel from the radio again.
+        const int row = panel()->channelBox()->currentIndex();
+        choose(panel()->channelBox(), otherRow());
+        choose(panel()->channelBox(), row);
+        QCOMPARE(panel()->txEdit()->text(), QStringLiteral("8.5"));
+        QCOMPARE(panel()->rxEdit()->text(), QStringLiteral("7.25"));
+        QCOMPARE(power->currentIndex(), power->count() - 1);
+        screenshot(panel(), "computer-interface-channel");
+    }
+
+    void priorityMakesThePriorityChannelActive()
+    {
+        const int priority = m_memory.radioRecord().radioOptions.priorityChannel.get();
+        QTest::mouseClick(panel()->priorityButton(), Qt::LeftButton);
+        QCOMPARE(int(radioState().activeChannel), priority);
+        QCOMPARE(panel()->channelBox()->currentText(), QString::number(priority));
+        QVERIFY(MessageBoxNotifier::shownTexts().isEmpty());
+    }
+
+    void scanStartsAndStops_data()
+    {
+        QTest::addColumn<bool>("ale");
+        QTest::newRow("ALE net") << true;
+        QTest::newRow("group") << false;
+    }
+    void scanStartsAndStops()
+    {
+        QFETCH(bool, ale);
+        // F4 on the radio switches its ALE on and off.
+        if (radioState().aleOn != ale)
+            m_memory.onRadio(
+                [](radiosim::VirtualRadio& radio) { radio.play(radiosim::FrontPanelKey{7}); });
+        QTest::mouseClick(panel()->startScanButton(), Qt::LeftButton);
+        QVERIFY(MessageBoxNotifier::shownTexts().isEmpty());
+        QTRY_VERIFY(ale ? radioState().aleScanning : radioState().groupScanning);
+        QVERIFY(panel()->scanListPane()->isVisible());
+        QVERIFY(!panel()->channelBox()->isVisible());
+        QVERIFY(panel()->scanListBox()->count() > 0);
+        QCOMPARE(panel()->tabs()->isTabVisible(1), ale);
+        QCOMPARE(panel()->scanListPane()->title(),
+                 ale ? QStringLiteral("Scan ALE") : QStringLiteral("Scan Groups"));
+        screenshot(panel(), ale ? "computer-interface-scan-ale" : "computer-interface-scan-group");
+
+        QTest::mouseClick(panel()->stopScanButton(), Qt::LeftButton);
+        QTRY_VERIFY(!radioState().aleScanning && !radioState().groupScanning);
+        QVERIFY(!panel()->scanListPane()->isVisible());
+        QVERIFY(panel()->channelBox()->isVisible());
+        QVERIFY(MessageBoxNotifier::shownTexts().isEmpty());
+    }
+
+    void stationCallLinksIsLoggedAndAborts()
+    {
+        CallStore& calls = m_window->radio()->session().calls();
+        const std::size_t logged = calls.log().size();
+        if (!radioState().aleOn)
+            m_memory.onRadio(
+                [](radiosim::VirtualRadio& radio) { radio.play(radiosim::FrontPanelKey{7}); });
+        panel()->tabs()->setCurrentIndex(1);
+        const QString to = panel()->toBox()->itemText(0);
+        choose(panel()->toBox(), 0);
+        panel()->messageBox()->setEditText(QStringLiteral("hello"));
+        QTest::mouseClick(panel()->sendButton(), Qt::LeftButton);
+        QVERIFY(!panel()->sendButton()->isEnabled());
+        QTRY_COMPARE_WITH_TIMEOUT(panel()->callStatusLabel()->text(),
+                                  QStringLiteral("Link was established."), 30000);
+        QVERIFY(m_window->radio()->session().view().linked);
+        QVERIFY(panel()->abortButton()->isEnabled());
+        QCOMPARE(calls.log().size(), logged + 1);
+        QCOMPARE(QString::fromStdString(calls.log().back().to), to);
+        QCOMPARE(calls.log().back().message, std::string("hello"));
+        QTRY_VERIFY(radioState().call == radiosim::CallPhase::Linked);
+        screenshot(m_window.get(), "computer-interface-ale");
+
+        QTest::mouseClick(panel()->abortButton(), Qt::LeftButton);
+        QTRY_VERIFY(radioState().call == radiosim::CallPhase::Idle);
+        QVERIFY(panel()->sendButton()->isEnabled());
+        QVERIFY(MessageBoxNotifier::shownTexts().isEmpty());
+        panel()->tabs()->setCurrentIndex(0);
+    }
+
+    void aRadioThatStopsAnsweringGivesTheMessageAndThePanelRecovers()
+    {
+        const int row = panel()->channelBox()->currentIndex();
+        m_memory.onRadio([](radiosim::VirtualRadio& radio) {
+            radio.inject(radiosim::FaultCommand{radiosim::FaultKind::NoAnswer});
+        });
+        choose(panel()->channelBox(), otherRow());
+        QCOMPARE(MessageBoxNotifier::shownTexts(),
+                 QStringList{QString::fromUtf8(text::byId(text::id::NoResponse).data())});
+        QCOMPARE(panel()->channelBox()->currentIndex(), row);
+
+        m_memory.onRadio([](radiosim::VirtualRadio& radio) { radio.clearFaults(); });
+        MessageBoxNotifier::clearShownTexts();
+        const int other = otherRow();
+        choose(panel()->channelBox(), other);
+        QVERIFY(MessageBoxNotifier::shownTexts().isEmpty());
+        QCOMPARE(int(radioState().activeChannel), panel()->channelBox()->itemText(other).toInt());
+    }
+};
+
+QTEST_MAIN(ComputerInterfaceTest)
+#include "tst_computerinterface.moc"
