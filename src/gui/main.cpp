@@ -1,12 +1,15 @@
 // koral-control-center: the desktop application.
 
 #include "common/Texts.h"
+#include "gui/AlePanel.h"
+#include "gui/CcirPanel.h"
 #include "gui/MainWindow.h"
 #include "gui/RssPanel.h"
 #include "radiosim/BuiltInRadio.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QFileInfo>
 #include <QScreen>
 #include <QTimer>
 
@@ -69,8 +72,17 @@ int main(int argc, char* argv[])
     // Port 1 is the virtual radio inside the program.
     radiosim::installBuiltInRadio();
     MainWindow window(options);
-    if (!parser.positionalArguments().isEmpty())
-        window.rssPanel()->openPath(parser.positionalArguments().constFirst());
+    // A file given on the command line opens in the panel of its kind.
+    if (!parser.positionalArguments().isEmpty()) {
+        const QString file = parser.positionalArguments().constFirst();
+        const QString suffix = QFileInfo(file).suffix().toLower();
+        DocumentPanel* page = window.rssPanel();
+        if (suffix == QStringLiteral("ale"))
+            page = window.alePanel();
+        else if (suffix == QStringLiteral("ccr"))
+            page = window.ccirPanel();
+        page->openPath(file);
+    }
 
     if (parser.isSet(screenshot)) {
         const int n = parser.value(panel).toInt(&ok);
