@@ -212,10 +212,10 @@ void RadioController::takeRecordsIntoPanel()
     }
     panel->setAleNets(std::move(nets));
     panel->refresh();
-    takeAleRecordsIntoPanel();
+    takeAleAndCcirIntoPanels();
 }
 
-void RadioController::takeAleRecordsIntoPanel()
+void RadioController::takeAleAndCcirIntoPanels()
 {
     const SessionRecords& records = m_session.records();
     AleDocument document;

@@ -136,6 +136,18 @@ private slots:
         QVERIFY(MessageBoxNotifier::shownTexts().isEmpty());
     }
 
+    void printOutAndPdfCarryTheProgramme()
+    {
+        QVERIFY(open(example()));
+        const QString text = panel()->printedText();
+        QVERIFY(text.contains(QStringLiteral("[Net No. 1]")));
+        QVERIFY(text.contains(QStringLiteral("Net Name=HQNET")));
+        QVERIFY(panel()->reportHtml().contains(QStringLiteral("HQNET")));
+        FileDialogs::queueFileName(path("programme.pdf"));
+        QVERIFY(panel()->exportPdf());
+        QVERIFY(bytesOf(path("programme.pdf")).startsWith("%PDF"));
+    }
+
     void damagedFileOpensRepaired_data()
     {
         QTest::addColumn<QByteArray>("line");
