@@ -206,6 +206,14 @@ inline constexpr std::string_view kWriteEmptyDatabase = "The radio database in t
 inline constexpr std::string_view kReadCancelled = "Read Device cancelled: nothing was changed.";
 inline constexpr std::string_view kNoPdfViewer = "No program to show PDF files was found on this computer. The user manual is %s: open it with any PDF viewer.";
 inline constexpr std::string_view kNotRadioDatabaseFile = "%s does not look like a radio database file: it has none of the sections of one. Open it anyway?";
+inline constexpr std::string_view kAleUnsavedChanges = "The ALE programme has changes that were not saved. Save them first?";
+inline constexpr std::string_view kAleFileFilter = "ALE files (*.ale);;All files (*)";
+inline constexpr std::string_view kNotAleFile = "%s does not look like an ALE programme file: it has none of the sections of one. Open it anyway?";
+inline constexpr std::string_view kCcirUnsavedChanges = "The CCIR database has changes that were not saved. Save them first?";
+inline constexpr std::string_view kCcirFileFilter = "CCIR files (*.ccr);;All files (*)";
+inline constexpr std::string_view kNotCcirFile = "%s does not look like a CCIR database file: it has none of the sections of one. Open it anyway?";
+inline constexpr std::string_view kDuplicateMember = "'%s' is member %d and member %d.";
+inline constexpr std::string_view kCcirIdentityDigits = "'%s' is not an identity of %d digits (0 to 9, not all zeros).";
 
 // --- built-in test ---
 inline constexpr std::string_view kConnectDummyLoad = "Connect a dummy load";

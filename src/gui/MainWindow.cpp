@@ -4,6 +4,7 @@
 #include "gui/NetworkControlPane.h"
 #include "gui/ComputerInterfaceMenus.h"
 #include "gui/ComputerInterfacePanel.h"
+#include "gui/AlePanel.h"
 #include "gui/Notices.h"
 #include "gui/ProgressDialog.h"
 #include "gui/RadioController.h"
@@ -35,15 +36,8 @@ QString qs(std::string_view text)
 }
 
 // Panels this build has; the others come with their own pages.
-const std::vector<Panel> kBuiltPanels{Panel::ComputerInterface, Panel::Rss};
-
-struct CommandSpec
-{
-    const char* name;
-    const char* text;
-    QKeySequence shortcut;
-    bool checkable = false;
-};
+const std::vector<Panel> kBuiltPanels{Panel::ComputerInterface, Panel::Rss, Panel::RssAle,
+                                       Panel::Ccir};
 
 } // namespace
 
@@ -56,6 +50,8 @@ MainWindow::MainWindow(const MainWindowOptions& options, QWidget* parent)
     createActions();
     createComputerInterfacePanel();
     createRssPanel();
+    createAlePanel();
+    createCcirPanel();
 
     m_radio = new RadioController(*this, options, this);
     m_rss->setRadio(m_radio);
@@ -110,6 +106,17 @@ MainWindow::MainWindow(const MainWindowOptions& options, QWidget* parent)
 
 MainWindow::~MainWindow() = default;
 
+void MainWindow::addCommands(std::span<const CommandSpec> specs)
+{
+    for (const CommandSpec& spec : specs) {
+        auto* action = new QAction(tr(spec.text), this);
+        action->setObjectName(spec.name);
+        action->setShortcut(spec.shortcut);
+        action->setCheckable(spec.checkable);
+        m_commands[spec.name] = action;
+    }
+}
+
 void MainWindow::createActions()
 {
     const CommandSpec specs[] = {
@@ -144,13 +151,7 @@ void MainWindow::createActions()
         {"help", "&Display Help Window", QKeySequence::HelpContents},
         {"about", "&About KORAL Control Center", QKeySequence()},
     };
-    for (const CommandSpec& spec : specs) {
-        auto* action = new QAction(tr(spec.text), this);
-        action->setObjectName(spec.name);
-        action->setShortcut(spec.shortcut);
-        action->setCheckable(spec.checkable);
-        m_commands[spec.name] = action;
-    }
+    addCommands(specs);
     const std::pair<const char*, int> toggles[] = {{"squelch", ToolbarImages::kSquelch},
                                                    {"monitor", ToolbarImages::kMonitor},
                                                    {"noiseBlanker", ToolbarImages::kNoiseBlanker},
@@ -171,11 +172,12 @@ void MainWindow::createActions()
         auto* action = new QAction(qs(info.menuText), this);
         action->setObjectName(QStringLiteral("panel%1").arg(int(info.panel)));
         action->setCheckable(true);
-        action->setIcon(ToolbarImages::commandIcon(info.panel == Panel::Rss ? QStringLiteral("RSS")
-                                                   : info.panel == Panel::ComputerInterface
-                                                       ? QStringLiteral("CI")
-                                                       : QString::number(int(info.panel)),
-                                                   QColor(0xFF, 0xC8, 0x64)));
+        const QString label = info.panel == Panel::Rss      ? QStringLiteral("RSS")
+                              : info.panel == Panel::RssAle ? QStringLiteral("ALE")
+                              : info.panel == Panel::Ccir   ? QStringLiteral("CCIR")
+                              : info.panel == Panel::ComputerInterface ? QStringLiteral("CI")
+                                                            : QString::number(int(info.panel));
+        action->setIcon(ToolbarImages::commandIcon(label, QColor(0xFF, 0xC8, 0x64)));
         const Panel panel = info.panel;
         connect(action, &QAction::triggered, this, [this, panel] { showPanel(panel); });
         m_panelActions[panel] = action;
@@ -211,8 +213,7 @@ void MainWindow::createComputerInterfacePanel()
 void MainWindow::createRssPanel()
 {
     m_rss = new RssPanel(m_notifier, m_pages);
-    m_pages->addWidget(m_rss);
-    m_pagesByPanel[Panel::Rss] = m_rss;
+    registerDocumentPanel(Panel::Rss, m_rss);
 
     const auto bind = [this](const char* name, auto slot) {
         connect(m_commands[name], &QAction::triggered, m_rss, slot);
@@ -231,11 +232,6 @@ void MainWindow::createRssPanel()
     bind("wideInfo", [this] { m_rss->showWideInformation(); });
     bind("summary", [this] { m_rss->showSummary(); });
     bind("check", [this] { m_rss->showCheck(); });
-    connect(m_rss, &RssPanel::pathChanged, this,
-            [this](const QString& path) { setPanelPath(Panel::Rss, path); });
-    connect(m_rss, &RssPanel::documentChanged, this, &MainWindow::updateTitle);
-    connect(m_rss, &RssPanel::statusMessage, this,
-            [this](const QString& text) { statusBar()->showMessage(text, 4000); });
 
     const auto c = [this](const char* name) { return m_commands[name]; };
     auto* file = new QMenu(tr("&File"), this);
@@ -249,6 +245,35 @@ void MainWindow::createRssPanel()
     file->addSeparator();
     file->addAction(c("exit"));
 
+    auto* configuration = new QMenu(tr("&Configuration"), this);
+    configuration->addActions({c("channelConfig"), c("groups"), c("radioOptions"), c("wideInfo")});
+
+    m_menus[Panel::Rss] = {file, createRadioMenu(), configuration,
+                           createViewMenu({c("summary"), c("check")}), createHelpMenu()};
+    m_toolBars[Panel::Rss] = createToolBar(Panel::Rss, toolBarActions());
+}
+
+void MainWindow::registerDocumentPanel(Panel panel, DocumentPanel* page)
+{
+    m_pages->addWidget(page);
+    m_pagesByPanel[panel] = page;
+    m_documents[panel] = page;
+    connect(page, &DocumentPanel::pathChanged, this,
+            [this, panel](const QString& path) { setPanelPath(panel, path); });
+    connect(page, &DocumentPanel::documentChanged, this, &MainWindow::updateTitle);
+    connect(page, &DocumentPanel::statusMessage, this,
+            [this](const QString& text) { statusBar()->showMessage(text, 4000); });
+}
+
+bool MainWindow::maybeSaveDocuments()
+{
+    return std::all_of(m_documents.begin(), m_documents.end(),
+                       [](const auto& entry) { return entry.second->maybeSave(); });
+}
+
+QMenu* MainWindow::createRadioMenu()
+{
+    const auto c = [this](const char* name) { return m_commands[name]; };
     auto* radio = new QMenu(tr("&Radio"), this);
     radio->addActions({c("readDevice"), c("writeDevice")});
     radio->addSeparator();
@@ -258,27 +283,36 @@ void MainWindow::createRssPanel()
     radio->addActions({c("remote"), c("reset"), c("bite")});
     radio->addSeparator();
     radio->addActions({c("commPort"), c("networkControl")});
+    return radio;
+}
 
-    auto* configuration = new QMenu(tr("&Configuration"), this);
-    configuration->addActions({c("channelConfig"), c("groups"), c("radioOptions"), c("wideInfo")});
-
+QMenu* MainWindow::createViewMenu(const QList<QAction*>& panelCommands)
+{
     auto* view = new QMenu(tr("&View"), this);
     for (const auto& [panel, action] : m_panelActions)
         view->addAction(action);
     view->addSeparator();
-    view->addActions({c("summary"), c("check")});
+    view->addActions(panelCommands);
+    return view;
+}
 
+QMenu* MainWindow::createHelpMenu()
+{
     auto* help = new QMenu(tr("&Help"), this);
-    help->addActions({c("help"), c("about")});
-    m_menus[Panel::Rss] = {file, radio, configuration, view, help};
+    help->addActions({m_commands["help"], m_commands["about"]});
+    return help;
+}
 
+QList<QAction*> MainWindow::toolBarActions()
+{
+    const auto c = [this](const char* name) { return m_commands[name]; };
     QList<QAction*> tools{c("readDevice"), c("writeDevice"),  nullptr,         c("squelch"),
                           c("monitor"),    c("noiseBlanker"), c("attenuator"), c("clipper"),
                           nullptr,         c("bite"),         nullptr};
     for (const auto& [panel, action] : m_panelActions)
         tools << action;
     tools << nullptr << c("help") << c("exit");
-    m_toolBars[Panel::Rss] = createToolBar(Panel::Rss, tools);
+    return tools;
 }
 
 QToolBar* MainWindow::createToolBar(Panel panel, const QList<QAction*>& actions)
@@ -338,7 +372,8 @@ void MainWindow::updateTitle()
     setWindowTitle(
         QString::fromStdString(PanelRules::title(m_current, m_paths[m_current].toStdString())) +
         QStringLiteral("[*]"));
-    setWindowModified(m_current == Panel::Rss && m_rss->document().isModified());
+    const auto document = m_documents.find(m_current);
+    setWindowModified(document != m_documents.end() && document->second->isModified());
 }
 
 void MainWindow::updateStatusPanes()
@@ -424,7 +459,7 @@ QString MainWindow::noticeText() const
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    if ((m_radio && m_radio->isBusy()) || !m_rss->maybeSave()) {
+    if ((m_radio && m_radio->isBusy()) || !maybeSaveDocuments()) {
         event->ignore();
         return;
     }

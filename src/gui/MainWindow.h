@@ -3,10 +3,12 @@
 #include "gui/MessageBoxNotifier.h"
 #include "gui/PanelRules.h"
 
+#include <QKeySequence>
 #include <QMainWindow>
 #include <QPointer>
 #include <functional>
 #include <map>
+#include <span>
 
 class QLabel;
 class QStackedWidget;
@@ -15,6 +17,9 @@ class QUrl;
 namespace koral {
 
 class ComputerInterfacePanel;
+class AlePanel;
+class CcirPanel;
+class DocumentPanel;
 class RssPanel;
 class RadioController;
 class NetworkControlPane;
@@ -50,6 +55,10 @@ public:
 
     RssPanel* rssPanel() const { return m_rss; }
     ComputerInterfacePanel* computerInterfacePanel() const { return m_computerInterface; }
+    AlePanel* alePanel() const { return m_ale; }
+    CcirPanel* ccirPanel() const { return m_ccir; }
+    // Asks about the unsaved changes of every document in turn; false when the user cancelled.
+    bool maybeSaveDocuments();
     RadioController* radio() const { return m_radio; }
     NetworkControlPane* networkPane() const { return m_network; }
     MessageBoxNotifier& notifier() { return m_notifier; }
@@ -69,16 +78,34 @@ public:
     QString noticeText() const;
     void closeNotice();
 
-    // Title after a file of the RSS panel was opened or saved.
+    // Title after a file of a panel was opened or saved.
     void setPanelPath(Panel panel, const QString& path);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    struct CommandSpec
+    {
+        const char* name;
+        const char* text;
+        QKeySequence shortcut;
+        bool checkable = false;
+    };
+    void addCommands(std::span<const CommandSpec> specs);
     void createActions();
     void createComputerInterfacePanel();
+    // Each panel's page, commands, menus and toolbar.
     void createRssPanel();
+    void createAlePanel();
+    void createCcirPanel();
+    // The page's title, unsaved-changes mark and status messages follow its document.
+    void registerDocumentPanel(Panel panel, DocumentPanel* page);
+    // The menus and toolbar buttons every panel has.
+    QMenu* createRadioMenu();
+    QMenu* createViewMenu(const QList<QAction*>& panelCommands);
+    QMenu* createHelpMenu();
+    QList<QAction*> toolBarActions();
     QToolBar* createToolBar(Panel panel, const QList<QAction*>& actions);
     void updateTitle();
     void updatePanelButtons();
@@ -91,6 +118,9 @@ private:
     QStackedWidget* m_pages;
     RssPanel* m_rss = nullptr;
     ComputerInterfacePanel* m_computerInterface = nullptr;
+    AlePanel* m_ale = nullptr;
+    CcirPanel* m_ccir = nullptr;
+    std::map<Panel, DocumentPanel*> m_documents;
     RadioController* m_radio = nullptr;
     NetworkControlPane* m_network = nullptr;
     std::map<Panel, QToolBar*> m_toolBars;

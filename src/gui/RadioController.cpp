@@ -3,7 +3,9 @@
 #include "aledb/ConfigurationCheck.h"
 #include "aledb/ccir_dbase.h"
 #include "common/Texts.h"
+#include "gui/AlePanel.h"
 #include "gui/BiteDialog.h"
+#include "gui/CcirPanel.h"
 #include "gui/CommPortDialog.h"
 #include "gui/MainWindow.h"
 #include "gui/ProgressDialog.h"
@@ -153,7 +155,7 @@ void RadioController::showNotice(ViewCommands::Notice notice, bool shown)
 
 void RadioController::readDevice()
 {
-    if (isBusy() || !m_window.rssPanel()->maybeSave())
+    if (isBusy() || !m_window.maybeSaveDocuments())
         return;
     const WaitCursor wait;
     if (m_session.transfer().readDeviceCommand())
@@ -174,6 +176,16 @@ void RadioController::writeDevice()
         // The radio now holds what the window shows.
         panel->document().markClean();
         emit panel->documentChanged();
+        AlePanel* ale = m_window.alePanel();
+        if (ale->document().known.database) {
+            ale->document().markClean();
+            emit ale->documentChanged();
+        }
+        CcirPanel* ccir = m_window.ccirPanel();
+        if (ccir->document().known && ccirMode()) {
+            ccir->document().markClean();
+            emit ccir->documentChanged();
+        }
     }
     emit stateChanged();
 }
@@ -200,6 +212,26 @@ void RadioController::takeRecordsIntoPanel()
     }
     panel->setAleNets(std::move(nets));
     panel->refresh();
+    takeAleAndCcirIntoPanels();
+}
+
+void RadioController::takeAleAndCcirIntoPanels()
+{
+    const SessionRecords& records = m_session.records();
+    AleDocument document;
+    document.programme = {records.ale, records.globalMembers, records.extraOptions};
+    document.identity = records.radio;
+    document.known = {records.known.ale, records.known.globalMembers, records.known.extraOptions};
+    document.markClean();
+    AlePanel* panel = m_window.alePanel();
+    panel->setSettings({m_session.flags().aleGlobalSupported, kChannelCount});
+    panel->replaceDocument(document);
+
+    CcirDocument ccir;
+    ccir.record = records.ccir;
+    ccir.known = records.known.ccir;
+    ccir.markClean();
+    m_window.ccirPanel()->replaceDocument(ccir);
 }
 
 void RadioController::storePanelIntoRecords()
@@ -214,6 +246,22 @@ void RadioController::storePanelIntoRecords()
         std::memcpy(reinterpret_cast<unsigned char*>(&records.channelNames),
                     reinterpret_cast<const unsigned char*>(&radio), sizeof radio);
     }
+    // The ALE programme goes as the panel shows it, and only the records that were read or
+    // opened: the others stay unknown, so Write Device passes them over and says so.
+    const AleDocument& ale = m_window.alePanel()->document();
+    records.known.ale = ale.known.database;
+    records.known.globalMembers = ale.known.globalMembers;
+    records.known.extraOptions = ale.known.extraOptions;
+    if (ale.known.database)
+        records.ale = ale.programme.database;
+    if (ale.known.globalMembers)
+        records.globalMembers = ale.programme.globalMembers;
+    if (ale.known.extraOptions)
+        records.extraOptions = ale.programme.extraOptions;
+    const CcirDocument& ccir = m_window.ccirPanel()->document();
+    records.known.ccir = ccir.known;
+    if (ccir.known)
+        records.ccir = ccir.record;
 }
 
 void RadioController::communicationPortSetup()

@@ -59,6 +59,7 @@ signals:
 private:
     void bindCommands();
     void takeRecordsIntoPanel();
+    void takeAleAndCcirIntoPanels();
     void storePanelIntoRecords();
     void showNotice(ViewCommands::Notice notice, bool shown);
     // A section write between the start and the end of programming mode.

@@ -1,6 +1,8 @@
 // koral-control-center: the desktop application.
 
 #include "common/Texts.h"
+#include "gui/AlePanel.h"
+#include "gui/CcirPanel.h"
 #include "gui/MainWindow.h"
 #include "gui/RssPanel.h"
 #include "radiosim/BuiltInRadio.h"
@@ -8,6 +10,7 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QFileInfo>
 #include <QScreen>
 #include <QTimer>
 
@@ -76,10 +79,21 @@ int main(int argc, char* argv[])
     // Port 1 is the virtual radio inside the program.
     radiosim::installBuiltInRadio();
     MainWindow window(options);
+    // A file named on the command line opens in the panel of its kind, which is shown first.
     if (!parser.positionalArguments().isEmpty()) {
-        // A file named on the command line is what the operator wants to see first.
-        window.showPanel(Panel::Rss);
-        window.rssPanel()->openPath(parser.positionalArguments().constFirst());
+        const QString file = parser.positionalArguments().constFirst();
+        const QString suffix = QFileInfo(file).suffix().toLower();
+        DocumentPanel* page = window.rssPanel();
+        Panel shown = Panel::Rss;
+        if (suffix == QStringLiteral("ale")) {
+            page = window.alePanel();
+            shown = Panel::RssAle;
+        } else if (suffix == QStringLiteral("ccr")) {
+            page = window.ccirPanel();
+            shown = Panel::Ccir;
+        }
+        window.showPanel(shown);
+        page->openPath(file);
     }
 
     if (parser.isSet(screenshot)) {

@@ -3,6 +3,7 @@
 // What reached the built-in virtual radio, as the program's records: a window's tests write
 // through the window and compare the radio's memory with the window's document.
 
+#include "aledb/ale_dbase.h"
 #include "koralapi/RadioRecords.h"
 #include "radiodb/RadioSanitiser.h"
 #include "radiodb/dbase.h"
@@ -72,6 +73,37 @@ public:
         if (differs(radio.radioOptions, expected.radioOptions))
             return QStringLiteral("radio options");
         return differs(radio, expected) ? QStringLiteral("identity or option slots") : QString();
+    }
+
+    // The ALE programme the radio holds, in the program's order.
+    ale_dbase aleRecord() const
+    {
+        radiosim::RadioDatabases databases;
+        onRadio([&](radiosim::VirtualRadio& radio) { databases = radio.databases(); });
+        convertByteOrder(TransferTarget::Ale, databases.ale);
+        ale_dbase record;
+        std::memcpy(reinterpret_cast<unsigned char*>(&record), databases.ale.data(), sizeof record);
+        return record;
+    }
+
+    // The first part of the radio's ALE programme that differs from `window`, or an empty
+    // text when the radio holds exactly what the window shows.
+    QString differenceFrom(const ale_dbase& window) const
+    {
+        const ale_dbase radio = aleRecord();
+        const auto differs = [](const auto& a, const auto& b) {
+            return std::memcmp(&a, &b, sizeof a) != 0;
+        };
+        for (int n = 0; n < kAleNetCount; ++n)
+            if (differs(radio.nets[std::size_t(n)], window.nets[std::size_t(n)]))
+                return QStringLiteral("net %1").arg(n + 1);
+        if (differs(radio.directory, window.directory))
+            return QStringLiteral("directory");
+        if (differs(radio.messages, window.messages))
+            return QStringLiteral("messages");
+        if (differs(radio.autoDials, window.autoDials))
+            return QStringLiteral("automatic dials");
+        return differs(radio, window) ? QStringLiteral("options or reserved bytes") : QString();
     }
 
 private:

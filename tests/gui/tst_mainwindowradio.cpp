@@ -6,7 +6,9 @@
 #include "GuiTestSupport.h"
 #include "VirtualRadioMemory.h"
 
+#include "aledb/AleText.h"
 #include "common/Texts.h"
+#include "gui/AlePanel.h"
 #include "gui/BiteDialog.h"
 #include "gui/ChannelConfigDialog.h"
 #include "gui/CommPortDialog.h"
@@ -29,6 +31,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStatusBar>
+#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTreeWidget>
 
@@ -119,6 +122,7 @@ private slots:
     void cleanupTestCase()
     {
         panel()->document().markClean();
+        m_window->alePanel()->document().markClean();
         m_window.reset();
     }
 
@@ -138,6 +142,13 @@ private slots:
         QCOMPARE(m_window->statusPane(10)->text(), QStringLiteral("S/N: ") + serial);
         QCOMPARE(m_window->statusPane(12)->text(), QStringLiteral("COM: 1,9600"));
         QCOMPARE(shownTitle(m_window.get()), QStringLiteral("Computer Interface Panel"));
+        // The ALE programme read with it is in the RSS ALE panel.
+        const AleDocument& ale = m_window->alePanel()->document();
+        QVERIFY(ale.known.database && !ale.isModified());
+        QCOMPARE(m_memory.differenceFrom(ale.programme.database), QString());
+        QCOMPARE(
+            m_window->alePanel()->netsGrid()->item(0, 0)->text(),
+            QString::fromStdString(std::string(fieldText(ale.programme.database.nets[0].name))));
         QVERIFY(m_window->command("readDevice")->isEnabled());
         QVERIFY(m_window->command("squelch")->isEnabled());
         screenshot(m_window.get(), "main-window-radio");
@@ -247,6 +258,40 @@ private slots:
         // The radio holds what the window shows: nothing is left unsaved.
         QVERIFY(!panel()->document().isModified());
         QVERIFY(!m_window->isWindowModified());
+    }
+
+    void writeDeviceSendsTheAleProgrammeOfThePanel()
+    {
+        AlePanel* ale = m_window->alePanel();
+        AleDocument document = ale->document();
+        setFieldText(document.programme.database.directory[kAleDirectorySize - 1], "WRITTEN1");
+        setFieldText(document.programme.database.messages[9], "FROM THE PANEL");
+        ale->replaceDocument(document);
+        QVERIFY(ale->isModified());
+        run("writeDevice");
+        QCOMPARE(m_memory.differenceFrom(ale->document().programme.database), QString());
+        QCOMPARE(fieldText(m_memory.aleRecord().directory[kAleDirectorySize - 1]),
+                 std::string_view("WRITTEN1"));
+        QVERIFY(!ale->isModified());
+    }
+
+    void aleProgrammeNeverReadNorOpenedIsNotWritten()
+    {
+        const ale_dbase before = m_memory.aleRecord();
+        m_window->alePanel()->replaceDocument(AleDocument{});
+        MessageBoxNotifier::clearShownTexts();
+        run("writeDevice");
+        const QStringList shown = MessageBoxNotifier::shownTexts();
+        QCOMPARE(shown.size(), 1);
+        QVERIFY2(shown[0].contains(QStringLiteral("Not written")) &&
+                     shown[0].contains(QString::fromUtf8(text::kAleDatabaseName.data())),
+                 qPrintable(shown[0]));
+        QCOMPARE(m_memory.differenceFrom(before), QString());
+        // Reading the radio brings the programme back into the panel.
+        run("readDevice");
+        QVERIFY(m_window->alePanel()->document().known.database);
+        QCOMPARE(m_memory.differenceFrom(m_window->alePanel()->document().programme.database),
+                 QString());
     }
 
     void emptyDatabaseIsWrittenOnlyWhenTheOperatorInsists()

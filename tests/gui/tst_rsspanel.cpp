@@ -77,13 +77,16 @@ private slots:
         for (QAction* action : m_window->menuBar()->actions())
             menus << action->text();
         QCOMPARE(menus, (QStringList{"&File", "&Radio", "&Configuration", "&View", "&Help"}));
-        // Panels this build lacks are not offered at all: no button, no menu item.
+        // Panels the build does not have are not offered at all: no button, no menu item; the
+        // CCIR panel's button shows only while the radio is in CCIR mode.
         QVERIFY(m_window->findChild<QAction*>("panel0"));
-        QVERIFY(!m_window->findChild<QAction*>("panel4"));
+        QVERIFY(!m_window->findChild<QAction*>("panel3"));
+        QAction* ccir = m_window->findChild<QAction*>("panel4");
+        QVERIFY(ccir && !ccir->isVisible());
         QAction* rss = m_window->findChild<QAction*>("panel1");
         QVERIFY(rss && rss->isChecked() && rss->isVisible());
         QCOMPARE(rss->text(), QStringLiteral("View RSS Panel"));
-        m_window->showPanel(Panel::Ccir);
+        m_window->showPanel(Panel::Koral);
         QCOMPARE(m_window->currentPanel(), Panel::Rss);
     }
 
@@ -307,7 +310,7 @@ private slots:
                  QStringLiteral("RSS Panel - ") + m_dir.filePath("copy.rss"));
         // The recent files, newest first, reopen with one click.
         QMenu* recent = nullptr;
-        for (QMenu* menu : m_window->findChildren<QMenu*>())
+        for (QMenu* menu : m_window->panelMenus(Panel::Rss).first()->findChildren<QMenu*>())
             if (menu->title() == QStringLiteral("Recent &Files"))
                 recent = menu;
         QVERIFY(recent && recent->actions().size() >= 2);
