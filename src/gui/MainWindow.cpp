@@ -32,7 +32,7 @@ QString qs(std::string_view text)
 }
 
 // Panels this build has; the others come with their own pages.
-const std::vector<Panel> kBuiltPanels{Panel::Rss};
+const std::vector<Panel> kBuiltPanels{Panel::Rss, Panel::Koral, Panel::Koral2E};
 
 struct CommandSpec
 {
@@ -55,6 +55,7 @@ MainWindow::MainWindow(const MainWindowOptions& options, QWidget* parent)
 
     m_radio = new RadioController(*this, options, this);
     m_rss->setRadio(m_radio);
+    createFrontPanels();
 
     for (int id : {10, 11, 12}) {
         auto* pane = new QLabel(this);

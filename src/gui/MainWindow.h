@@ -14,6 +14,7 @@ class QUrl;
 
 namespace koral {
 
+class FrontPanels;
 class RssPanel;
 class RadioController;
 class Notice;
@@ -47,6 +48,7 @@ public:
     const PanelRules& rules() const { return m_rules; }
 
     RssPanel* rssPanel() const { return m_rss; }
+    FrontPanels* frontPanels() const { return m_frontPanels; }
     RadioController* radio() const { return m_radio; }
     MessageBoxNotifier& notifier() { return m_notifier; }
     QToolBar* panelToolBar(Panel panel) const;
@@ -74,6 +76,8 @@ protected:
 private:
     void createActions();
     void createRssPanel();
+    // The KORAL and KORAL-2E pages with their menus and toolbars (MainWindowFrontPanels.cpp).
+    void createFrontPanels();
     QToolBar* createToolBar(Panel panel, const QList<QAction*>& actions);
     void updateTitle();
     void updatePanelButtons();
@@ -86,6 +90,7 @@ private:
     QStackedWidget* m_pages;
     RssPanel* m_rss = nullptr;
     RadioController* m_radio = nullptr;
+    FrontPanels* m_frontPanels = nullptr;
     std::map<Panel, QToolBar*> m_toolBars;
     std::map<Panel, QList<QMenu*>> m_menus;
     std::map<Panel, QWidget*> m_pagesByPanel;
