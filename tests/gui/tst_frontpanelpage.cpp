@@ -83,6 +83,9 @@ private slots:
         radio()->session().link().setPumpRoundMilliseconds(1);
         m_window->show();
         QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+        // Active, so that the window's own shortcuts (F1 for the manual) compete for the keys.
+        m_window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
         QTRY_VERIFY_WITH_TIMEOUT(radio()->session().view().radioReady && !radio()->isBusy(), 90000);
     }
     void cleanupTestCase() { m_window.reset(); }
@@ -100,6 +103,9 @@ private slots:
             << 5 << true << QStringList{"4", "2"} << "CHANNEL ENTRY|CH 42_";
         QTest::newRow("Esc with the mouse leaves the entry")
             << 5 << false << QStringList{"7", "Esc"} << "|RX ";
+        // F1 is the manual's key elsewhere in the window: here it is the head's.
+        QTest::newRow("F1 with the keyboard") << 3 << true << QStringList{"F1"} << "SQL ON";
+        QTest::newRow("F1 with the mouse") << 3 << false << QStringList{"F1"} << "SQL OFF";
         QTest::newRow("GPS with the keyboard") << 3 << true << QStringList{"GPS"} << "GPS POSITION";
     }
     void keysShowTheRadiosAnswer()
@@ -132,7 +138,7 @@ private slots:
             press(koral, digit, true);
         press(koral, "Enter", true);
         const QString heading = QStringLiteral("CH %1").arg(channel, 3, 10, QLatin1Char('0'));
-        QTRY_VERIFY2_WITH_TIMEOUT(shown(koral).contains(heading) && shown(koral).contains("|RX "),
+        QTRY_VERIFY2_WITH_TIMEOUT(shown(koral).contains(heading) && shown(koral).contains("|SQL "),
                                   qPrintable(shown(koral)), 5000);
         unsigned active = 0;
         m_memory.onRadio([&](radiosim::VirtualRadio& r) { active = r.state().activeChannel; });
