@@ -2,6 +2,7 @@
 
 #include "session/FrontPanelDisplay.h"
 
+#include <QFontDatabase>
 #include <QFontMetrics>
 #include <QLinearGradient>
 #include <QPainter>
@@ -39,6 +40,14 @@ FrontPanelScreen::FrontPanelScreen(const FrontPanelDisplay& display, QWidget* pa
 
 QFont FrontPanelScreen::face(bool bold)
 {
+    // The program carries the face when it was built where the face exists; the platform's
+    // own copy, or its fixed-pitch face, serves otherwise.
+    static const bool loaded = [] {
+        for (const char* file : {":/fonts/DejaVuSansMono.ttf", ":/fonts/DejaVuSansMono-Bold.ttf"})
+            QFontDatabase::addApplicationFont(QString::fromLatin1(file));
+        return true;
+    }();
+    Q_UNUSED(loaded);
     QFont font(QStringLiteral("DejaVu Sans Mono"));
     font.setStyleHint(QFont::Monospace);
     font.setFixedPitch(true);
