@@ -37,7 +37,7 @@ QString qs(std::string_view text)
 
 // Panels this build has; the others come with their own pages.
 const std::vector<Panel> kBuiltPanels{Panel::ComputerInterface, Panel::Rss, Panel::RssAle,
-                                       Panel::Ccir};
+                                       Panel::Koral,             Panel::Ccir, Panel::Koral2E};
 
 } // namespace
 
@@ -56,6 +56,7 @@ MainWindow::MainWindow(const MainWindowOptions& options, QWidget* parent)
     m_radio = new RadioController(*this, options, this);
     m_rss->setRadio(m_radio);
     m_computerInterface->bind(m_radio->session());
+    createFrontPanels();
 
     for (int id : {13, 10, 11, 12}) {
         auto* pane = new QLabel(this);

@@ -20,6 +20,7 @@ class ComputerInterfacePanel;
 class AlePanel;
 class CcirPanel;
 class DocumentPanel;
+class FrontPanels;
 class RssPanel;
 class RadioController;
 class NetworkControlPane;
@@ -59,6 +60,7 @@ public:
     CcirPanel* ccirPanel() const { return m_ccir; }
     // Asks about the unsaved changes of every document in turn; false when the user cancelled.
     bool maybeSaveDocuments();
+    FrontPanels* frontPanels() const { return m_frontPanels; }
     RadioController* radio() const { return m_radio; }
     NetworkControlPane* networkPane() const { return m_network; }
     MessageBoxNotifier& notifier() { return m_notifier; }
@@ -106,6 +108,8 @@ private:
     QMenu* createViewMenu(const QList<QAction*>& panelCommands);
     QMenu* createHelpMenu();
     QList<QAction*> toolBarActions();
+    // The KORAL and KORAL-2E pages with their menus and toolbars (MainWindowFrontPanels.cpp).
+    void createFrontPanels();
     QToolBar* createToolBar(Panel panel, const QList<QAction*>& actions);
     void updateTitle();
     void updatePanelButtons();
@@ -123,6 +127,7 @@ private:
     std::map<Panel, DocumentPanel*> m_documents;
     RadioController* m_radio = nullptr;
     NetworkControlPane* m_network = nullptr;
+    FrontPanels* m_frontPanels = nullptr;
     std::map<Panel, QToolBar*> m_toolBars;
     std::map<Panel, QList<QMenu*>> m_menus;
     std::map<Panel, QWidget*> m_pagesByPanel;

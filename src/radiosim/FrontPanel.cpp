@@ -117,16 +117,25 @@ std::array<std::string, 3> FrontPanel::display(const RadioState& state, const Ra
     case Page::Channel:
         break;
     }
+    // The heading says what the radio is doing: which group or net it scans, or the mode it
+    // sits on; the last line carries the switches a technician checks first, ALE included.
+    char mode[16];
+    if (state.groupScanning)
+        std::snprintf(mode, sizeof mode, "SCAN GRP %c", 'A' + state.scanGroup % 5);
+    else if (state.aleScanning)
+        std::snprintf(mode, sizeof mode, "ALE NET %u", state.scanNet + 1u);
+    else
+        std::snprintf(mode, sizeof mode, "%s", ccirMode ? "SELCALL" : "CHAN");
     char first[48];
-    const char* mode = state.groupScanning ? "SCAN"
-                       : state.aleScanning ? "ALE SCAN"
-                       : ccirMode          ? "SELCALL"
-                                           : "CHAN";
-    std::snprintf(first, sizeof first, "%-8s CH %03u", mode, state.activeChannel);
+    std::snprintf(first, sizeof first, "%-11s CH %03u", mode, state.activeChannel);
     std::string second = "RX " + mhz(channelRx(db, state.activeChannel)) + " TX " +
                          mhz(channelTx(db, state.activeChannel));
-    std::string third = std::string("SQL ") + onOff(state.squelch) + "  MON " +
-                        onOff(state.monitor) + (state.call == CallPhase::Linked ? "  LINKED" : "");
+    std::string third =
+        std::string("SQL ") + onOff(state.squelch) + "  MON " + onOff(state.monitor);
+    if (!ccirMode)
+        third += std::string("  ALE ") + onOff(state.aleOn);
+    if (state.call == CallPhase::Linked)
+        third += "  LINKED";
     return {fit(first), fit(second), fit(third)};
 }
 

@@ -52,6 +52,12 @@ MessageDispatcher::MessageDispatcher(RadioLink& link, ViewCommands& commands, Vi
       m_calls(calls), m_notifier(notifier)
 {
     connect(&m_link, &RadioLink::incomingMessage, this, &MessageDispatcher::onIncomingMessage);
+    // The display's lines come with their own copies (the latest message may already be the
+    // next line); dispatching the latest one again below only repeats a line already shown.
+    connect(&m_link, &RadioLink::displayLine, this, [this](const CRadioMessage& message) {
+        if (m_displayOpen)
+            emit displayReport(message);
+    });
 }
 
 void MessageDispatcher::onIncomingMessage()

@@ -3,6 +3,7 @@
 #include "common/Notifier.h"
 #include "common/Texts.h"
 #include "koralapi/MessageEngine.h"
+#include "koralapi/Opcodes.h"
 #include "koralapi/RadioCalls.h"
 #include "session/CommPortFile.h"
 #include "session/TraceWriter.h"
@@ -73,16 +74,27 @@ int RadioLink::openRadioLink()
         closeRadioLink();
         return 0; // the wait cursor stays up, as it always has after this failure
     }
-    IncomingWorker::Context context{m_engine.get(), &m_flags, &m_trace, &m_latest, [this] {
-                                        QMetaObject::invokeMethod(
-                                            this, [this] { emit incomingMessage(); },
-                                            Qt::QueuedConnection);
-                                    }};
+    IncomingWorker::Context context{m_engine.get(), &m_flags, &m_trace, &m_latest,
+                                    [this] { handOver(); }};
     m_worker = std::make_unique<IncomingWorker>(std::move(context), m_stopEvent);
     if (m_stopEvent)
         m_state = LinkState::Open;
     setWaitCursor(false);
     return 1;
+}
+
+void RadioLink::handOver()
+{
+    // The view acts on the latest message only, but the radio sends its display's lines back
+    // to back: each line also travels with its own copy, or the display would lose all but the
+    // last. The worker stores a message and then calls here, so the latest is the one just
+    // stored.
+    const CRadioMessage message = m_latest.take();
+    if (message.GetOpcode() == op::DisplayReport && message[6] <= op::display::LastTextLine)
+        QMetaObject::invokeMethod(
+            this, [this, message] { emit displayLine(message); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { emit incomingMessage(); }, Qt::QueuedConnection);
 }
 
 int RadioLink::closeRadioLink()

@@ -112,12 +112,17 @@ public:
 signals:
     // Posted after every hand-over from the worker; the dispatch connects here.
     void incomingMessage();
+    // A display line (opcode 27, kinds 0-2) with its own copy, so that none of the display's
+    // lines is lost to a later message; incomingMessage follows as for every message.
+    void displayLine(const koral::CRadioMessage& message);
     void waitCursorChanged(bool on);
     // The link was closed: the call dialog disables its call control.
     void linkClosed();
 
 private:
     void setWaitCursor(bool on);
+    // Called by the worker after each hand-over: queues the view's turn.
+    void handOver();
 
     Notifier& m_notifier;
     CapabilityFlags& m_flags;

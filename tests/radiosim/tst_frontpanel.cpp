@@ -42,6 +42,8 @@ private slots:
                                            << int(A::None) << 0u << "MENU 1/4";
         QTest::newRow("GPS page") << std::vector<int>{kGps} << int(A::None) << 0u << "GPS POSITION";
         QTest::newRow("F1 squelch") << std::vector<int>{4} << int(A::ToggleSquelch) << 0u << "CHAN";
+        QTest::newRow("ALE state on the channel page")
+            << std::vector<int>{kEsc} << int(A::None) << 0u << "SQL OFF  MON OFF  ALE ON";
         QTest::newRow("hash is channel up")
             << std::vector<int>{8} << int(A::ChannelUp) << 0u << "CHAN";
     }

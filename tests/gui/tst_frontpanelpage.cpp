@@ -1,0 +1,168 @@
+// The KORAL and KORAL-2E pages against the virtual radio inside the program: keys pressed with
+// the mouse and with the computer's keyboard reach the radio, and the display shows what the
+// radio then reports; with the link closed a key only tells the operator so.
+
+#include "GuiTestSupport.h"
+#include "VirtualRadioMemory.h"
+
+#include "common/Texts.h"
+#include "gui/FrontPanelPage.h"
+#include "gui/FrontPanelScreen.h"
+#include "gui/FrontPanels.h"
+#include "gui/MainWindow.h"
+#include "gui/MessageBoxNotifier.h"
+#include "gui/RadioController.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QTemporaryDir>
+
+using namespace koral;
+using namespace koral::test;
+
+namespace {
+
+// The computer's key for a head key, as the page's hint names it.
+Qt::Key keyboardKey(const QString& label)
+{
+    if (label.size() == 1 && label[0].isDigit())
+        return Qt::Key(Qt::Key_0 + label.toInt());
+    if (label.startsWith('F'))
+        return Qt::Key(Qt::Key_F1 + label.mid(1).toInt() - 1);
+    const std::pair<const char*, Qt::Key> named[] = {
+        {"Enter", Qt::Key_Return}, {"Esc", Qt::Key_Escape}, {"MENU", Qt::Key_M},
+        {"GPS", Qt::Key_G},        {"*", Qt::Key_Asterisk}, {"#", Qt::Key_NumberSign}};
+    for (const auto& [name, key] : named)
+        if (label == QLatin1String(name))
+            return key;
+    return Qt::Key_unknown;
+}
+
+} // namespace
+
+class FrontPanelPageTest : public QObject
+{
+    Q_OBJECT
+private:
+    QTemporaryDir m_dir;
+    VirtualRadioMemory m_memory;
+    std::unique_ptr<MainWindow> m_window;
+
+    RadioController* radio() { return m_window->radio(); }
+    FrontPanelPage* page(Panel panel)
+    {
+        FrontPanels* panels = m_window->frontPanels();
+        return panel == Panel::Koral ? panels->koralPage() : panels->koral2EPage();
+    }
+    FrontPanelPage* show(Panel panel)
+    {
+        m_window->showPanel(panel);
+        FrontPanelPage* shown = page(panel);
+        shown->setFocus();
+        return shown;
+    }
+    static void press(FrontPanelPage* page, const QString& key, bool keyboard)
+    {
+        if (keyboard)
+            QTest::keyClick(page, keyboardKey(key));
+        else
+            QTest::mouseClick(page->button(key), Qt::LeftButton);
+    }
+    static QString shown(FrontPanelPage* page) { return page->screen()->shownLines().join('|'); }
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(m_dir.isValid());
+        QDir::setCurrent(m_dir.path());
+        m_memory.install();
+        MessageBoxNotifier::setAutomatic(true);
+        MainWindowOptions options;
+        options.dataDirectory = m_dir.filePath("data");
+        m_window = std::make_unique<MainWindow>(options);
+        radio()->session().link().setPumpRoundMilliseconds(1);
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+        // Active, so that the window's own shortcuts (F1 for the manual) compete for the keys.
+        m_window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        QTRY_VERIFY_WITH_TIMEOUT(radio()->session().view().radioReady && !radio()->isBusy(), 90000);
+    }
+    void cleanupTestCase() { m_window.reset(); }
+
+    void keysShowTheRadiosAnswer_data()
+    {
+        QTest::addColumn<int>("panel");
+        QTest::addColumn<bool>("keyboard");
+        QTest::addColumn<QStringList>("keys");
+        QTest::addColumn<QString>("display");
+        QTest::newRow("MENU with the mouse") << 3 << false << QStringList{"MENU"} << "MENU 1/4";
+        QTest::newRow("MENU twice with the keyboard, short head")
+            << 5 << true << QStringList{"MENU", "MENU"} << "MENU 2/4|SQUELCH: ";
+        QTest::newRow("digits with the keyboard")
+            << 5 << true << QStringList{"4", "2"} << "CHANNEL ENTRY|CH 42_";
+        QTest::newRow("Esc with the mouse leaves the entry")
+            << 5 << false << QStringList{"7", "Esc"} << "|RX ";
+        // F1 is the manual's key elsewhere in the window: here it is the head's.
+        QTest::newRow("F1 with the keyboard") << 3 << true << QStringList{"F1"} << "SQL ON";
+        QTest::newRow("F1 with the mouse") << 3 << false << QStringList{"F1"} << "SQL OFF";
+        QTest::newRow("GPS with the keyboard") << 3 << true << QStringList{"GPS"} << "GPS POSITION";
+    }
+    void keysShowTheRadiosAnswer()
+    {
+        QFETCH(int, panel);
+        QFETCH(bool, keyboard);
+        QFETCH(QStringList, keys);
+        QFETCH(QString, display);
+        FrontPanelPage* shownPage = show(Panel(panel));
+        MessageBoxNotifier::clearShownTexts();
+        for (const QString& key : keys)
+            press(shownPage, key, keyboard);
+        QTRY_VERIFY2_WITH_TIMEOUT(shown(shownPage).contains(display), qPrintable(shown(shownPage)),
+                                  5000);
+        QCOMPARE(MessageBoxNotifier::shownTexts(), QStringList());
+        // Leave the radio's head on its channel page for the next row.
+        press(shownPage, "Esc", false);
+        QTRY_VERIFY_WITH_TIMEOUT(shown(shownPage).contains("|RX "), 5000);
+    }
+
+    void typedChannelIsSelected()
+    {
+        const dbase& record = radio()->session().records().radio;
+        int channel = kChannelCount;
+        while (channel > 1 && !record.channelNo(channel).isProgrammed())
+            --channel;
+        FrontPanelPage* koral = show(Panel::Koral);
+        QVERIFY(koral->findChild<QLabel*>("shortcutHint")->isVisible());
+        for (QChar digit : QString::number(channel))
+            press(koral, digit, true);
+        press(koral, "Enter", true);
+        const QString heading = QStringLiteral("CH %1").arg(channel, 3, 10, QLatin1Char('0'));
+        QTRY_VERIFY2_WITH_TIMEOUT(shown(koral).contains(heading) && shown(koral).contains("|SQL "),
+                                  qPrintable(shown(koral)), 5000);
+        unsigned active = 0;
+        m_memory.onRadio([&](radiosim::VirtualRadio& r) { active = r.state().activeChannel; });
+        QCOMPARE(int(active), channel);
+        screenshot(m_window.get(), "koral-panel");
+        show(Panel::Koral2E);
+        QCOMPARE(shown(page(Panel::Koral2E)), shown(koral));
+        screenshot(m_window.get(), "koral-2e-panel");
+    }
+
+    void linkClosedShowsTheMessageOnce()
+    {
+        FrontPanelPage* koral = show(Panel::Koral);
+        radio()->session().link().closeRadioLink();
+        QCOMPARE(shown(koral), QStringLiteral("||"));
+        MessageBoxNotifier::clearShownTexts();
+        press(koral, "MENU", false);
+        const QString noResponse = QString::fromUtf8(text::byId(text::id::NoResponse).data());
+        QCOMPARE(MessageBoxNotifier::shownTexts(), QStringList{noResponse});
+        press(koral, "5", true);
+        QCOMPARE(MessageBoxNotifier::shownTexts(), QStringList({noResponse, noResponse}));
+        QCOMPARE(shown(koral), QStringLiteral("||"));
+    }
+};
+
+QTEST_MAIN(FrontPanelPageTest)
+#include "tst_frontpanelpage.moc"

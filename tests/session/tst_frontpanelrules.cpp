@@ -1,0 +1,162 @@
+// The imitated control head without a window: the keys of both layouts, the press and release
+// exchange with its failure path, and the display lines taken from the radio's reports.
+
+#include "common/RecordingNotifier.h"
+#include "common/Texts.h"
+#include "koralapi/Opcodes.h"
+#include "session/FrontPanelDisplay.h"
+#include "session/FrontPanelKeypad.h"
+
+#include <QSignalSpy>
+#include <QtTest>
+
+#include <cstring>
+
+using namespace koral;
+using Layout = FrontPanelKeypad::Layout;
+
+Q_DECLARE_METATYPE(koral::FrontPanelKeypad::Layout)
+
+class FrontPanelRulesTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void keyCodes_data()
+    {
+        QTest::addColumn<Layout>("layout");
+        QTest::addColumn<QString>("label");
+        QTest::addColumn<int>("code");
+        QTest::newRow("0 comes before 1, not after 9") << Layout::Full << "0" << 13;
+        QTest::newRow("F1") << Layout::Full << "F1" << 4;
+        QTest::newRow("GPS") << Layout::Full << "GPS" << 12;
+        QTest::newRow("MENU") << Layout::Short << "MENU" << 23;
+        QTest::newRow("* in the short layout") << Layout::Short << "*" << 9;
+        QTest::newRow("short layout has no GPS") << Layout::Short << "GPS" << 0;
+        QTest::newRow("short layout has no F1") << Layout::Short << "F1" << 0;
+    }
+    void keyCodes()
+    {
+        QFETCH(Layout, layout);
+        QFETCH(QString, label);
+        QFETCH(int, code);
+        QCOMPARE(FrontPanelKeypad::code(layout, label.toStdString()), code);
+    }
+
+    void layouts_data()
+    {
+        QTest::addColumn<Layout>("layout");
+        QTest::addColumn<int>("count");
+        QTest::newRow("full") << Layout::Full << 20;
+        QTest::newRow("short") << Layout::Short << 15;
+    }
+    // Every key code and every place on the head appears once, and the short layout can never
+    // send 4 to 7 or 12.
+    void layouts()
+    {
+        QFETCH(Layout, layout);
+        QFETCH(int, count);
+        const auto keys = FrontPanelKeypad::keys(layout);
+        QCOMPARE(int(keys.size()), count);
+        QSet<int> codes;
+        QSet<int> places;
+        for (const auto& key : keys) {
+            QVERIFY(key.code >= 4 && key.code <= 23);
+            QVERIFY(key.column >= 0 && key.column < 4);
+            codes.insert(key.code);
+            places.insert(key.row * 4 + key.column);
+        }
+        QCOMPARE(codes.size(), count);
+        QCOMPARE(places.size(), count);
+        if (layout == Layout::Short)
+            for (int code : {4, 5, 6, 7, 12})
+                QVERIFY(!codes.contains(code));
+    }
+
+    void exchange_data()
+    {
+        QTest::addColumn<bool>("open");
+        QTest::addColumn<int>("accepted"); // sends the radio takes before it stops answering
+        QTest::addColumn<QList<int>>("sent");
+        QTest::addColumn<int>("result");
+        QTest::addColumn<int>("messages");
+        QTest::newRow("key and release") << true << 2 << QList<int>{13, 24} << 1 << 0;
+        QTest::newRow("link closed: message once, nothing sent")
+            << false << 2 << QList<int>{} << 0 << 1;
+        QTest::newRow("key refused: no release") << true << 0 << QList<int>{13} << 0 << 0;
+        QTest::newRow("release refused") << true << 1 << QList<int>{13, 24} << 0 << 0;
+    }
+    void exchange()
+    {
+        QFETCH(bool, open);
+        QFETCH(int, accepted);
+        QFETCH(QList<int>, sent);
+        QFETCH(int, result);
+        QFETCH(int, messages);
+        RecordingNotifier notifier;
+        QList<int> codes;
+        FrontPanelKeypad keypad(
+            notifier, [open] { return open; },
+            [&](const CRadioMessage& message) {
+                // Each request is prepared as every request of the program.
+                if (message[0] != 0x24 || message[2] != 0x18 || message[5] != 3)
+                    return 0;
+                if (message.GetOpcode() != op::ControlHeadKey)
+                    return 0;
+                codes << message[6];
+                return codes.size() <= accepted ? 1 : 0;
+            });
+        QCOMPARE(keypad.sendKey(13), result);
+        QCOMPARE(codes, sent);
+        QCOMPARE(int(notifier.entries().size()), messages);
+        if (messages) {
+            QCOMPARE(notifier.entries().front().text,
+                     std::string(text::byId(text::id::NoResponse)));
+            QCOMPARE(notifier.entries().front().icon, Icon::Warning);
+        }
+    }
+
+    void displayLines_data()
+    {
+        QTest::addColumn<int>("opcode");
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<bool>("taken");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("heading") << 27 << 0 << QByteArray("CHAN     CH 012") << true
+                                 << "CHAN     CH 012";
+        QTest::newRow("last line") << 27 << 2 << QByteArray("SQL ON") << true << "SQL ON";
+        QTest::newRow("cut at 40 without a terminator")
+            << 27 << 1 << QByteArray(45, 'X') << true << QString(40, 'X');
+        QTest::newRow("control codes show blank") << 27 << 1
+                                                  << QByteArray("A\tB\x81"
+                                                                "C")
+                                                  << true << "A B C";
+        QTest::newRow("self-test progress is not a line")
+            << 27 << 3 << QByteArray("BIT...") << false << "";
+        QTest::newRow("other opcode") << 46 << 0 << QByteArray("CH") << false << "";
+    }
+    void displayLines()
+    {
+        QFETCH(int, opcode);
+        QFETCH(int, kind);
+        QFETCH(QByteArray, text);
+        QFETCH(bool, taken);
+        QFETCH(QString, shown);
+        CRadioMessage message;
+        message.prepareReport();
+        message.setOpcodeAndLength(opcode, 2 + std::size_t(text.size()));
+        message[6] = std::uint8_t(kind);
+        std::memcpy(&message[7], text.constData(), std::size_t(text.size()));
+        FrontPanelDisplay display;
+        QSignalSpy changed(&display, &FrontPanelDisplay::changed);
+        QCOMPARE(display.take(message), taken);
+        QCOMPARE(changed.size(), taken ? 1 : 0);
+        QCOMPARE(QString::fromStdString(display.line(std::min(kind, 2))), shown);
+        // The same line again changes nothing on the screen.
+        display.take(message);
+        QCOMPARE(changed.size(), taken ? 1 : 0);
+    }
+};
+
+QTEST_GUILESS_MAIN(FrontPanelRulesTest)
+#include "tst_frontpanelrules.moc"
