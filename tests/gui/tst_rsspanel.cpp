@@ -85,8 +85,6 @@ private slots:
         QAction* rss = m_window->findChild<QAction*>("panel1");
         QVERIFY(rss && rss->isChecked() && rss->isVisible());
         QCOMPARE(rss->text(), QStringLiteral("View RSS Panel"));
-        m_window->showPanel(Panel::Koral);
-        QCOMPARE(m_window->currentPanel(), Panel::Rss);
     }
 
     void openShowsChannelsGroupsAndTitle()
