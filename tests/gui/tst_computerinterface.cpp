@@ -4,7 +4,7 @@
 // comes back after a radio that stopped answering.
 
 #include "GuiTestSupport.h"
-#include "VirtualRadioMemory.h"
+#include "RadioWindow.h"
 
 #include "common/Texts.h"
 #include "gui/ComputerInterfacePanel.h"
@@ -64,13 +64,7 @@ private slots:
     void initTestCase()
     {
         QVERIFY(m_dir.isValid());
-        QDir::setCurrent(m_dir.path());
-        m_memory.install();
-        MessageBoxNotifier::setAutomatic(true);
-        MainWindowOptions options;
-        options.dataDirectory = m_dir.filePath("data");
-        m_window = std::make_unique<MainWindow>(options);
-        m_window->radio()->session().link().setPumpRoundMilliseconds(1);
+        m_window = windowOnVirtualRadio(m_dir, m_memory);
         m_window->show();
         QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
         QTRY_VERIFY_WITH_TIMEOUT(

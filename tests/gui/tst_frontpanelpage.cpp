@@ -3,7 +3,7 @@
 // radio then reports; with the link closed a key only tells the operator so.
 
 #include "GuiTestSupport.h"
-#include "VirtualRadioMemory.h"
+#include "RadioWindow.h"
 
 #include "common/Texts.h"
 #include "gui/FrontPanelPage.h"
@@ -74,13 +74,7 @@ private slots:
     void initTestCase()
     {
         QVERIFY(m_dir.isValid());
-        QDir::setCurrent(m_dir.path());
-        m_memory.install();
-        MessageBoxNotifier::setAutomatic(true);
-        MainWindowOptions options;
-        options.dataDirectory = m_dir.filePath("data");
-        m_window = std::make_unique<MainWindow>(options);
-        radio()->session().link().setPumpRoundMilliseconds(1);
+        m_window = windowOnVirtualRadio(m_dir, m_memory);
         m_window->show();
         QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
         // Active, so that the window's own shortcuts (F1 for the manual) compete for the keys.

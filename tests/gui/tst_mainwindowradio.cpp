@@ -4,7 +4,7 @@
 // all-channels case, and the built-in test.
 
 #include "GuiTestSupport.h"
-#include "VirtualRadioMemory.h"
+#include "RadioWindow.h"
 
 #include "aledb/AleText.h"
 #include "common/Texts.h"
@@ -94,15 +94,7 @@ private slots:
     {
         // CommPort.txt is kept in the start-up folder: keep it out of the build tree.
         QVERIFY(m_dir.isValid());
-        QDir::setCurrent(m_dir.path());
-        m_memory.install();
-        MessageBoxNotifier::setAutomatic(true);
-
-        MainWindowOptions windowOptions;
-        windowOptions.dataDirectory = m_dir.filePath("data");
-        m_window = std::make_unique<MainWindow>(windowOptions);
-        // The radio's ten-second settling waits after a read or a write, shortened.
-        radio()->session().link().setPumpRoundMilliseconds(1);
+        m_window = windowOnVirtualRadio(m_dir, m_memory);
         connect(radio()->progressDialog(), &ProgressDialog::opened, this, [this] {
             if (m_startUpBanner.isEmpty())
                 m_startUpBanner = radio()->progressDialog()->banner();
