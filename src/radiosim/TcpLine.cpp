@@ -7,6 +7,16 @@ TcpLine::TcpLine(QObject* parent) : RadioLine(parent)
     connect(&m_server, &QTcpServer::newConnection, this, &TcpLine::acceptConnections);
 }
 
+// The accepted sockets are the server's children and die with it, after this line's own
+// members are gone; a socket still connected then says "disconnected" as it dies, and its
+// handler must not reach into this half-destroyed line.
+TcpLine::~TcpLine()
+{
+    for (QTcpSocket* socket : m_server.findChildren<QTcpSocket*>()) {
+        socket->disconnect(this);
+    }
+}
+
 bool TcpLine::listen(quint16 port)
 {
     return m_server.listen(QHostAddress::LocalHost, port);

@@ -15,6 +15,7 @@ class TcpLine : public RadioLine
     Q_OBJECT
 public:
     explicit TcpLine(QObject* parent = nullptr);
+    ~TcpLine() override;
 
     // Port 0 picks a free port; port() tells which.
     bool listen(quint16 port);
