@@ -16,6 +16,21 @@ std::vector<CcirDirectoryEditor::Entry> CcirDirectoryEditor::entries() const
     return list;
 }
 
+std::vector<std::string> CcirDirectoryEditor::listLines() const
+{
+    std::vector<std::string> lines;
+    for (const Entry& entry : entries())
+        lines.push_back(text::format("%02d  %s", entry.slot, entry.identity.c_str()));
+    return lines;
+}
+
+void CcirDirectoryEditor::selectEntry(int line)
+{
+    const auto list = entries();
+    if (line >= 0 && line < int(list.size()))
+        setEditText(list[std::size_t(line)].identity);
+}
+
 int CcirDirectoryEditor::slotOf(std::uint32_t value) const
 {
     for (int slot = 0; slot < kCcirDirectorySize; ++slot)
@@ -24,7 +39,7 @@ int CcirDirectoryEditor::slotOf(std::uint32_t value) const
     return -1;
 }
 
-void CcirDirectoryEditor::setIdentityText(std::string_view text)
+void CcirDirectoryEditor::setEditText(std::string_view text)
 {
     m_text = text;
     m_status.clear();
@@ -49,7 +64,7 @@ bool CcirDirectoryEditor::add()
     if (!m_addEnabled)
         return false;
     m_record.directory[std::size_t(slotOf(0))].set(*ccir::parseIdentity(m_text));
-    setIdentityText({});
+    setEditText({});
     return true;
 }
 
@@ -58,7 +73,7 @@ bool CcirDirectoryEditor::remove()
     if (!m_deleteEnabled)
         return false;
     m_record.directory[std::size_t(slotOf(*ccir::parseIdentity(m_text)))].set(0);
-    setIdentityText({});
+    setEditText({});
     return true;
 }
 

@@ -4,6 +4,7 @@
 // identities, the identity edit with its status text, ADD (into the first free slot) and
 // DELETE (the slot becomes free; the others keep their places, as the radio numbers them).
 
+#include "aledb/DirectoryListRules.h"
 #include "aledb/ccir_dbase.h"
 
 #include <string>
@@ -12,7 +13,7 @@
 
 namespace koral {
 
-class CcirDirectoryEditor
+class CcirDirectoryEditor : public DirectoryListRules
 {
 public:
     explicit CcirDirectoryEditor(const ccir_dbase& record);
@@ -24,20 +25,22 @@ public:
     };
     // The occupied slots in slot order.
     std::vector<Entry> entries() const;
-    int occupiedCount() const { return int(entries().size()); }
+    // Each occupied slot with its number, as "07  402200".
+    std::vector<std::string> listLines() const override;
+    int occupiedCount() const override { return int(entries().size()); }
 
-    const std::string& identityText() const { return m_text; }
-    // A change of the edit: runs the rules and sets the status and the buttons.
-    void setIdentityText(std::string_view text);
+    const std::string& editText() const override { return m_text; }
+    void setEditText(std::string_view text) override;
+    void selectEntry(int line) override;
 
-    const std::string& statusText() const { return m_status; }
-    bool addEnabled() const { return m_addEnabled; }
-    bool deleteEnabled() const { return m_deleteEnabled; }
+    const std::string& statusText() const override { return m_status; }
+    bool addEnabled() const override { return m_addEnabled; }
+    bool deleteEnabled() const override { return m_deleteEnabled; }
 
     // ADD: the typed identity into the first free slot; the edit is cleared.
-    bool add();
+    bool add() override;
     // DELETE: frees the slot of the typed identity; the edit is cleared.
-    bool remove();
+    bool remove() override;
 
     const ccir_dbase& record() const { return m_record; }
 

@@ -48,7 +48,7 @@ std::vector<std::string> DirectoryEditor::selfAddresses() const
     return addresses;
 }
 
-void DirectoryEditor::setAddressText(std::string_view text)
+void DirectoryEditor::setEditText(std::string_view text)
 {
     m_address = text;
     m_status.clear();
@@ -87,7 +87,7 @@ void DirectoryEditor::setAddressText(std::string_view text)
 void DirectoryEditor::selectEntry(int index)
 {
     if (index >= 0 && index < occupiedCount())
-        setAddressText(m_entries[static_cast<std::size_t>(index)]);
+        setEditText(m_entries[static_cast<std::size_t>(index)]);
 }
 
 bool DirectoryEditor::add()
@@ -97,7 +97,7 @@ bool DirectoryEditor::add()
     const ale_dbase before = m_programme.database;
     m_entries.push_back(m_address);
     storeEntries(before);
-    setAddressText({});
+    setEditText({});
     return true;
 }
 
@@ -124,7 +124,7 @@ bool DirectoryEditor::remove()
         removeGlobalReference(m_programme.globalMembers.nets[n], deleted);
     }
     storeEntries(before);
-    setAddressText({});
+    setEditText({});
     return true;
 }
 

@@ -7,6 +7,7 @@
 // change of the list renumbers them: each keeps referring to the same address, or to nothing
 // once that address is gone.
 
+#include "aledb/DirectoryListRules.h"
 #include "aledb/ale_dbase.h"
 
 #include <string>
@@ -17,34 +18,32 @@ namespace koral {
 
 class Notifier;
 
-class DirectoryEditor
+class DirectoryEditor : public DirectoryListRules
 {
 public:
     DirectoryEditor(const AleProgramme& programme, Notifier& notifier);
 
     // The addresses in directory order; a position in this list is a directory index.
     const std::vector<std::string>& entries() const { return m_entries; }
-    int occupiedCount() const { return static_cast<int>(m_entries.size()); }
+    std::vector<std::string> listLines() const override { return m_entries; }
+    int occupiedCount() const override { return static_cast<int>(m_entries.size()); }
     // The reference lists of every net's name and self address.
     std::vector<std::string> netNames() const;
     std::vector<std::string> selfAddresses() const;
 
-    const std::string& addressText() const { return m_address; }
-    // A change of the address edit: runs the rules and sets the status and the buttons.
-    void setAddressText(std::string_view text);
-    // Selecting a list entry puts its text into the edit.
-    void selectEntry(int index);
+    const std::string& editText() const override { return m_address; }
+    void setEditText(std::string_view text) override;
+    void selectEntry(int index) override;
 
-    const std::string& statusText() const { return m_status; }
-    bool statusVisible() const { return !m_status.empty(); }
-    bool addEnabled() const { return m_addEnabled; }
-    bool deleteEnabled() const { return m_deleteEnabled; }
+    const std::string& statusText() const override { return m_status; }
+    bool addEnabled() const override { return m_addEnabled; }
+    bool deleteEnabled() const override { return m_deleteEnabled; }
 
     // ADD: appends the typed address and clears the edit. False when ADD is disabled.
-    bool add();
+    bool add() override;
     // DELETE: after the operator confirms, removes the typed address and renumbers every
     // reference to the directory. False when DELETE is disabled or the operator says no.
-    bool remove();
+    bool remove() override;
 
     // The edited programme (directory and references); the caller stores it on OK.
     const AleProgramme& programme() const { return m_programme; }

@@ -178,7 +178,7 @@ void AlePanel::editNets(int net)
     NetConfigEditor editor(m_document.programme, m_settings, notifier());
     editor.selectNet(net);
     NetConfigDialog dialog(editor, window());
-    if (dialog.exec() == QDialog::Accepted)
+    if (execDialog(dialog) == QDialog::Accepted)
         programmeEdited(editor.programme());
 }
 
@@ -186,7 +186,7 @@ void AlePanel::editMembers(int net)
 {
     NetMembersEditor editor(m_document.programme.database, net);
     NetMembersDialog dialog(editor, window());
-    if (dialog.exec() != QDialog::Accepted)
+    if (execDialog(dialog) != QDialog::Accepted)
         return;
     AleProgramme edited = m_document.programme;
     edited.database = editor.database();
@@ -198,7 +198,7 @@ void AlePanel::editGlobalMembers(int net)
     NetGlobalMembersEditor editor(m_document.programme.globalMembers, m_document.programme.database,
                                   net);
     NetGlobalMembersDialog dialog(editor, window());
-    if (dialog.exec() != QDialog::Accepted)
+    if (execDialog(dialog) != QDialog::Accepted)
         return;
     AleProgramme edited = m_document.programme;
     edited.globalMembers = editor.globals();
@@ -209,7 +209,7 @@ void AlePanel::editDirectory()
 {
     DirectoryEditor editor(m_document.programme, notifier());
     DirectoryDialog dialog(editor, window());
-    if (dialog.exec() == QDialog::Accepted)
+    if (execDialog(dialog) == QDialog::Accepted)
         programmeEdited(editor.programme());
 }
 
@@ -218,7 +218,7 @@ void AlePanel::editMessages(int message)
     MessageEditor editor(m_document.programme.database);
     editor.setCurrent(message);
     MessageDialog dialog(editor, window());
-    if (dialog.exec() != QDialog::Accepted)
+    if (execDialog(dialog) != QDialog::Accepted)
         return;
     AleProgramme edited = m_document.programme;
     edited.database.messages = editor.database().messages;
@@ -229,7 +229,7 @@ void AlePanel::editAutoDials()
 {
     AutoDialEditor editor(m_document.programme.database);
     AutoDialDialog dialog(editor, window());
-    if (dialog.exec() != QDialog::Accepted)
+    if (execDialog(dialog) != QDialog::Accepted)
         return;
     AleProgramme edited = m_document.programme;
     edited.database.autoDials = editor.database().autoDials;

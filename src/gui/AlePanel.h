@@ -54,6 +54,7 @@ protected:
     std::string readFile(const std::string& path, bool& foreign) override;
     void adoptReadFile(const std::string& path) override;
     std::string writeFile(const std::string& path) override;
+    FileInfo& fileInfo() override { return m_document.info; }
 
 private:
     void programmeEdited(const AleProgramme& programme);

@@ -1,7 +1,6 @@
 #include "gui/AutoDialDialog.h"
 
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QVBoxLayout>
@@ -21,7 +20,7 @@ QStringList itemsOf(const std::vector<std::string>& items)
 } // namespace
 
 AutoDialDialog::AutoDialDialog(AutoDialEditor& editor, QWidget* parent)
-    : QDialog(parent), m_editor(editor)
+    : HelpButtonDialog(parent), m_editor(editor)
 {
     setWindowTitle(tr("Automatic Dial Configuration"));
     auto* grid = new QGridLayout;
@@ -47,12 +46,9 @@ AutoDialDialog::AutoDialDialog(AutoDialEditor& editor, QWidget* parent)
         m_addresses[std::size_t(row)] = address;
         m_messages[std::size_t(row)] = message;
     }
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(grid);
-    layout->addWidget(buttons);
+    layout->addWidget(createButtons());
 }
 
 } // namespace koral

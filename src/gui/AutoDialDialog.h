@@ -2,7 +2,7 @@
 
 #include "aledb/AutoDialEditor.h"
 
-#include <QDialog>
+#include "gui/HelpButtonDialog.h"
 
 class QComboBox;
 
@@ -10,7 +10,7 @@ namespace koral {
 
 // "Automatic Dial Configuration": ten rows, each calling a directory address with a message.
 // On OK the caller takes editor().database().
-class AutoDialDialog : public QDialog
+class AutoDialDialog : public HelpButtonDialog
 {
     Q_OBJECT
 public:

@@ -4,9 +4,9 @@
 #include "aledb/CcirIdentity.h"
 #include "aledb/CcirSelfAddressEditor.h"
 #include "common/Texts.h"
-#include "gui/CcirDirectoryDialog.h"
 #include "gui/CcirFileIo.h"
 #include "gui/CcirSelfAddressDialog.h"
+#include "gui/DirectoryListDialog.h"
 #include "gui/PanelGrids.h"
 #include "gui/PanelRules.h"
 
@@ -97,8 +97,11 @@ void CcirPanel::recordEdited(const ccir_dbase& record)
 void CcirPanel::editDirectory()
 {
     CcirDirectoryEditor editor(m_document.record);
-    CcirDirectoryDialog dialog(editor, window());
-    if (dialog.exec() == QDialog::Accepted)
+    DirectoryListDialog dialog(editor,
+                               {tr("CCIR Directory Configuration"), tr("Occupied Identities:"),
+                                tr("Identity (4 or 6 digits)"), kCcirDirectorySize, 6},
+                               window());
+    if (execDialog(dialog) == QDialog::Accepted)
         recordEdited(editor.record());
 }
 
@@ -106,7 +109,7 @@ void CcirPanel::editSelfAddress()
 {
     CcirSelfAddressEditor editor(m_document.record);
     CcirSelfAddressDialog dialog(editor, window());
-    if (dialog.exec() == QDialog::Accepted)
+    if (execDialog(dialog) == QDialog::Accepted)
         recordEdited(editor.record());
 }
 

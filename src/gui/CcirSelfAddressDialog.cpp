@@ -10,7 +10,7 @@
 namespace koral {
 
 CcirSelfAddressDialog::CcirSelfAddressDialog(CcirSelfAddressEditor& editor, QWidget* parent)
-    : QDialog(parent), m_editor(editor)
+    : HelpButtonDialog(parent), m_editor(editor)
 {
     setWindowTitle(tr("Self Address Configuration"));
     m_edit4 = new QLineEdit(QString::fromStdString(editor.text4()), this);
@@ -19,14 +19,13 @@ CcirSelfAddressDialog::CcirSelfAddressDialog(CcirSelfAddressEditor& editor, QWid
     m_edit6->setMaxLength(6);
     m_warning = new QLabel(this);
     m_warning->setStyleSheet(QStringLiteral("background-color: rgb(255, 255, 0);"));
-    m_buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     auto* form = new QFormLayout;
     form->addRow(tr("Self Address (4 digits)"), m_edit4);
     form->addRow(tr("Self Address (6 digits)"), m_edit6);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(form);
     layout->addWidget(m_warning);
-    layout->addWidget(m_buttons);
+    layout->addWidget(createButtons());
     connect(m_edit4, &QLineEdit::textEdited, this, [this](const QString& text) {
         m_editor.setText4(text.toStdString());
         showState();
@@ -35,8 +34,6 @@ CcirSelfAddressDialog::CcirSelfAddressDialog(CcirSelfAddressEditor& editor, QWid
         m_editor.setText6(text.toStdString());
         showState();
     });
-    connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     showState();
 }
 
@@ -44,7 +41,7 @@ void CcirSelfAddressDialog::showState()
 {
     m_warning->setText(QString::fromStdString(m_editor.warning()));
     m_warning->setVisible(!m_editor.warning().empty());
-    m_buttons->button(QDialogButtonBox::Ok)->setEnabled(m_editor.okEnabled());
+    buttons()->button(QDialogButtonBox::Ok)->setEnabled(m_editor.okEnabled());
 }
 
 } // namespace koral

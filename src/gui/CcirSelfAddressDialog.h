@@ -2,9 +2,8 @@
 
 #include "aledb/CcirSelfAddressEditor.h"
 
-#include <QDialog>
+#include "gui/HelpButtonDialog.h"
 
-class QDialogButtonBox;
 class QLabel;
 class QLineEdit;
 
@@ -12,7 +11,7 @@ namespace koral {
 
 // "Self Address Configuration": the station's own CCIR identity in its two forms. On OK the
 // caller takes editor().record().
-class CcirSelfAddressDialog : public QDialog
+class CcirSelfAddressDialog : public HelpButtonDialog
 {
     Q_OBJECT
 public:
@@ -21,7 +20,6 @@ public:
     QLineEdit* edit4() const { return m_edit4; }
     QLineEdit* edit6() const { return m_edit6; }
     QLabel* warning() const { return m_warning; }
-    QDialogButtonBox* buttons() const { return m_buttons; }
 
 private:
     void showState();
@@ -30,7 +28,6 @@ private:
     QLineEdit* m_edit4;
     QLineEdit* m_edit6;
     QLabel* m_warning;
-    QDialogButtonBox* m_buttons;
 };
 
 } // namespace koral

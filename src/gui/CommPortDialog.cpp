@@ -5,7 +5,6 @@
 
 #include <QButtonGroup>
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -16,7 +15,7 @@
 namespace koral {
 
 CommPortDialog::CommPortDialog(CommPortEditor& editor, QWidget* parent)
-    : QDialog(parent), m_editor(editor)
+    : HelpButtonDialog(parent), m_editor(editor)
 {
     setWindowTitle(tr("Communication Ports"));
 
@@ -51,13 +50,9 @@ CommPortDialog::CommPortDialog(CommPortEditor& editor, QWidget* parent)
     m_notice->hide();
     editor.setOnNoticeChanged([this](bool shown) { showNotice(shown); });
 
-    auto* buttons = new QDialogButtonBox(
-        QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Help, this);
+    QDialogButtonBox* buttons = createButtons();
     auto* checkButton = buttons->addButton(tr("C&heck"), QDialogButtonBox::ActionRole);
     connect(checkButton, &QPushButton::clicked, this, &CommPortDialog::check);
-    connect(buttons, &QDialogButtonBox::accepted, this, &CommPortDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    connect(buttons, &QDialogButtonBox::helpRequested, this, &CommPortDialog::helpRequested);
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(portBox);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDialog>
+#include "gui/HelpButtonDialog.h"
 
 class QButtonGroup;
 class QComboBox;
@@ -12,7 +12,7 @@ class CommPortEditor;
 
 // "Communication Ports": the port and the baud rate of the link, bound to the session's
 // rules. "Check" reconnects with the chosen settings and tests the link; "OK" keeps them.
-class CommPortDialog : public QDialog
+class CommPortDialog : public HelpButtonDialog
 {
     Q_OBJECT
 public:
@@ -23,9 +23,6 @@ public:
 
     QComboBox* portList() const { return m_ports; }
     QButtonGroup* baudButtons() const { return m_bauds; }
-
-signals:
-    void helpRequested();
 
 private:
     void showNotice(bool shown);

@@ -2,6 +2,8 @@
 
 #include "common/Notifier.h"
 #include "common/Texts.h"
+#include "gui/HelpButtonDialog.h"
+#include "gui/InformationDialogs.h"
 #include "gui/MessageBoxNotifier.h"
 
 #include <QDir>
@@ -213,6 +215,19 @@ bool DocumentPanel::exportToPdf(const QString& caption, const QString& text)
     }
     emit statusMessage(tr("Exported to %1").arg(QDir::toNativeSeparators(path)));
     return true;
+}
+
+void DocumentPanel::editFileInformation()
+{
+    FileInformationDialog dialog(fileInfo(), currentPath(), window());
+    if (dialog.exec() == QDialog::Accepted)
+        emit documentChanged();
+}
+
+int DocumentPanel::execDialog(HelpButtonDialog& dialog)
+{
+    connect(&dialog, &HelpButtonDialog::helpRequested, this, &DocumentPanel::helpRequested);
+    return dialog.exec();
 }
 
 } // namespace koral

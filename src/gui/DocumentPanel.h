@@ -11,7 +11,9 @@ class QMenu;
 
 namespace koral {
 
+class HelpButtonDialog;
 class Notifier;
+struct FileInfo;
 
 // What every document panel (radio database, ALE programme, CCIR database) does the same
 // way: Open with the question before unsaved changes are lost and the check that a file is
@@ -53,6 +55,9 @@ public:
     // cancelled or the save failed.
     bool maybeSave();
 
+    // The File Information dialog on the comment and user name the file carries.
+    void editFileInformation();
+
     // The Recent Files menu, kept up to date; owned by `parent`.
     QMenu* createRecentFilesMenu(QWidget* parent);
 
@@ -69,6 +74,8 @@ signals:
     // A short result for the status bar.
     void statusMessage(const QString& text);
     void recentFilesChanged();
+    // A dialog's Help button: the manual is wanted.
+    void helpRequested();
 
 protected:
     // Reads `path` into a document kept aside: empty on success, else the operator's
@@ -79,7 +86,12 @@ protected:
     // Writes the document to `path`, which becomes its file; empty or the operator's message.
     virtual std::string writeFile(const std::string& path) = 0;
 
+    // The document's file information (comment, user name, when it was written).
+    virtual FileInfo& fileInfo() = 0;
+
     Notifier& notifier() const { return m_notifier; }
+    // Runs one of the panel's dialogs, its Help button passed on as helpRequested.
+    int execDialog(HelpButtonDialog& dialog);
 
 private:
     bool saveTo(const QString& path);

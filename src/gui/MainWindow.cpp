@@ -1,10 +1,10 @@
 #include "gui/MainWindow.h"
 
 #include "common/Texts.h"
-#include "gui/NetworkControlPane.h"
+#include "gui/AlePanel.h"
 #include "gui/ComputerInterfaceMenus.h"
 #include "gui/ComputerInterfacePanel.h"
-#include "gui/AlePanel.h"
+#include "gui/NetworkControlPane.h"
 #include "gui/Notices.h"
 #include "gui/ProgressDialog.h"
 #include "gui/RadioController.h"
@@ -36,8 +36,8 @@ QString qs(std::string_view text)
 }
 
 // Panels this build has; the others come with their own pages.
-const std::vector<Panel> kBuiltPanels{Panel::ComputerInterface, Panel::Rss, Panel::RssAle,
-                                       Panel::Koral,             Panel::Ccir, Panel::Koral2E};
+const std::vector<Panel> kBuiltPanels{
+    Panel::ComputerInterface, Panel::Rss, Panel::RssAle, Panel::Koral, Panel::Ccir, Panel::Koral2E};
 
 } // namespace
 
@@ -176,8 +176,9 @@ void MainWindow::createActions()
         const QString label = info.panel == Panel::Rss      ? QStringLiteral("RSS")
                               : info.panel == Panel::RssAle ? QStringLiteral("ALE")
                               : info.panel == Panel::Ccir   ? QStringLiteral("CCIR")
-                              : info.panel == Panel::ComputerInterface ? QStringLiteral("CI")
-                                                            : QString::number(int(info.panel));
+                              : info.panel == Panel::ComputerInterface
+                                  ? QStringLiteral("CI")
+                                  : QString::number(int(info.panel));
         action->setIcon(ToolbarImages::commandIcon(label, QColor(0xFF, 0xC8, 0x64)));
         const Panel panel = info.panel;
         connect(action, &QAction::triggered, this, [this, panel] { showPanel(panel); });
@@ -189,6 +190,11 @@ void MainWindow::createActions()
             [this] { m_radio->communicationPortSetup(); });
     connect(m_commands["bite"], &QAction::triggered, this, [this] { m_radio->runBite(); });
     connect(m_commands["help"], &QAction::triggered, this, &MainWindow::openHelp);
+    // One command for the three documents: the file information of the panel shown.
+    connect(m_commands["fileInfo"], &QAction::triggered, this, [this] {
+        if (const auto document = m_documents.find(currentPanel()); document != m_documents.end())
+            document->second->editFileInformation();
+    });
     connect(m_commands["about"], &QAction::triggered, this, [this] {
         QMessageBox::about(
             this, tr("About"),
@@ -226,7 +232,6 @@ void MainWindow::createRssPanel()
     bind("exportPdf", [this] { m_rss->exportPdf(); });
     bind("printReport", [this] { m_rss->printReport(); });
     bind("exportReport", [this] { m_rss->exportReportPdf(); });
-    bind("fileInfo", [this] { m_rss->editFileInformation(); });
     bind("channelConfig", [this] { m_rss->editChannels(); });
     bind("groups", [this] { m_rss->editGroups(); });
     bind("radioOptions", [this] { m_rss->editRadioOptions(); });
@@ -264,6 +269,7 @@ void MainWindow::registerDocumentPanel(Panel panel, DocumentPanel* page)
     connect(page, &DocumentPanel::documentChanged, this, &MainWindow::updateTitle);
     connect(page, &DocumentPanel::statusMessage, this,
             [this](const QString& text) { statusBar()->showMessage(text, 4000); });
+    connect(page, &DocumentPanel::helpRequested, this, &MainWindow::openHelp);
 }
 
 bool MainWindow::maybeSaveDocuments()

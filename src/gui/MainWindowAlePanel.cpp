@@ -1,7 +1,9 @@
 // The RSS ALE panel's page, commands, menus and toolbar.
 
+#include "aledb/ConfigurationCheck.h"
 #include "gui/AlePanel.h"
 #include "gui/MainWindow.h"
+#include "gui/RadioController.h"
 #include "gui/RssPanel.h"
 
 #include <QAction>
@@ -55,6 +57,16 @@ void MainWindow::createAlePanel()
     bind("aleDirectory", [this] { m_ale->editDirectory(); });
     bind("aleMessages", [this] { m_ale->editMessages(); });
     bind("autoDials", [this] { m_ale->editAutoDials(); });
+    // The radio database's check covers the nets of the programme this panel shows, as the
+    // operator has it open; a radio in CCIR mode runs no ALE programme.
+    m_rss->setAleNetsSource([this] {
+        std::vector<AleNetChannels> nets;
+        if (m_ale->document().known.database && !(m_radio && m_radio->ccirMode())) {
+            const auto all = aleNetChannels(m_ale->document().programme.database);
+            nets.assign(all.begin(), all.end());
+        }
+        return nets;
+    });
 
     const auto c = [this](const char* name) { return m_commands[name]; };
     auto* file = new QMenu(tr("&File"), this);
@@ -63,6 +75,8 @@ void MainWindow::createAlePanel()
     file->addActions({c("saveAle"), c("saveAleAs")});
     file->addSeparator();
     file->addActions({c("printAle"), c("exportAlePdf"), c("printAleReport"), c("exportAleReport")});
+    file->addSeparator();
+    file->addAction(c("fileInfo"));
     file->addSeparator();
     file->addAction(c("exit"));
 

@@ -54,6 +54,8 @@ void MainWindow::createCcirPanel()
     file->addActions(
         {c("printCcir"), c("exportCcirPdf"), c("printCcirReport"), c("exportCcirReport")});
     file->addSeparator();
+    file->addAction(c("fileInfo"));
+    file->addSeparator();
     file->addAction(c("exit"));
 
     auto* configuration = new QMenu(tr("&Configuration"), this);

@@ -13,7 +13,7 @@
 namespace koral {
 
 MessageDialog::MessageDialog(MessageEditor& editor, QWidget* parent)
-    : QDialog(parent), m_editor(editor)
+    : HelpButtonDialog(parent), m_editor(editor)
 {
     setWindowTitle(tr("Message Configuration"));
     m_spin = new QSpinBox(this);
@@ -25,7 +25,6 @@ MessageDialog::MessageDialog(MessageEditor& editor, QWidget* parent)
     m_occupied = new QLabel(this);
     m_warning = new QLabel(tr("The message contains invalid characters"), this);
     m_warning->setStyleSheet(QStringLiteral("background-color: rgb(255, 255, 0);"));
-    m_buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
 
     auto* form = new QFormLayout;
     form->addRow(tr("Message No."), m_spin);
@@ -35,7 +34,7 @@ MessageDialog::MessageDialog(MessageEditor& editor, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(form);
     layout->addWidget(m_warning);
-    layout->addWidget(m_buttons);
+    layout->addWidget(createButtons());
 
     connect(m_spin, &QSpinBox::valueChanged, this, [this](int number) {
         m_editor.setCurrent(number);
@@ -46,8 +45,6 @@ MessageDialog::MessageDialog(MessageEditor& editor, QWidget* parent)
         m_editor.setText(text.toStdString());
         showState();
     });
-    connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     m_edit->setText(QString::fromStdString(editor.text()));
     showState();
 }
@@ -57,7 +54,7 @@ void MessageDialog::showState()
     m_occupied->setText(QString::number(m_editor.occupiedCount()));
     m_warning->setVisible(m_editor.warningVisible());
     m_spin->setEnabled(m_editor.spinEnabled());
-    m_buttons->button(QDialogButtonBox::Ok)->setEnabled(m_editor.okEnabled());
+    buttons()->button(QDialogButtonBox::Ok)->setEnabled(m_editor.okEnabled());
 }
 
 } // namespace koral

@@ -2,9 +2,8 @@
 
 #include "aledb/MessageEditor.h"
 
-#include <QDialog>
+#include "gui/HelpButtonDialog.h"
 
-class QDialogButtonBox;
 class QLabel;
 class QLineEdit;
 class QSpinBox;
@@ -13,7 +12,7 @@ namespace koral {
 
 // "Message Configuration": the ten messages, one at a time. On OK the caller takes
 // editor().database().
-class MessageDialog : public QDialog
+class MessageDialog : public HelpButtonDialog
 {
     Q_OBJECT
 public:
@@ -22,7 +21,6 @@ public:
     QSpinBox* numberSpin() const { return m_spin; }
     QLineEdit* textEdit() const { return m_edit; }
     QLabel* warning() const { return m_warning; }
-    QDialogButtonBox* buttons() const { return m_buttons; }
 
 private:
     void showState();
@@ -32,7 +30,6 @@ private:
     QLineEdit* m_edit;
     QLabel* m_occupied;
     QLabel* m_warning;
-    QDialogButtonBox* m_buttons;
 };
 
 } // namespace koral

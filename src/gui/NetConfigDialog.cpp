@@ -4,7 +4,6 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -45,7 +44,7 @@ void restore(QLineEdit* edit, const std::string& text)
 } // namespace
 
 NetConfigDialog::NetConfigDialog(NetConfigEditor& editor, QWidget* parent)
-    : QDialog(parent), m_editor(editor)
+    : HelpButtonDialog(parent), m_editor(editor)
 {
     setWindowTitle(tr("Net Configuration"));
     m_net = new QSpinBox(this);
@@ -125,10 +124,9 @@ NetConfigDialog::NetConfigDialog(NetConfigEditor& editor, QWidget* parent)
     auto* body = new QHBoxLayout;
     body->addWidget(netBox);
     body->addWidget(allBox);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(body);
-    layout->addWidget(buttons);
+    layout->addWidget(createButtons());
 
     connect(m_net, &QSpinBox::valueChanged, this, [this](int number) {
         m_editor.selectNet(number - 1);
@@ -167,8 +165,6 @@ NetConfigDialog::NetConfigDialog(NetConfigEditor& editor, QWidget* parent)
             [this](int position) { m_editor.setPttTimeout(position); });
     connect(lqaScore, &QSpinBox::valueChanged, this,
             [this](int score) { m_editor.setMinLqaScore(score); });
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
     {
         const QSignalBlocker blocker(m_net);

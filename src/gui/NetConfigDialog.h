@@ -2,7 +2,7 @@
 
 #include "aledb/NetConfigEditor.h"
 
-#include <QDialog>
+#include "gui/HelpButtonDialog.h"
 
 #include <map>
 
@@ -15,7 +15,7 @@ namespace koral {
 
 // The net configuration dialog: one net at a time and the options of all nets. On OK the
 // caller takes editor().programme().
-class NetConfigDialog : public QDialog
+class NetConfigDialog : public HelpButtonDialog
 {
     Q_OBJECT
 public:

@@ -13,7 +13,7 @@
 namespace koral {
 
 NetGlobalMembersDialog::NetGlobalMembersDialog(NetGlobalMembersEditor& editor, QWidget* parent)
-    : QDialog(parent), m_editor(editor)
+    : HelpButtonDialog(parent), m_editor(editor)
 {
     setWindowTitle(tr("Net Global Members"));
     m_name = new QLineEdit(QString::fromStdString(editor.groupName()), this);
@@ -47,9 +47,6 @@ NetGlobalMembersDialog::NetGlobalMembersDialog(NetGlobalMembersEditor& editor, Q
     }
     m_warning = new QLabel(this);
     m_warning->setStyleSheet(QStringLiteral("background-color: rgb(255, 255, 0);"));
-    m_buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(m_name, &QLineEdit::textEdited, this, [this](const QString& text) {
         m_editor.setGroupName(text.toStdString());
         showState();
@@ -61,7 +58,7 @@ NetGlobalMembersDialog::NetGlobalMembersDialog(NetGlobalMembersEditor& editor, Q
     layout->addLayout(form);
     layout->addLayout(grid);
     layout->addWidget(m_warning);
-    layout->addWidget(m_buttons);
+    layout->addWidget(createButtons());
     showState();
 }
 
@@ -73,7 +70,7 @@ void NetGlobalMembersDialog::showState()
     }
     m_warning->setText(QString::fromStdString(m_editor.warning()));
     m_warning->setVisible(!m_editor.warning().empty());
-    m_buttons->button(QDialogButtonBox::Ok)->setEnabled(m_editor.okEnabled());
+    buttons()->button(QDialogButtonBox::Ok)->setEnabled(m_editor.okEnabled());
 }
 
 } // namespace koral

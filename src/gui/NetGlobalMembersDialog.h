@@ -2,13 +2,12 @@
 
 #include "aledb/NetGlobalMembersEditor.h"
 
-#include <QDialog>
+#include "gui/HelpButtonDialog.h"
 
 #include <array>
 
 class QCheckBox;
 class QComboBox;
-class QDialogButtonBox;
 class QLabel;
 class QLineEdit;
 
@@ -16,7 +15,7 @@ namespace koral {
 
 // "Net Global Members": the net's global member group, its name and 20 stations with their
 // priority marks. On OK the caller takes editor().globals().
-class NetGlobalMembersDialog : public QDialog
+class NetGlobalMembersDialog : public HelpButtonDialog
 {
     Q_OBJECT
 public:
@@ -26,7 +25,6 @@ public:
     QComboBox* slotList(int slot) const { return m_slots[std::size_t(slot)]; }
     QCheckBox* priorityBox(int slot) const { return m_priorities[std::size_t(slot)]; }
     QLabel* warning() const { return m_warning; }
-    QDialogButtonBox* buttons() const { return m_buttons; }
 
 private:
     void showState();
@@ -36,7 +34,6 @@ private:
     std::array<QComboBox*, kAleGlobalMemberSlots> m_slots{};
     std::array<QCheckBox*, kAleGlobalMemberSlots> m_priorities{};
     QLabel* m_warning;
-    QDialogButtonBox* m_buttons;
 };
 
 } // namespace koral

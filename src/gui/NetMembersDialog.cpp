@@ -10,7 +10,7 @@
 namespace koral {
 
 NetMembersDialog::NetMembersDialog(NetMembersEditor& editor, QWidget* parent)
-    : QDialog(parent), m_editor(editor)
+    : HelpButtonDialog(parent), m_editor(editor)
 {
     setWindowTitle(tr("Net Members"));
     QStringList items;
@@ -34,14 +34,11 @@ NetMembersDialog::NetMembersDialog(NetMembersEditor& editor, QWidget* parent)
     }
     m_warning = new QLabel(this);
     m_warning->setStyleSheet(QStringLiteral("background-color: rgb(255, 255, 0);"));
-    m_buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(new QLabel(tr("Net No. %1").arg(editor.net() + 1), this));
     layout->addLayout(grid);
     layout->addWidget(m_warning);
-    layout->addWidget(m_buttons);
+    layout->addWidget(createButtons());
     showState();
 }
 
@@ -49,7 +46,7 @@ void NetMembersDialog::showState()
 {
     m_warning->setText(QString::fromStdString(m_editor.warning()));
     m_warning->setVisible(!m_editor.warning().empty());
-    m_buttons->button(QDialogButtonBox::Ok)->setEnabled(m_editor.okEnabled());
+    buttons()->button(QDialogButtonBox::Ok)->setEnabled(m_editor.okEnabled());
 }
 
 } // namespace koral

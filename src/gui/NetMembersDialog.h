@@ -2,19 +2,18 @@
 
 #include "aledb/NetMembersEditor.h"
 
-#include <QDialog>
+#include "gui/HelpButtonDialog.h"
 
 #include <array>
 
 class QComboBox;
-class QDialogButtonBox;
 class QLabel;
 
 namespace koral {
 
 // "Net Members": the 16 member slots of one net, each picked from the directory by name. On
 // OK the caller takes editor().database().
-class NetMembersDialog : public QDialog
+class NetMembersDialog : public HelpButtonDialog
 {
     Q_OBJECT
 public:
@@ -22,7 +21,6 @@ public:
 
     QComboBox* slotList(int slot) const { return m_slots[std::size_t(slot)]; }
     QLabel* warning() const { return m_warning; }
-    QDialogButtonBox* buttons() const { return m_buttons; }
 
 private:
     void showState();
@@ -30,7 +28,6 @@ private:
     NetMembersEditor& m_editor;
     std::array<QComboBox*, kAleMemberSlots> m_slots{};
     QLabel* m_warning;
-    QDialogButtonBox* m_buttons;
 };
 
 } // namespace koral

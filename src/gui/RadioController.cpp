@@ -1,6 +1,5 @@
 #include "gui/RadioController.h"
 
-#include "aledb/ConfigurationCheck.h"
 #include "aledb/ccir_dbase.h"
 #include "common/Texts.h"
 #include "gui/AlePanel.h"
@@ -204,13 +203,6 @@ void RadioController::takeRecordsIntoPanel()
     document.markClean();
     panel->replaceDocument(document);
     panel->setIsbOffered(m_session.dispatcher().isbMode() == 1);
-    // The check covers the channels the ALE nets read from the radio refer to.
-    std::vector<AleNetChannels> nets;
-    if (!ccirMode()) {
-        const auto all = aleNetChannels(records.ale);
-        nets.assign(all.begin(), all.end());
-    }
-    panel->setAleNets(std::move(nets));
     panel->refresh();
     takeAleAndCcirIntoPanels();
 }

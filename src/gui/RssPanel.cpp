@@ -373,7 +373,9 @@ void RssPanel::showSummary()
 QStringList RssPanel::checkLines() const
 {
     QStringList lines;
-    for (const std::string& line : checkRadioConfiguration(m_document.record, m_aleNets).lines)
+    const std::vector<AleNetChannels> nets =
+        m_aleNets ? m_aleNets() : std::vector<AleNetChannels>{};
+    for (const std::string& line : checkRadioConfiguration(m_document.record, nets).lines)
         lines << QString::fromStdString(line);
     return lines;
 }
@@ -386,13 +388,6 @@ void RssPanel::showCheck()
         selectChannel(channel);
     });
     dialog.exec();
-}
-
-void RssPanel::editFileInformation()
-{
-    FileInformationDialog dialog(m_document.info, qs(m_document.path), window());
-    if (dialog.exec() == QDialog::Accepted)
-        emit documentChanged();
 }
 
 } // namespace koral

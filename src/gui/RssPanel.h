@@ -4,6 +4,7 @@
 #include "gui/RssDocument.h"
 #include "radiodb/RssCheck.h"
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -29,8 +30,10 @@ public:
     void setRadio(RssRadio* radio);
     // The connected radio offers independent sideband (the channel dialog's "ISB" mode).
     void setIsbOffered(bool offered) { m_isbOffered = offered; }
-    // The ALE nets' channel references that the configuration check covers too.
-    void setAleNets(std::vector<AleNetChannels> nets) { m_aleNets = std::move(nets); }
+    // Where the configuration check finds the ALE nets' channel references it covers too:
+    // the ALE programme the window shows, asked at each check. None when not set.
+    using AleNetsSource = std::function<std::vector<AleNetChannels>()>;
+    void setAleNetsSource(AleNetsSource source) { m_aleNets = std::move(source); }
 
     RssDocument& document() { return m_document; }
     const RssDocument& document() const { return m_document; }
@@ -52,7 +55,6 @@ public:
     void showWideInformation();
     void showSummary();
     void showCheck();
-    void editFileInformation();
     // The configuration check's lines for the document.
     QStringList checkLines() const;
 
@@ -71,6 +73,7 @@ protected:
     std::string readFile(const std::string& path, bool& foreign) override;
     void adoptReadFile(const std::string& path) override;
     std::string writeFile(const std::string& path) override;
+    FileInfo& fileInfo() override { return m_document.info; }
 
 private:
     void createChannelActions();
@@ -91,7 +94,7 @@ private:
     QTableWidget* m_groups;
     RssRadio* m_radio = nullptr;
     bool m_isbOffered = false;
-    std::vector<AleNetChannels> m_aleNets;
+    AleNetsSource m_aleNets;
 };
 
 } // namespace koral

@@ -73,7 +73,7 @@ private slots:
         record.directory[0].set(401000);
         record.directory[2].set(1001);
         CcirDirectoryEditor editor(record);
-        editor.setIdentityText(typed.toStdString());
+        editor.setEditText(typed.toStdString());
         QCOMPARE(QString::fromStdString(editor.statusText()), status);
         QCOMPARE(editor.addEnabled(), add);
         QCOMPARE(editor.deleteEnabled(), remove);
@@ -83,6 +83,9 @@ private slots:
             QCOMPARE(QString::fromStdString(ccir::identityText(editor.record().directory[1].get())),
                      typed);
             QCOMPARE(editor.record().directory[2].get(), 1001u);
+            QCOMPARE(QString::fromStdString(editor.listLines().at(1)), "01  " + typed);
+            editor.selectEntry(2);
+            QVERIFY(editor.editText() == "1001" && editor.deleteEnabled());
         }
         if (remove) {
             QVERIFY(editor.remove());
@@ -97,7 +100,7 @@ private slots:
         for (int slot = 0; slot < kCcirDirectorySize; ++slot)
             record.directory[std::size_t(slot)].set(std::uint32_t(100000 + slot));
         CcirDirectoryEditor editor(record);
-        editor.setIdentityText("999999");
+        editor.setEditText("999999");
         QCOMPARE(editor.statusText(),
                  std::string("The Directory is full; cannot add new address."));
         QVERIFY(!editor.add());

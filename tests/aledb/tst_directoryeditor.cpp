@@ -72,10 +72,9 @@ private slots:
         QFETCH(bool, remove);
         RecordingNotifier notifier;
         DirectoryEditor editor(directoryProgramme(entries), notifier);
-        editor.setAddressText("STN1"); // a previous state must not leak into the next text
-        editor.setAddressText(typed.toStdString());
+        editor.setEditText("STN1"); // a previous state must not leak into the next text
+        editor.setEditText(typed.toStdString());
         QCOMPARE(QString::fromStdString(editor.statusText()), status);
-        QCOMPARE(editor.statusVisible(), !status.isEmpty());
         QCOMPARE(editor.addEnabled(), add);
         QCOMPARE(editor.deleteEnabled(), remove);
     }
@@ -85,11 +84,11 @@ private slots:
         RecordingNotifier notifier;
         DirectoryEditor editor(directoryProgramme(3), notifier);
         QVERIFY(!editor.add());
-        editor.setAddressText("NEW");
+        editor.setEditText("NEW");
         QVERIFY(editor.add());
         QCOMPARE(editor.occupiedCount(), 4);
         QCOMPARE(editor.entries().back(), std::string("NEW"));
-        QVERIFY(editor.addressText().empty());
+        QVERIFY(editor.editText().empty());
         QCOMPARE(std::string(fieldText(editor.programme().database.directory[3])),
                  std::string("NEW"));
     }
@@ -99,7 +98,7 @@ private slots:
         RecordingNotifier notifier;
         DirectoryEditor editor(directoryProgramme(3), notifier);
         editor.selectEntry(1);
-        QCOMPARE(editor.addressText(), std::string("STN1"));
+        QCOMPARE(editor.editText(), std::string("STN1"));
         QVERIFY(editor.deleteEnabled());
     }
 
@@ -108,7 +107,7 @@ private slots:
         RecordingNotifier notifier;
         notifier.queueAnswer(Answer::No);
         DirectoryEditor editor(directoryProgramme(5), notifier);
-        editor.setAddressText("STN3");
+        editor.setEditText("STN3");
         QVERIFY(!editor.remove());
         QCOMPARE(editor.occupiedCount(), 5);
         QCOMPARE(notifier.entries().size(), std::size_t(1));
@@ -143,7 +142,7 @@ private slots:
         net.tuneTime = 9;
         RecordingNotifier notifier;
         DirectoryEditor editor(p, notifier);
-        editor.setAddressText("STN3");
+        editor.setEditText("STN3");
         QVERIFY(editor.remove());
         const ale_net& after = editor.programme().database.nets[0];
         QCOMPARE(listOf(after.members, int(expected.size())), expected);
@@ -178,7 +177,7 @@ private slots:
         group.members[19] = 9;
         RecordingNotifier notifier;
         DirectoryEditor editor(p, notifier);
-        editor.setAddressText("STN3");
+        editor.setEditText("STN3");
         QVERIFY(editor.remove());
         const auto& after = editor.programme().globalMembers.nets[6];
         QCOMPARE(listOf(after.members, int(expected.size())), expected);
@@ -194,7 +193,7 @@ private slots:
         p.database.autoDials[1] = {3, 2};
         RecordingNotifier notifier;
         DirectoryEditor editor(p, notifier);
-        editor.setAddressText("STN3");
+        editor.setEditText("STN3");
         QVERIFY(editor.remove());
         QCOMPARE(editor.programme().database.autoDials[0].address, 4);
         QCOMPARE(editor.programme().database.autoDials[1].address, kSlotEmpty);
@@ -212,7 +211,7 @@ private slots:
         RecordingNotifier notifier;
         DirectoryEditor editor(p, notifier);
         QCOMPARE(editor.entries(), (std::vector<std::string>{"A", "F", "J"}));
-        editor.setAddressText("NEW");
+        editor.setEditText("NEW");
         QVERIFY(editor.add());
         const ale_dbase& db = editor.programme().database;
         QCOMPARE(std::string(fieldText(db.directory[db.nets[0].members[0]])), std::string("J"));

@@ -2,22 +2,18 @@
 // (byte-for-byte round trip, damaged and unwritable files, the unsaved-changes question) and
 // the configuration check of both databases.
 
-#include "GuiTestSupport.h"
+#include "PanelWindow.h"
 
 #include "aledb/AleText.h"
 #include "common/Texts.h"
 #include "gui/AleDocument.h"
-#include "gui/AlePanel.h"
 #include "gui/AutoDialDialog.h"
 #include "gui/DirectoryDialog.h"
 #include "gui/InformationDialogs.h"
-#include "gui/MainWindow.h"
-#include "gui/MessageBoxNotifier.h"
 #include "gui/MessageDialog.h"
 #include "gui/NetConfigDialog.h"
 #include "gui/NetGlobalMembersDialog.h"
 #include "gui/NetMembersDialog.h"
-#include "gui/RssPanel.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -27,22 +23,14 @@
 #include <QListWidget>
 #include <QMenuBar>
 #include <QPushButton>
-#include <QSettings>
 #include <QSpinBox>
 #include <QTableWidget>
-#include <QTemporaryDir>
 #include <QToolBar>
 
 using namespace koral;
 using namespace koral::test;
 
 namespace {
-
-QByteArray bytesOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 QString qs(std::string_view text)
 {
@@ -55,45 +43,17 @@ class AlePanelTest : public QObject
 {
     Q_OBJECT
 private:
-    std::unique_ptr<MainWindow> m_window;
-    QTemporaryDir m_dir;
+    PanelWindow m_window;
 
     AlePanel* panel() { return m_window->alePanel(); }
     QString example() { return QStringLiteral(KORAL_EXAMPLES_DIR "/radio.ale"); }
-    QString path(const char* name) { return m_dir.filePath(QString::fromUtf8(name)); }
-    bool open(const QString& file)
-    {
-        FileDialogs::queueFileName(file);
-        return panel()->openFile();
-    }
-    bool saveAs(const QString& file)
-    {
-        FileDialogs::queueFileName(file);
-        return panel()->saveFileAs();
-    }
+    QString path(const char* name) { return m_window.path(name); }
+    bool open(const QString& file) { return openFile(panel(), file); }
+    bool saveAs(const QString& file) { return saveFileAs(panel(), file); }
 
 private slots:
-    void initTestCase()
-    {
-        QSettings::setDefaultFormat(QSettings::IniFormat);
-        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_dir.path());
-    }
-    void init()
-    {
-        MessageBoxNotifier::setAutomatic(true);
-        MessageBoxNotifier::clearShownTexts();
-        MainWindowOptions options;
-        options.connectAtStart = false;
-        m_window = std::make_unique<MainWindow>(options);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
-        m_window->showPanel(Panel::RssAle);
-    }
-    void cleanup()
-    {
-        panel()->document().markClean();
-        m_window.reset();
-    }
+    void init() { QVERIFY(m_window.open(Panel::RssAle)); }
+    void cleanup() { m_window.close(); }
 
     void openShowsTheProgrammeWithItsMenusAndTitle()
     {
@@ -285,14 +245,14 @@ private slots:
         const QString membersBefore = panel()->netsGrid()->item(0, 2)->text();
         QVERIFY(membersBefore.contains(QStringLiteral("NCBASE2, ")));
         onNextDialog<DirectoryDialog>([](DirectoryDialog* dialog) {
-            QTest::keyClicks(dialog->addressEdit(), "NEWSTN");
+            QTest::keyClicks(dialog->edit(), "NEWSTN");
             QVERIFY(dialog->addButton()->isEnabled());
             dialog->addButton()->click();
             dialog->list()->setCurrentRow(1); // NCBASE2
             QVERIFY(dialog->deleteButton()->isEnabled());
             MessageBoxNotifier::queueAnswer(Answer::Yes);
             dialog->deleteButton()->click();
-            QTest::keyClicks(dialog->addressEdit(), "abc");
+            QTest::keyClicks(dialog->edit(), "abc");
             QVERIFY(dialog->statusLine()->text().contains(QStringLiteral("invalid")));
             screenshot(dialog, "ale-directory");
             dialog->accept();
@@ -350,6 +310,13 @@ private slots:
             screenshot(dialog, "ale-check");
         });
         m_window->command("aleCheck")->trigger();
+        // The RSS panel's check covers the nets of the programme open here, with no radio read.
+        const auto netLines = [this] {
+            return m_window->rssPanel()->checkLines().filter(QStringLiteral("in net no."));
+        };
+        QVERIFY(!netLines().isEmpty());
+        panel()->replaceDocument(AleDocument{});
+        QVERIFY(netLines().isEmpty());
     }
 };
 

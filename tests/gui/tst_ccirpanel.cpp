@@ -1,77 +1,37 @@
 // The CCIR panel without a radio: its grids with the CCIR channel numbers of the radio
 // database, and the file commands on .ccr files (byte-for-byte round trip, damaged files).
 
-#include "GuiTestSupport.h"
+#include "PanelWindow.h"
 
-#include "gui/CcirDirectoryDialog.h"
-#include "gui/CcirPanel.h"
 #include "gui/CcirSelfAddressDialog.h"
-#include "gui/MainWindow.h"
-#include "gui/MessageBoxNotifier.h"
-#include "gui/RssPanel.h"
+#include "gui/DirectoryListDialog.h"
+#include "gui/InformationDialogs.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QPushButton>
-#include <QSettings>
 #include <QTableWidget>
-#include <QTemporaryDir>
 
 using namespace koral;
 using namespace koral::test;
-
-namespace {
-
-QByteArray bytesOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-} // namespace
 
 class CcirPanelTest : public QObject
 {
     Q_OBJECT
 private:
-    std::unique_ptr<MainWindow> m_window;
-    QTemporaryDir m_dir;
+    PanelWindow m_window;
 
     CcirPanel* panel() { return m_window->ccirPanel(); }
-    QString path(const char* name) { return m_dir.filePath(QString::fromUtf8(name)); }
-    bool open(const QString& file)
-    {
-        FileDialogs::queueFileName(file);
-        return panel()->openFile();
-    }
-    bool saveAs(const QString& file)
-    {
-        FileDialogs::queueFileName(file);
-        return panel()->saveFileAs();
-    }
+    QString path(const char* name) { return m_window.path(name); }
+    bool open(const QString& file) { return openFile(panel(), file); }
+    bool saveAs(const QString& file) { return saveFileAs(panel(), file); }
 
 private slots:
-    void initTestCase()
-    {
-        QSettings::setDefaultFormat(QSettings::IniFormat);
-        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_dir.path());
-        MessageBoxNotifier::setAutomatic(true);
-        MainWindowOptions options;
-        options.connectAtStart = false;
-        m_window = std::make_unique<MainWindow>(options);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
-        m_window->showPanel(Panel::Ccir);
-    }
-    void cleanupTestCase()
-    {
-        panel()->document().markClean();
-        m_window->rssPanel()->document().markClean();
-        m_window.reset();
-    }
+    void initTestCase() { QVERIFY(m_window.open(Panel::Ccir)); }
+    void cleanupTestCase() { m_window.close(); }
 
     void openShowsTheDatabaseAndTheChannelNumbers()
     {
@@ -115,14 +75,20 @@ private slots:
             QVERIFY(!dialog->buttons()->button(QDialogButtonBox::Ok)->isEnabled());
             QTest::keyClicks(dialog->edit4(), "34");
             QVERIFY(dialog->buttons()->button(QDialogButtonBox::Ok)->isEnabled());
+            // Help asks the window for the manual, which the test build does not have.
+            MessageBoxNotifier::clearShownTexts();
+            dialog->buttons()->button(QDialogButtonBox::Help)->click();
+            QCOMPARE(MessageBoxNotifier::shownTexts(),
+                     QStringList{QStringLiteral("The file %1 was not found.")
+                                     .arg(QDir::toNativeSeparators(MainWindow::helpFile()))});
             screenshot(dialog, "ccir-self-address");
             dialog->accept();
         });
         panel()->editSelfAddress();
         QCOMPARE(panel()->identitiesGrid()->item(0, 0)->text(), QStringLiteral("1234"));
 
-        onNextDialog<CcirDirectoryDialog>([](CcirDirectoryDialog* dialog) {
-            QTest::keyClicks(dialog->identityEdit(), "402200");
+        onNextDialog<DirectoryListDialog>([](DirectoryListDialog* dialog) {
+            QTest::keyClicks(dialog->edit(), "402200");
             dialog->addButton()->click();
             dialog->list()->setCurrentRow(0); // slot 0, 401000
             dialog->deleteButton()->click();
@@ -134,6 +100,20 @@ private slots:
         QCOMPARE(panel()->directoryGrid()->item(11, 0)->text(), QStringLiteral("402200"));
         QVERIFY(panel()->isModified());
         panel()->document().markClean();
+    }
+
+    void fileInformationTravelsWithTheFile()
+    {
+        QVERIFY(open(QStringLiteral(KORAL_EXAMPLES_DIR "/radio.ccr")));
+        onNextDialog<FileInformationDialog>([](FileInformationDialog* dialog) {
+            dialog->commentEdit()->setPlainText("harbour net");
+            dialog->accept();
+        });
+        m_window->command("fileInfo")->trigger();
+        QVERIFY(panel()->isModified());
+        QVERIFY(saveAs(path("noted.ccr")));
+        QVERIFY(open(path("noted.ccr")));
+        QCOMPARE(panel()->document().info.comment, std::string("harbour net"));
     }
 
     void damagedFileOpensWithItsDefaults()

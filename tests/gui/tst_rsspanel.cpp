@@ -1,13 +1,10 @@
-#include "GuiTestSupport.h"
+#include "PanelWindow.h"
 
 #include "common/Texts.h"
 #include "gui/ChannelConfigDialog.h"
 #include "gui/GroupsDialog.h"
 #include "gui/InformationDialogs.h"
-#include "gui/MainWindow.h"
-#include "gui/MessageBoxNotifier.h"
 #include "gui/RadioOptionsDialog.h"
-#include "gui/RssPanel.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -19,12 +16,10 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QSettings>
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QTableView>
 #include <QTableWidget>
-#include <QTemporaryDir>
 #include <QToolBar>
 
 using namespace koral;
@@ -35,37 +30,14 @@ class RssPanelTest : public QObject
 {
     Q_OBJECT
 private:
-    std::unique_ptr<MainWindow> m_window;
-    QTemporaryDir m_dir;
+    PanelWindow m_window;
 
     RssPanel* panel() { return m_window->rssPanel(); }
     QString example() { return QStringLiteral(KORAL_EXAMPLES_DIR "/radio.rss"); }
 
 private slots:
-    void initTestCase()
-    {
-        // Recent files and the last folder are user settings: keep them in the test's folder.
-        QSettings::setDefaultFormat(QSettings::IniFormat);
-        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_dir.path());
-    }
-    void init()
-    {
-        MessageBoxNotifier::setAutomatic(true);
-        MessageBoxNotifier::clearShownTexts();
-        MainWindowOptions options;
-        options.connectAtStart = false;
-        m_window = std::make_unique<MainWindow>(options);
-        // The application opens on the Computer Interface panel; these tests work in the RSS one.
-        m_window->showPanel(Panel::Rss);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
-    }
-    void cleanup()
-    {
-        // Nothing may be left to ask about.
-        panel()->document().markClean();
-        m_window.reset();
-    }
+    void init() { QVERIFY(m_window.open(Panel::Rss)); }
+    void cleanup() { m_window.close(); }
 
     void rssPanelHasItsToolbarAndMenus()
     {
@@ -108,7 +80,7 @@ private slots:
 
     void openingAMissingFileSaysSoAndKeepsTheDocument()
     {
-        const QString missing = m_dir.filePath("nothing.rss");
+        const QString missing = m_window.path("nothing.rss");
         FileDialogs::queueFileName(missing);
         QVERIFY(!panel()->openFile());
         QCOMPARE(MessageBoxNotifier::shownTexts(),
@@ -160,7 +132,7 @@ private slots:
         QCOMPARE(panel()->channelView()->model()->index(4, 1).data().toString(),
                  QStringLiteral("12.34567"));
 
-        const QString path = m_dir.filePath("edited.rss");
+        const QString path = m_window.path("edited.rss");
         FileDialogs::queueFileName(path);
         QVERIFY(panel()->saveFile());
         QCOMPARE(shownTitle(m_window.get()), QStringLiteral("RSS Panel - ") + path);
@@ -281,7 +253,7 @@ private slots:
         QVERIFY(printed.startsWith(QStringLiteral("[Ccir Channel Number]")));
         QVERIFY(printed.contains(QStringLiteral("\r\n[ZOV]\r\nZOV_Version=2.01\r\n")));
         QVERIFY(printed.contains(QStringLiteral("Serial_Number=KR2E004417")));
-        const QString pdf = m_dir.filePath("printout.pdf");
+        const QString pdf = m_window.path("printout.pdf");
         FileDialogs::queueFileName(pdf);
         QVERIFY(panel()->exportPdf());
         QFile file(pdf);
@@ -292,7 +264,7 @@ private slots:
 
     void saveGoesToTheCurrentFileAndSaveAsAsks()
     {
-        const QString path = m_dir.filePath("plan.rss");
+        const QString path = m_window.path("plan.rss");
         QVERIFY(QFile::copy(example(), path));
         QVERIFY(panel()->openPath(path));
         panel()->document().record.channelNo(9).rxFrequency.set(4'000'000);
@@ -300,11 +272,11 @@ private slots:
         QVERIFY(!panel()->document().isModified());
         QVERIFY(QFile(path).size() > 0);
         // Save As starts where the file is and offers its name.
-        FileDialogs::queueFileName(m_dir.filePath("copy.rss"));
+        FileDialogs::queueFileName(m_window.path("copy.rss"));
         m_window->command("saveRssAs")->trigger();
-        QCOMPARE(FileDialogs::lastStart(), m_dir.filePath("plan.rss"));
+        QCOMPARE(FileDialogs::lastStart(), m_window.path("plan.rss"));
         QCOMPARE(shownTitle(m_window.get()),
-                 QStringLiteral("RSS Panel - ") + m_dir.filePath("copy.rss"));
+                 QStringLiteral("RSS Panel - ") + m_window.path("copy.rss"));
         // The recent files, newest first, reopen with one click.
         QMenu* recent = nullptr;
         for (QMenu* menu : m_window->panelMenus(Panel::Rss).first()->findChildren<QMenu*>())
@@ -370,7 +342,7 @@ private slots:
         QVERIFY(html.contains(QStringLiteral("KR2E004417")));
         QVERIFY(html.contains(QStringLiteral("Scan Rate")));
         QVERIFY(!html.contains(QStringLiteral("65535")));
-        const QString pdf = m_dir.filePath("report.pdf");
+        const QString pdf = m_window.path("report.pdf");
         FileDialogs::queueFileName(pdf);
         QVERIFY(panel()->exportReportPdf());
         QVERIFY(QFileInfo(pdf).size() > 2000);
@@ -402,7 +374,7 @@ private slots:
     void aFileOfAnotherKindOpensOnlyWhenTheUserInsists()
     {
         QVERIFY(panel()->openPath(example()));
-        const QString notes = m_dir.filePath("notes.rss");
+        const QString notes = m_window.path("notes.rss");
         QFile file(notes);
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write("[Shopping]\r\nMilk=2\r\n");
