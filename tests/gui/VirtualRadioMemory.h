@@ -4,6 +4,7 @@
 // through the window and compare the radio's memory with the window's document.
 
 #include "aledb/ale_dbase.h"
+#include "aledb/ccir_dbase.h"
 #include "koralapi/RadioRecords.h"
 #include "radiodb/RadioSanitiser.h"
 #include "radiodb/dbase.h"
@@ -45,13 +46,7 @@ public:
     // The radio database the radio holds, in host order.
     dbase radioRecord() const
     {
-        radiosim::RadioDatabases databases;
-        onRadio([&](radiosim::VirtualRadio& radio) { databases = radio.databases(); });
-        convertByteOrder(TransferTarget::Radio, databases.radio);
-        dbase record;
-        std::memcpy(reinterpret_cast<unsigned char*>(&record), databases.radio.data(),
-                    sizeof record);
-        return record;
+        return recordOf<dbase>(TransferTarget::Radio, &radiosim::RadioDatabases::radio);
     }
 
     // The first part of the radio's database that differs from `window` (as a write sends it:
@@ -61,9 +56,6 @@ public:
         dbase expected = window;
         sanitise(expected);
         const dbase radio = radioRecord();
-        const auto differs = [](const auto& a, const auto& b) {
-            return std::memcmp(&a, &b, sizeof a) != 0;
-        };
         for (int c = 1; c <= kChannelCount; ++c)
             if (differs(radio.channelNo(c), expected.channelNo(c)))
                 return QStringLiteral("channel %1").arg(c);
@@ -78,12 +70,7 @@ public:
     // The ALE programme the radio holds, in the program's order.
     ale_dbase aleRecord() const
     {
-        radiosim::RadioDatabases databases;
-        onRadio([&](radiosim::VirtualRadio& radio) { databases = radio.databases(); });
-        convertByteOrder(TransferTarget::Ale, databases.ale);
-        ale_dbase record;
-        std::memcpy(reinterpret_cast<unsigned char*>(&record), databases.ale.data(), sizeof record);
-        return record;
+        return recordOf<ale_dbase>(TransferTarget::Ale, &radiosim::RadioDatabases::ale);
     }
 
     // The first part of the radio's ALE programme that differs from `window`, or an empty
@@ -91,9 +78,6 @@ public:
     QString differenceFrom(const ale_dbase& window) const
     {
         const ale_dbase radio = aleRecord();
-        const auto differs = [](const auto& a, const auto& b) {
-            return std::memcmp(&a, &b, sizeof a) != 0;
-        };
         for (int n = 0; n < kAleNetCount; ++n)
             if (differs(radio.nets[std::size_t(n)], window.nets[std::size_t(n)]))
                 return QStringLiteral("net %1").arg(n + 1);
@@ -106,7 +90,43 @@ public:
         return differs(radio, window) ? QStringLiteral("options or reserved bytes") : QString();
     }
 
+    // The CCIR database the radio holds (its numbers are kept in the radio's order).
+    ccir_dbase ccirRecord() const
+    {
+        return recordOf<ccir_dbase>(TransferTarget::Ccir, &radiosim::RadioDatabases::ccir);
+    }
+
+    // The first part of the radio's CCIR database that differs from `window`, or an empty text
+    // when the radio holds exactly what the window shows.
+    QString differenceFrom(const ccir_dbase& window) const
+    {
+        const ccir_dbase radio = ccirRecord();
+        if (differs(radio.selfId4, window.selfId4) || differs(radio.selfId6, window.selfId6))
+            return QStringLiteral("self address");
+        if (differs(radio.directory, window.directory))
+            return QStringLiteral("directory");
+        if (differs(radio.message1, window.message1) || differs(radio.message2, window.message2))
+            return QStringLiteral("messages");
+        return differs(radio, window) ? QStringLiteral("settings") : QString();
+    }
+
 private:
+    static bool differs(const auto& a, const auto& b) { return std::memcmp(&a, &b, sizeof a) != 0; }
+
+    // The radio's copy of one record, in the program's order.
+    template <typename Record, typename Bytes>
+    Record recordOf(TransferTarget target, Bytes radiosim::RadioDatabases::*bytes) const
+    {
+        radiosim::RadioDatabases databases;
+        onRadio([&](radiosim::VirtualRadio& radio) { databases = radio.databases(); });
+        convertByteOrder(target, databases.*bytes);
+        Record record;
+        static_assert(sizeof record == sizeof(databases.*bytes));
+        std::memcpy(reinterpret_cast<unsigned char*>(&record), (databases.*bytes).data(),
+                    sizeof record);
+        return record;
+    }
+
     std::atomic<radiosim::VirtualRadio*> m_radio{nullptr};
 };
 

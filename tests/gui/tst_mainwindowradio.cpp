@@ -10,6 +10,8 @@
 #include "common/Texts.h"
 #include "gui/AlePanel.h"
 #include "gui/BiteDialog.h"
+#include "gui/CcirPanel.h"
+#include "gui/CcirSelfAddressDialog.h"
 #include "gui/ChannelConfigDialog.h"
 #include "gui/CommPortDialog.h"
 #include "gui/GroupsDialog.h"
@@ -393,6 +395,36 @@ private slots:
         const QByteArray content = saved.readAll();
         QVERIFY(content.contains("[BITE]"));
         QVERIFY(content.contains("Test=Low RF Test"));
+    }
+
+    void writeDeviceInCcirModeSendsTheCcirPanelsDatabase()
+    {
+        // The radio is switched to selective calling, as its operator does on the head.
+        const auto setMode = [this](bool ccir) {
+            m_memory.onRadio(
+                [ccir](radiosim::VirtualRadio& radio) { radio.execute(radiosim::SetMode{ccir}); });
+        };
+        setMode(true);
+        run("readDevice");
+        QVERIFY(radio()->ccirMode());
+        QVERIFY(m_window->findChild<QAction*>("panel4")->isVisible());
+        CcirPanel* ccir = m_window->ccirPanel();
+        QVERIFY(ccir->document().known);
+        QCOMPARE(m_memory.differenceFrom(ccir->document().record), QString());
+        onNextDialog<CcirSelfAddressDialog>([](CcirSelfAddressDialog* dialog) {
+            dialog->edit6()->clear();
+            QTest::keyClicks(dialog->edit6(), "402999");
+            dialog->accept();
+        });
+        ccir->editSelfAddress();
+        QVERIFY(ccir->isModified());
+        run("writeDevice");
+        QCOMPARE(m_memory.differenceFrom(ccir->document().record), QString());
+        QCOMPARE(m_memory.ccirRecord().selfId6.get(), 402999u);
+        QVERIFY(!ccir->isModified());
+        setMode(false);
+        run("readDevice");
+        QVERIFY(!radio()->ccirMode());
     }
 
     // Last: the radio keeps all 200 channels programmed.
