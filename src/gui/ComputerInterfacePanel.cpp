@@ -1,8 +1,12 @@
 #include "gui/ComputerInterfacePanel.h"
 
 #include "common/Texts.h"
+#include "gui/CallListDialog.h"
+#include "gui/DspSliderDialog.h"
+#include "gui/IncomingCallDialog.h"
 #include "session/ControlCenterSession.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QEvent>
@@ -62,6 +66,12 @@ ComputerInterfacePanel::ComputerInterfacePanel(QWidget* parent) : QWidget(parent
     m_tabs->addTab(createAlePage(), qs(text::kTabAle).trimmed());
     layout->addWidget(m_tabs, 1);
     m_tabs->setEnabled(false);
+    m_clarifierAction = new QAction(qs(text::kViewClarifier), this);
+    m_notchAction = new QAction(qs(text::kViewNotchFilter), this);
+    for (QAction* action : {m_clarifierAction, m_notchAction}) {
+        action->setCheckable(true);
+        action->setEnabled(false);
+    }
 }
 
 QWidget* ComputerInterfacePanel::createStatusBox()
@@ -106,8 +116,13 @@ QWidget* ComputerInterfacePanel::createAlePage()
     m_aleChannel->setObjectName("aleChannel");
     m_aleChannel->setFixedWidth(110);
     m_frequency = new QLabel(page);
+    m_frequency->setMinimumWidth(110);
+    m_channelValue = new QLabel(page);
+    m_channelValue->setObjectName("channelValue");
     channelRow->addWidget(m_aleChannel);
-    channelRow->addWidget(m_frequency, 1);
+    channelRow->addWidget(m_frequency);
+    channelRow->addWidget(new QLabel(qs(text::kChannelValueLabel), page));
+    channelRow->addWidget(m_channelValue, 1);
     form->addRow(qs(text::kChannelColon), channelRow);
     m_to = new QComboBox(page);
     m_to->setObjectName("to");
@@ -120,7 +135,10 @@ QWidget* ComputerInterfacePanel::createAlePage()
     m_message->setEditable(true);
     m_message->setMinimumWidth(320);
     m_message->lineEdit()->setMaxLength(int(AleCallController::kMessageBytes) - 1);
+    m_dial = new QPushButton(qs(text::kDial), page);
+    m_dial->setObjectName("dial");
     messageRow->addWidget(m_clearMessage);
+    messageRow->addWidget(m_dial);
     messageRow->addWidget(m_message, 1);
     form->addRow(messageRow);
     layout->addLayout(form, 1);
@@ -129,10 +147,17 @@ QWidget* ComputerInterfacePanel::createAlePage()
     m_send = new QPushButton(qs(text::kSend), page);
     m_replace = new QPushButton(qs(text::kReplace), page);
     m_abort = new QPushButton(qs(text::kAbort), page);
+    m_stack = new QPushButton(qs(text::kStackButton), page);
+    m_log = new QPushButton(qs(text::kLogButton), page);
     m_send->setObjectName("send");
     m_abort->setObjectName("abort");
+    m_stack->setObjectName("stack");
+    m_log->setObjectName("log");
     for (QPushButton* button : {m_send, m_replace, m_abort})
         buttons->addWidget(button);
+    buttons->addSpacing(12);
+    buttons->addWidget(m_stack);
+    buttons->addWidget(m_log);
     buttons->addStretch(1);
     layout->addLayout(buttons);
     return page;
@@ -258,7 +283,91 @@ void ComputerInterfacePanel::bind(ControlCenterSession& session)
     connect(m_stopScan, &QPushButton::clicked, &c, &ChannelController::toggleScan);
     connect(m_scanList, &QComboBox::activated, &c, [&c](int row) { c.selectScanRow(row); });
     bindAle(session.aleCalls());
+    bindDsp();
+    connect(&session.dispatcher(), &MessageDispatcher::incomingCall, this,
+            &ComputerInterfacePanel::showIncomingCall);
+    connect(&session.dispatcher(), &MessageDispatcher::incomingCallClosed, this, [this] {
+        if (m_incoming)
+            m_incoming->reject();
+    });
     refresh();
+}
+
+void ComputerInterfacePanel::showIncomingCall(const IncomingCall& call)
+{
+    if (!m_incoming) {
+        m_incoming = new IncomingCallDialog(this);
+        m_incoming->setAttribute(Qt::WA_DeleteOnClose);
+        // However it closes, the call ends once and goes to the log and the stack.
+        connect(m_incoming, &QDialog::finished, m_session,
+                [session = m_session] { session->dispatcher().closeIncomingCall(); });
+    }
+    m_incoming->showCall(call);
+    m_incoming->show();
+    m_incoming->raise();
+    refresh();
+}
+
+void ComputerInterfacePanel::openStackList()
+{
+    if (!m_ale->stackAllowed())
+        return;
+    auto* dialog = new CallListDialog(CallListDialog::Kind::Stack, m_session->calls().stack(),
+                                      m_session->notifier(), this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &CallListDialog::helpRequested, this, &ComputerInterfacePanel::helpRequested);
+    connect(dialog, &CallListDialog::replyRequested, this, [this](const CallRecord& record) {
+        // The reply goes out from the ALE tab, which shows whom it calls and on which channel.
+        m_tabs->setCurrentIndex(1);
+        m_ale->reply(record);
+    });
+    m_callList = dialog;
+    dialog->open();
+}
+
+void ComputerInterfacePanel::openCallLog()
+{
+    auto* dialog = new CallListDialog(CallListDialog::Kind::Log, m_session->calls().log(),
+                                      m_session->notifier(), this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &CallListDialog::helpRequested, this, &ComputerInterfacePanel::helpRequested);
+    m_callList = dialog;
+    dialog->open();
+}
+
+IncomingCallDialog* ComputerInterfacePanel::incomingCallDialog() const
+{
+    return m_incoming;
+}
+
+CallListDialog* ComputerInterfacePanel::callListDialog() const
+{
+    return m_callList;
+}
+
+QList<QAction*> ComputerInterfacePanel::dspActions() const
+{
+    return {m_clarifierAction, m_notchAction};
+}
+
+void ComputerInterfacePanel::bindDsp()
+{
+    const std::pair<DspSlider*, QAction*> sliders[] = {{&m_session->clarifier(), m_clarifierAction},
+                                                       {&m_session->notch(), m_notchAction}};
+    for (const auto& [slider, action] : sliders) {
+        DspSlider* model = slider;
+        auto* dialog = new DspSliderDialog(*model, this);
+        (model->kind() == DspSlider::Kind::Clarifier ? m_clarifier : m_notch) = dialog;
+        // On shows the slider and lets it work; off puts it back to "off" without telling the
+        // radio and hides it.
+        connect(action, &QAction::toggled, model, [model](bool on) {
+            model->setEnabled(on);
+            model->setShown(on);
+        });
+        // Closing the window is the same as switching it off.
+        connect(dialog, &QDialog::rejected, action, [a = action] { a->setChecked(false); });
+        action->setEnabled(true);
+    }
 }
 
 void ComputerInterfacePanel::bindAle(AleCallController& ale)
@@ -277,6 +386,12 @@ void ComputerInterfacePanel::bindAle(AleCallController& ale)
     connect(m_send, &QPushButton::clicked, &ale, &AleCallController::send);
     connect(m_replace, &QPushButton::clicked, &ale, &AleCallController::replace);
     connect(m_abort, &QPushButton::clicked, &ale, &AleCallController::abort);
+    connect(m_dial, &QPushButton::clicked, this, [this] {
+        m_ale->dial();
+        m_message->setEditText(QString::fromStdString(m_ale->message()));
+    });
+    connect(m_stack, &QPushButton::clicked, this, &ComputerInterfacePanel::openStackList);
+    connect(m_log, &QPushButton::clicked, this, &ComputerInterfacePanel::openCallLog);
     refreshAle();
 }
 
@@ -297,6 +412,7 @@ void ComputerInterfacePanel::refreshAle()
     }
     m_aleChannel->setEnabled(ale.channelEnabled() && ale.sendEnabled());
     m_frequency->setText(QString::fromStdString(ale.frequencyText()));
+    m_channelValue->setText(QString::fromStdString(ale.channelValueText()));
     {
         const QSignalBlocker blocker(m_to);
         m_to->clear();

@@ -3,10 +3,12 @@
 #include "session/AleCallController.h"
 #include "session/ChannelController.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <map>
 
+class QAction;
 class QComboBox;
 class QGroupBox;
 class QLabel;
@@ -17,7 +19,11 @@ class QTabWidget;
 
 namespace koral {
 
+class CallListDialog;
 class ControlCenterSession;
+class DspSliderDialog;
+class IncomingCallDialog;
+struct IncomingCall;
 
 // Panel 0, where the operator works the radio: the channel controls (or, while the radio
 // scans, the scan list) under the "Channel" tab, and the radio's state always in view. The
@@ -51,9 +57,25 @@ public:
     QPushButton* abortButton() const { return m_abort; }
     QLabel* callStatusLabel() const { return m_callStatus; }
     QGroupBox* scanListPane() const { return m_scanPane; }
+    QPushButton* stackButton() const { return m_stack; }
+    QPushButton* logButton() const { return m_log; }
+    QPushButton* dialButton() const { return m_dial; }
+    QLabel* channelValueLabel() const { return m_channelValue; }
+    // The dialogs while they are open (null otherwise).
+    IncomingCallDialog* incomingCallDialog() const;
+    CallListDialog* callListDialog() const;
+    DspSliderDialog* clarifierDialog() const { return m_clarifier; }
+    DspSliderDialog* notchDialog() const { return m_notch; }
+    // "View Clarifier On/Off" and "View Notch Filter On/Off", for the View menu.
+    QList<QAction*> dspActions() const;
+
+    // Opens the stack list (replies go out from the ALE tab) or the call log.
+    void openStackList();
+    void openCallLog();
 
 signals:
     void stateSummaryChanged(const QString& summary);
+    void helpRequested();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -65,6 +87,8 @@ private:
     void bindAle(AleCallController& ale);
     void refresh();
     void refreshAle();
+    void showIncomingCall(const IncomingCall& call);
+    void bindDsp();
 
     ControlCenterSession* m_session = nullptr;
     ChannelController* m_controller = nullptr;
@@ -100,6 +124,16 @@ private:
     QPushButton* m_send = nullptr;
     QPushButton* m_replace = nullptr;
     QPushButton* m_abort = nullptr;
+    QPushButton* m_stack = nullptr;
+    QPushButton* m_log = nullptr;
+    QPushButton* m_dial = nullptr;
+    QLabel* m_channelValue = nullptr;
+    QPointer<IncomingCallDialog> m_incoming;
+    QPointer<CallListDialog> m_callList;
+    DspSliderDialog* m_clarifier = nullptr;
+    DspSliderDialog* m_notch = nullptr;
+    QAction* m_clarifierAction = nullptr;
+    QAction* m_notchAction = nullptr;
 };
 
 } // namespace koral

@@ -136,6 +136,45 @@ std::string AleCallController::frequencyText() const
     return text + std::string(text::kMhzSuffix);
 }
 
+std::string AleCallController::channelValueText() const
+{
+    if (m_channelRow <= 0)
+        return " ";
+    return std::to_string(
+        m_calls.channelValue(std::atoi(m_channelChoices[std::size_t(m_channelRow)].c_str())));
+}
+
+bool AleCallController::stackAllowed()
+{
+    return databaseRead();
+}
+
+int AleCallController::reply(const CallRecord& record)
+{
+    if (!databaseRead())
+        return 0;
+    if (!sendEnabled()) {
+        m_notifier.show(text::byId(text::id::CommandInProgress));
+        return 0;
+    }
+    bool outgoing = false;
+    for (const ale_net& net : m_records.ale.nets)
+        outgoing = outgoing || (!record.from.empty() && fieldText(net.selfAddress) == record.from);
+    const std::string& party = outgoing ? record.to : record.from;
+    const std::string address = party.substr(0, kAleAddressSize - 1);
+    // Stations: every row before "All Call" and the net's name.
+    const auto stations = m_addresses.end() - 2;
+    auto found = std::find(m_addresses.begin(), stations, address);
+    if (found == stations)
+        found = m_addresses.insert(stations, address);
+    m_stationRow = int(found - m_addresses.begin());
+    const auto channel =
+        std::find(m_channelChoices.begin() + 1, m_channelChoices.end(), record.channel);
+    m_channelRow = channel == m_channelChoices.end() ? 0 : int(channel - m_channelChoices.begin());
+    setCallType(CallType::Station);
+    return send();
+}
+
 bool AleCallController::sendEnabled() const
 {
     return !m_callInProgress && !m_view.linked && !m_addresses.empty();

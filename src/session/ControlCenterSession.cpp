@@ -14,8 +14,15 @@ ControlCenterSession::ControlCenterSession(Notifier& notifier, std::filesystem::
       m_memory(m_link, notifier), m_bite(m_link, notifier),
       m_activeChannel(m_link, *m_records, m_view),
       m_channels(m_link, m_view, m_flags, *m_records, m_transfer, notifier),
-      m_aleCalls(m_link, m_view, *m_records, m_calls, m_dispatcher, m_channels, notifier)
+      m_aleCalls(m_link, m_view, *m_records, m_calls, m_dispatcher, m_channels, notifier),
+      m_clarifier(DspSlider::Kind::Clarifier, m_link), m_notch(DspSlider::Kind::Notch, m_link)
 {
+    // The notch slider shows the radio's DSP level in its own steps.
+    m_commands.setDspLineSize(m_notch.step());
+    connect(&m_commands, &ViewCommands::slidersChanged, this, [this] {
+        m_clarifier.follow(m_commands.clarifierPosition());
+        m_notch.follow(m_commands.dspSliderPosition());
+    });
     connect(&m_dispatcher, &MessageDispatcher::channelReport, &m_channels,
             [this](const CRadioMessage& message, int) { m_channels.onChannelReport(message); });
     connect(&m_transfer, &DatabaseTransfer::channelListChanged, &m_channels,
