@@ -25,8 +25,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSlider>
-#include <QTableWidget>
 #include <QTabWidget>
+#include <QTableWidget>
 #include <QTemporaryDir>
 
 using namespace koral;

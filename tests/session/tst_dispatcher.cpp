@@ -21,6 +21,26 @@ CRadioMessage report(int opcode, std::initializer_list<std::uint8_t> payload)
     return message;
 }
 
+// A call report (opcode 79) from `address` on channel 7 with link quality 22.
+CRadioMessage callReport(const std::string& address, const std::string& message)
+{
+    CRadioMessage call;
+    call.prepareReport();
+    call.setOpcodeAndLength(79, 20 + (message.empty() ? 0 : 91));
+    call[7] = 7;
+    call[8] = 22;
+    call[9] = message.empty() ? 0 : 1;
+    std::copy(address.begin(), address.end(), call.bytes.begin() + 10);
+    std::copy(message.begin(), message.end(), call.bytes.begin() + 26);
+    return call;
+}
+
+void copyText(AleAddress& field, const std::string& text)
+{
+    field = {};
+    std::copy(text.begin(), text.end(), field.begin());
+}
+
 } // namespace
 
 class DispatcherTest : public QObject
@@ -74,6 +94,118 @@ private slots:
         // link shows the linked layout.
         QCOMPARE(session.dispatcher().callControls().idle, !linkedAfter);
         QCOMPARE(session.view().linked, linkedAfter);
+        QCOMPARE(texts(fixture.notifier), QStringList());
+    }
+
+    // Steps: a = a call from STN1, b = a call from STN2, c = the operator closes the dialog,
+    // r = the radio ends the call (channel busy).
+    void incomingCallsAreRecordedOnce_data()
+    {
+        QTest::addColumn<QString>("steps");
+        QTest::addColumn<QStringList>("stacked");
+        QTest::newRow("announced and closed") << "ac" << QStringList{"STN1"};
+        QTest::newRow("announced only") << "a" << QStringList{};
+        QTest::newRow("the same report dispatched twice") << "aac" << QStringList{"STN1"};
+        QTest::newRow("a second call keeps the first") << "abc" << QStringList{"STN1", "STN2"};
+        QTest::newRow("ended by the radio, then closed") << "arc" << QStringList{"STN1"};
+        QTest::newRow("closed twice") << "acc" << QStringList{"STN1"};
+    }
+    void incomingCallsAreRecordedOnce()
+    {
+        QFETCH(QString, steps);
+        QFETCH(QStringList, stacked);
+        SessionFixture fixture;
+        auto& session = *fixture.session;
+        QSignalSpy announced(&session.dispatcher(), &MessageDispatcher::incomingCall);
+        for (QChar step : steps) {
+            if (step == 'a')
+                session.dispatcher().dispatchMessage(callReport("STN1", "HELLO"));
+            else if (step == 'b')
+                session.dispatcher().dispatchMessage(callReport("STN2", ""));
+            else if (step == 'r')
+                session.dispatcher().dispatchMessage(report(85, {2}));
+            else
+                session.dispatcher().closeIncomingCall();
+        }
+        QStringList froms;
+        for (const CallRecord& record : session.calls().stack())
+            froms << QString::fromStdString(record.from);
+        QCOMPARE(froms, stacked);
+        QCOMPARE(int(session.calls().log().size()), int(stacked.size()));
+        QCOMPARE(announced.size(), int(steps.count('a') > 0) + int(steps.count('b')));
+        if (!stacked.isEmpty()) {
+            const CallRecord& first = session.calls().log().front();
+            QCOMPARE(first.channel, std::string("7"));
+            QCOMPARE(first.message, std::string("HELLO"));
+            QCOMPARE(first.callType, std::string("Station"));
+            QVERIFY(!first.end.empty());
+        }
+        QCOMPARE(session.calls().channelValue(7), 22);
+    }
+
+    // Reply from the stack: whom it calls and on which channel.
+    void replyCallsTheOtherParty_data()
+    {
+        QTest::addColumn<QString>("from");
+        QTest::addColumn<QString>("to");
+        QTest::addColumn<QString>("channel");
+        QTest::addColumn<QString>("called");
+        QTest::addColumn<QString>("calledOn");
+        QTest::newRow("an incoming call calls its caller back") << "STN1"
+                                                                << ""
+                                                                << "12"
+                                                                << "STN1"
+                                                                << "12";
+        QTest::newRow("an outgoing call calls its station again") << "BASE01"
+                                                                  << "STN2"
+                                                                  << "12"
+                                                                  << "STN2"
+                                                                  << "12";
+        QTest::newRow("a caller not in the directory") << "FAR9"
+                                                       << ""
+                                                       << "12"
+                                                       << "FAR9"
+                                                       << "12";
+        QTest::newRow("an automatic channel stays automatic") << "STN1"
+                                                              << ""
+                                                              << "255"
+                                                              << "STN1"
+                                                              << "Auto";
+        QTest::newRow("a channel the radio cannot use goes automatic") << "STN1"
+                                                                       << ""
+                                                                       << "13"
+                                                                       << "STN1"
+                                                                       << "Auto";
+    }
+    void replyCallsTheOtherParty()
+    {
+        QFETCH(QString, from);
+        QFETCH(QString, to);
+        QFETCH(QString, channel);
+        QFETCH(QString, called);
+        QFETCH(QString, calledOn);
+        SessionFixture fixture;
+        auto& session = *fixture.session;
+        session.link().setReportNoResponse(false);
+        session.view().databaseRead = true;
+        SessionRecords& records = session.records();
+        copyText(records.ale.directory[0], "STN1");
+        copyText(records.ale.directory[1], "STN2");
+        copyText(records.ale.nets[0].selfAddress, "BASE01");
+        records.radio.channelNo(12).rxFrequency.set(7'000'000);
+        session.aleCalls().refresh();
+        CallRecord record;
+        record.from = from.toStdString();
+        record.to = to.toStdString();
+        record.channel = channel.toStdString();
+        session.aleCalls().reply(record);
+        const AleCallController& ale = session.aleCalls();
+        QCOMPARE(QString::fromStdString(ale.addresses()[std::size_t(ale.addressRow())]), called);
+        QCOMPARE(QString::fromStdString(ale.channelChoices()[std::size_t(ale.channelRow())]),
+                 calledOn);
+        QCOMPARE(ale.callType(), AleCallController::CallType::Station);
+        QCOMPARE(QString::fromStdString(session.calls().currentCall().to), called);
+        QCOMPARE(session.view().lastOpcode, 69);
         QCOMPARE(texts(fixture.notifier), QStringList());
     }
 
