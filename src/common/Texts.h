@@ -172,6 +172,13 @@ inline constexpr std::string_view kClarifierScale[5] = {"-200", "-100", "0", "10
 inline constexpr std::string_view kNotchScale[5] = {"300", "900", "1500", "2100", "2700"};
 inline constexpr std::string_view kViewClarifier = "View Clarifier On/Off";
 inline constexpr std::string_view kViewNotchFilter = "View Notch Filter On/Off";
+// Update Link Quality tab
+inline constexpr std::string_view kTabLinkQuality = "Update Link Quality";
+inline constexpr std::string_view kTypeLabel = "Type:";
+inline constexpr std::string_view kBiDirectional = "BiDirectional";
+inline constexpr std::string_view kSounding = "Sounding";
+inline constexpr std::string_view kScanButtonDisabled = "Scan Button is disable!";
+inline constexpr std::string_view kSoundingNeedsScan = "Sounding needs the radio scanning an ALE net: start the scan first.";
 // the radio's state, always in view (our own wording)
 inline constexpr std::string_view kStateChannel = "Channel: %d";
 inline constexpr std::string_view kStateNoChannel = "Channel: -";

@@ -20,6 +20,7 @@
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QTabWidget>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace koral {
@@ -64,6 +65,7 @@ ComputerInterfacePanel::ComputerInterfacePanel(QWidget* parent) : QWidget(parent
     m_tabs = new QTabWidget(this);
     m_tabs->addTab(createChannelPage(), qs(text::kTabChannel).trimmed());
     m_tabs->addTab(createAlePage(), qs(text::kTabAle).trimmed());
+    m_tabs->addTab(createLinkQualityPage(), qs(text::kTabLinkQuality));
     layout->addWidget(m_tabs, 1);
     m_tabs->setEnabled(false);
     m_clarifierAction = new QAction(qs(text::kViewClarifier), this);
@@ -161,6 +163,144 @@ QWidget* ComputerInterfacePanel::createAlePage()
     buttons->addStretch(1);
     layout->addLayout(buttons);
     return page;
+}
+
+QWidget* ComputerInterfacePanel::createLinkQualityPage()
+{
+    using Type = LinkQualityController::Type;
+    auto* page = new QWidget(this);
+    auto* layout = new QHBoxLayout(page);
+    auto* form = new QFormLayout;
+    auto* types = new QHBoxLayout;
+    const std::pair<Type, std::string_view> typeSpecs[] = {
+        {Type::BiDirectional, text::kBiDirectional}, {Type::Sounding, text::kSounding}};
+    for (const auto& [type, label] : typeSpecs) {
+        auto* button = new QRadioButton(qs(label), page);
+        button->setObjectName(QStringLiteral("linkQualityType%1").arg(int(type)));
+        m_lqTypes[type] = button;
+        types->addWidget(button);
+    }
+    types->addStretch(1);
+    form->addRow(qs(text::kTypeLabel), types);
+    m_lqNet = new QLabel(page);
+    form->addRow(qs(text::kNetLabel), m_lqNet);
+    auto* channelRow = new QHBoxLayout;
+    m_lqChannel = new QComboBox(page);
+    m_lqChannel->setFixedWidth(110);
+    m_lqFrequency = new QLabel(page);
+    m_lqFrequency->setMinimumWidth(110);
+    m_lqValue = new QLabel(page);
+    channelRow->addWidget(m_lqChannel);
+    channelRow->addWidget(m_lqFrequency);
+    channelRow->addWidget(new QLabel(qs(text::kChannelValueLabel), page));
+    channelRow->addWidget(m_lqValue, 1);
+    form->addRow(qs(text::kChannelColon), channelRow);
+    m_lqTo = new QComboBox(page);
+    m_lqTo->setMinimumWidth(200);
+    form->addRow(qs(text::kToLabel), m_lqTo);
+    auto* messageRow = new QHBoxLayout;
+    m_lqClear = new QPushButton(qs(text::kClearMessage), page);
+    m_lqMessage = new QComboBox(page);
+    m_lqMessage->setEditable(true);
+    m_lqMessage->setMinimumWidth(320);
+    m_lqMessage->lineEdit()->setMaxLength(int(AleCallController::kMessageBytes) - 1);
+    messageRow->addWidget(m_lqClear);
+    messageRow->addWidget(m_lqMessage, 1);
+    form->addRow(messageRow);
+    layout->addLayout(form, 1);
+
+    auto* buttons = new QVBoxLayout;
+    m_lqSend = new QPushButton(qs(text::kSend), page);
+    m_lqAbort = new QPushButton(qs(text::kAbort), page);
+    buttons->addWidget(m_lqSend);
+    buttons->addWidget(m_lqAbort);
+    buttons->addSpacing(12);
+    m_biIndicator = new QPushButton(qs(text::kBiDirectional), page);
+    m_soundIndicator = new QPushButton(qs(text::kSounding), page);
+    for (QPushButton* indicator : {m_biIndicator, m_soundIndicator}) {
+        indicator->setCheckable(true);
+        indicator->setFocusPolicy(Qt::NoFocus);
+        indicator->setAttribute(Qt::WA_TransparentForMouseEvents);
+        buttons->addWidget(indicator);
+    }
+    buttons->addStretch(1);
+    layout->addLayout(buttons);
+    m_blink = new QTimer(this);
+    m_blink->setInterval(500);
+    connect(m_blink, &QTimer::timeout, this, &ComputerInterfacePanel::blink);
+    return page;
+}
+
+void ComputerInterfacePanel::bindLinkQuality(LinkQualityController& lq)
+{
+    using Type = LinkQualityController::Type;
+    m_lq = &lq;
+    connect(&lq, &LinkQualityController::changed, this,
+            &ComputerInterfacePanel::refreshLinkQuality);
+    connect(m_ale, &AleCallController::changed, this, &ComputerInterfacePanel::refreshLinkQuality);
+    for (const auto& [type, button] : m_lqTypes) {
+        const Type which = type;
+        connect(button, &QRadioButton::clicked, &lq, [&lq, which] { lq.setType(which); });
+    }
+    connect(m_lqTo, &QComboBox::activated, &lq, [&lq](int row) { lq.selectAddress(row); });
+    connect(m_lqChannel, &QComboBox::activated, &lq, [&lq](int row) { lq.selectChannel(row); });
+    connect(m_lqMessage, &QComboBox::editTextChanged, &lq,
+            [&lq](const QString& text) { lq.setMessage(text.toStdString()); });
+    connect(m_lqClear, &QPushButton::clicked, m_lqMessage, &QComboBox::clearEditText);
+    connect(m_lqSend, &QPushButton::clicked, &lq, &LinkQualityController::send);
+    connect(m_lqAbort, &QPushButton::clicked, &lq, &LinkQualityController::abort);
+    refreshLinkQuality();
+}
+
+void ComputerInterfacePanel::refreshLinkQuality()
+{
+    if (!m_lq || !m_ale)
+        return;
+    const LinkQualityController& lq = *m_lq;
+    for (const auto& [type, button] : m_lqTypes)
+        button->setChecked(type == lq.type());
+    m_lqNet->setText(QString::fromStdString(m_ale->netName()));
+    {
+        const QSignalBlocker blocker(m_lqChannel);
+        m_lqChannel->clear();
+        for (const std::string& choice : m_ale->channelChoices())
+            m_lqChannel->addItem(QString::fromStdString(choice));
+        m_lqChannel->setCurrentIndex(lq.channelRow());
+    }
+    m_lqChannel->setEnabled(lq.channelEnabled() && lq.sendEnabled());
+    m_lqFrequency->setText(QString::fromStdString(lq.frequencyText()));
+    m_lqValue->setText(QString::fromStdString(lq.channelValueText()));
+    {
+        const QSignalBlocker blocker(m_lqTo);
+        m_lqTo->clear();
+        for (const std::string& address : m_ale->addresses())
+            m_lqTo->addItem(QString::fromStdString(address));
+        m_lqTo->setCurrentIndex(lq.addressRow());
+    }
+    m_lqSend->setEnabled(lq.sendEnabled());
+    m_lqAbort->setEnabled(lq.abortEnabled());
+    const bool active = lq.bidirectionalActive() || lq.soundingActive();
+    if (active && !m_blink->isActive())
+        m_blink->start();
+    else if (!active)
+        m_blink->stop();
+    blink();
+}
+
+void ComputerInterfacePanel::blink()
+{
+    // An indicator that runs blinks in its colour; an idle one stays plain.
+    m_blinkPhase = !m_blinkPhase;
+    const std::pair<QPushButton*, bool> indicators[] = {
+        {m_biIndicator, m_lq && m_lq->bidirectionalActive()},
+        {m_soundIndicator, m_lq && m_lq->soundingActive()}};
+    for (const auto& [indicator, on] : indicators) {
+        indicator->setChecked(on);
+        const QString colour =
+            indicator == m_biIndicator ? QStringLiteral("#40c040") : QStringLiteral("#f0a030");
+        indicator->setStyleSheet(
+            on && m_blinkPhase ? QStringLiteral("background-color: %1;").arg(colour) : QString());
+    }
 }
 
 QWidget* ComputerInterfacePanel::createChannelPage()
@@ -283,6 +423,7 @@ void ComputerInterfacePanel::bind(ControlCenterSession& session)
     connect(m_stopScan, &QPushButton::clicked, &c, &ChannelController::toggleScan);
     connect(m_scanList, &QComboBox::activated, &c, [&c](int row) { c.selectScanRow(row); });
     bindAle(session.aleCalls());
+    bindLinkQuality(session.linkQuality());
     bindDsp();
     connect(&session.dispatcher(), &MessageDispatcher::incomingCall, this,
             &ComputerInterfacePanel::showIncomingCall);
@@ -486,6 +627,7 @@ void ComputerInterfacePanel::refresh()
 
     // With the radio's ALE off there is nothing to call with: only the Channel tab remains.
     m_tabs->setTabVisible(1, c.scanMode() == ChannelController::ScanMode::Ale);
+    m_tabs->setTabVisible(2, c.scanMode() == ChannelController::ScanMode::Ale);
     m_scanPane->setTitle(qs(c.scanListTitle()));
     {
         const QSignalBlocker blocker(m_scanList);

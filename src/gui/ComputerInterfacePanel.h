@@ -2,6 +2,7 @@
 
 #include "session/AleCallController.h"
 #include "session/ChannelController.h"
+#include "session/LinkQualityController.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -16,6 +17,7 @@ class QLineEdit;
 class QPushButton;
 class QRadioButton;
 class QTabWidget;
+class QTimer;
 
 namespace koral {
 
@@ -66,6 +68,17 @@ public:
     CallListDialog* callListDialog() const;
     DspSliderDialog* clarifierDialog() const { return m_clarifier; }
     DspSliderDialog* notchDialog() const { return m_notch; }
+    // The "Update Link Quality" tab.
+    QRadioButton* linkQualityTypeButton(LinkQualityController::Type type) const
+    {
+        return m_lqTypes.at(type);
+    }
+    QComboBox* linkQualityToBox() const { return m_lqTo; }
+    QPushButton* linkQualitySendButton() const { return m_lqSend; }
+    QPushButton* linkQualityAbortButton() const { return m_lqAbort; }
+    // The two activity indicators: they blink while their exchange runs.
+    QPushButton* bidirectionalIndicator() const { return m_biIndicator; }
+    QPushButton* soundingIndicator() const { return m_soundIndicator; }
     // "View Clarifier On/Off" and "View Notch Filter On/Off", for the View menu.
     QList<QAction*> dspActions() const;
 
@@ -88,6 +101,10 @@ private:
     void refresh();
     void refreshAle();
     void showIncomingCall(const IncomingCall& call);
+    QWidget* createLinkQualityPage();
+    void bindLinkQuality(LinkQualityController& lq);
+    void refreshLinkQuality();
+    void blink();
     void bindDsp();
 
     ControlCenterSession* m_session = nullptr;
@@ -134,6 +151,21 @@ private:
     DspSliderDialog* m_notch = nullptr;
     QAction* m_clarifierAction = nullptr;
     QAction* m_notchAction = nullptr;
+    LinkQualityController* m_lq = nullptr;
+    std::map<LinkQualityController::Type, QRadioButton*> m_lqTypes;
+    QLabel* m_lqNet = nullptr;
+    QComboBox* m_lqChannel = nullptr;
+    QLabel* m_lqFrequency = nullptr;
+    QLabel* m_lqValue = nullptr;
+    QComboBox* m_lqTo = nullptr;
+    QPushButton* m_lqClear = nullptr;
+    QComboBox* m_lqMessage = nullptr;
+    QPushButton* m_lqSend = nullptr;
+    QPushButton* m_lqAbort = nullptr;
+    QPushButton* m_biIndicator = nullptr;
+    QPushButton* m_soundIndicator = nullptr;
+    QTimer* m_blink = nullptr;
+    bool m_blinkPhase = false;
 };
 
 } // namespace koral

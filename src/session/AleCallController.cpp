@@ -125,23 +125,38 @@ void AleCallController::selectChannel(int row)
     emit changed();
 }
 
-std::string AleCallController::frequencyText() const
+int AleCallController::channelOfRow(int row) const
 {
-    if (m_channelRow <= 0)
+    if (row <= 0 || row >= int(m_channelChoices.size()))
+        return 0;
+    return std::atoi(m_channelChoices[std::size_t(row)].c_str());
+}
+
+std::string AleCallController::frequencyOfRow(int row) const
+{
+    const int number = channelOfRow(row);
+    if (number == 0)
         return {};
-    const int number = std::atoi(m_channelChoices[std::size_t(m_channelRow)].c_str());
     char text[32];
     std::snprintf(text, sizeof text, "%.5f",
                   double(mhzOfHertz(m_records.radio.channelNo(number).rxFrequency.get())));
     return text + std::string(text::kMhzSuffix);
 }
 
+std::string AleCallController::channelValueOfRow(int row) const
+{
+    const int number = channelOfRow(row);
+    return number == 0 ? std::string(" ") : std::to_string(m_calls.channelValue(number));
+}
+
+std::string AleCallController::frequencyText() const
+{
+    return frequencyOfRow(m_channelRow);
+}
+
 std::string AleCallController::channelValueText() const
 {
-    if (m_channelRow <= 0)
-        return " ";
-    return std::to_string(
-        m_calls.channelValue(std::atoi(m_channelChoices[std::size_t(m_channelRow)].c_str())));
+    return channelValueOfRow(m_channelRow);
 }
 
 bool AleCallController::stackAllowed()

@@ -82,9 +82,17 @@ public:
 signals:
     void changed();
 
+public:
+    // The name of the net the calls go through.
+    std::string netName() const;
+    // The channel of a row of channelChoices(): 0 for "Auto".
+    int channelOfRow(int row) const;
+    // The rows' frequency ("%.5f MHz") and per-channel value, as the tab shows them.
+    std::string frequencyOfRow(int row) const;
+    std::string channelValueOfRow(int row) const;
+
 private:
     bool databaseRead();
-    std::string netName() const;
 
     RadioLink& m_link;
     ViewState& m_view;

@@ -15,6 +15,7 @@ ControlCenterSession::ControlCenterSession(Notifier& notifier, std::filesystem::
       m_activeChannel(m_link, *m_records, m_view),
       m_channels(m_link, m_view, m_flags, *m_records, m_transfer, notifier),
       m_aleCalls(m_link, m_view, *m_records, m_calls, m_dispatcher, m_channels, notifier),
+      m_linkQuality(m_link, m_view, m_calls, m_dispatcher, m_channels, m_aleCalls, notifier),
       m_clarifier(DspSlider::Kind::Clarifier, m_link), m_notch(DspSlider::Kind::Notch, m_link)
 {
     // The notch slider shows the radio's DSP level in its own steps.
@@ -29,6 +30,8 @@ ControlCenterSession::ControlCenterSession(Notifier& notifier, std::filesystem::
             &ChannelController::takeRadioState);
     connect(&m_transfer, &DatabaseTransfer::channelListChanged, &m_aleCalls,
             &AleCallController::refresh);
+    connect(&m_transfer, &DatabaseTransfer::channelListChanged, &m_linkQuality,
+            &LinkQualityController::refresh);
     connect(&m_commands, &ViewCommands::radioCommandsEnabledChanged, &m_channels,
             &ChannelController::setEnabled);
     connect(&m_dispatcher, &MessageDispatcher::selfTestReport, &m_bite, &BiteRunner::onReport);

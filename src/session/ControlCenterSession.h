@@ -8,6 +8,7 @@
 #include "session/CommPortEditor.h"
 #include "session/DatabaseTransfer.h"
 #include "session/DspSlider.h"
+#include "session/LinkQualityController.h"
 #include "session/MemoryProgramming.h"
 #include "session/MessageDispatcher.h"
 #include "session/RadioLink.h"
@@ -69,6 +70,7 @@ public:
     ActiveChannel& activeChannel() { return m_activeChannel; }
     ChannelController& channels() { return m_channels; }
     AleCallController& aleCalls() { return m_aleCalls; }
+    LinkQualityController& linkQuality() { return m_linkQuality; }
     DspSlider& clarifier() { return m_clarifier; }
     DspSlider& notch() { return m_notch; }
 
@@ -94,6 +96,7 @@ private:
     ActiveChannel m_activeChannel;
     ChannelController m_channels;
     AleCallController m_aleCalls;
+    LinkQualityController m_linkQuality;
     DspSlider m_clarifier;
     DspSlider m_notch;
     std::optional<CommPortEditor> m_commPortEditor;

@@ -2,7 +2,8 @@
 // radio's active channel, changes channel, programs a channel (what reaches the radio is
 // compared with the panel), jumps to the priority channel, scans an ALE net and a group, and
 // comes back after a radio that stopped answering; announces, stacks and answers a call from
-// another station; sends the clarifier and notch filter settings.
+// another station; runs and aborts a link-quality exchange and a sounding; sends the clarifier
+// and notch filter settings.
 
 #include "GuiTestSupport.h"
 #include "RadioWindow.h"
@@ -24,6 +25,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QSlider>
 #include <QTabWidget>
 #include <QTableWidget>
@@ -266,6 +268,45 @@ private slots:
         QTest::mouseClick(panel()->abortButton(), Qt::LeftButton);
         QTRY_VERIFY(radioState().call == radiosim::CallPhase::Idle);
         QCOMPARE(MessageBoxNotifier::shownTexts().size(), 1);
+        panel()->tabs()->setCurrentIndex(0);
+    }
+
+    void linkQualityExchangeAndSoundingStartAndAbort()
+    {
+        using Type = LinkQualityController::Type;
+        if (!radioState().aleOn)
+            m_memory.onRadio(
+                [](radiosim::VirtualRadio& radio) { radio.play(radiosim::FrontPanelKey{7}); });
+        // Sounding goes out on the channels of the net the radio scans.
+        QTest::mouseClick(panel()->startScanButton(), Qt::LeftButton);
+        QTRY_VERIFY(radioState().aleScanning);
+        QVERIFY(panel()->tabs()->isTabVisible(2));
+        panel()->tabs()->setCurrentIndex(2);
+
+        QTest::mouseClick(panel()->linkQualityTypeButton(Type::BiDirectional), Qt::LeftButton);
+        choose(panel()->linkQualityToBox(), 0);
+        QTest::mouseClick(panel()->linkQualitySendButton(), Qt::LeftButton);
+        QTRY_VERIFY(radioState().call == radiosim::CallPhase::LinkQuality);
+        QVERIFY(panel()->bidirectionalIndicator()->isChecked());
+        QVERIFY(!panel()->linkQualitySendButton()->isEnabled());
+        screenshot(panel(), "computer-interface-link-quality");
+        QTest::mouseClick(panel()->linkQualityAbortButton(), Qt::LeftButton);
+        QTRY_VERIFY(radioState().call == radiosim::CallPhase::Idle);
+        QVERIFY(!panel()->bidirectionalIndicator()->isChecked());
+        QVERIFY(panel()->linkQualitySendButton()->isEnabled());
+
+        QTest::mouseClick(panel()->linkQualityTypeButton(Type::Sounding), Qt::LeftButton);
+        QTest::mouseClick(panel()->linkQualitySendButton(), Qt::LeftButton);
+        QTRY_VERIFY(radioState().sounding);
+        QVERIFY(panel()->soundingIndicator()->isChecked());
+        QTest::mouseClick(panel()->linkQualityAbortButton(), Qt::LeftButton);
+        QTRY_VERIFY(!radioState().sounding);
+        QVERIFY(!panel()->soundingIndicator()->isChecked());
+        QVERIFY(panel()->linkQualitySendButton()->isEnabled());
+
+        QTest::mouseClick(panel()->stopScanButton(), Qt::LeftButton);
+        QTRY_VERIFY(!radioState().aleScanning);
+        QVERIFY(MessageBoxNotifier::shownTexts().isEmpty());
         panel()->tabs()->setCurrentIndex(0);
     }
 

@@ -209,6 +209,71 @@ private slots:
         QCOMPARE(texts(fixture.notifier), QStringList());
     }
 
+    void linkQualityRequests_data()
+    {
+        QTest::addColumn<int>("scan"); // -1 no scan control, 0 not scanning, 1 scanning
+        QTest::addColumn<bool>("databaseRead");
+        QTest::addColumn<int>("type"); // 0 bidirectional, 1 sounding
+        QTest::addColumn<bool>("toNet");
+        QTest::addColumn<int>("callState");
+        QTest::addColumn<bool>("bidirectional");
+        QTest::addColumn<bool>("sounding");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("a station") << 0 << true << 0 << false << 37 << true << false << "";
+        QTest::newRow("the net's name") << 1 << true << 0 << true << 38 << true << false << "";
+        QTest::newRow("sounding while scanning")
+            << 1 << true << 1 << false << 62 << false << true << "";
+        QTest::newRow("sounding without a scan")
+            << 0 << true << 1 << false << 1 << false << false
+            << "Sounding needs the radio scanning an ALE net: start the scan first.";
+        QTest::newRow("no scan control")
+            << -1 << true << 0 << false << 1 << false << false << "Scan Button is disable!";
+        QTest::newRow("nothing read") << 0 << false << 0 << false << 1 << false << false
+                                      << "You must read Data Base from radio!";
+    }
+    void linkQualityRequests()
+    {
+        QFETCH(int, scan);
+        QFETCH(bool, databaseRead);
+        QFETCH(int, type);
+        QFETCH(bool, toNet);
+        QFETCH(int, callState);
+        QFETCH(bool, bidirectional);
+        QFETCH(bool, sounding);
+        QFETCH(QString, message);
+        SessionFixture fixture;
+        auto& session = *fixture.session;
+        session.link().setReportNoResponse(false);
+        session.view().callState = 1;
+        session.view().databaseRead = databaseRead;
+        copyText(session.records().ale.directory[0], "STN1");
+        copyText(session.records().ale.nets[0].name, "NET1");
+        session.aleCalls().refresh();
+        // The radio was scanning when it was read.
+        session.view().operationMode = scan == 1 ? 4 : 0;
+        session.channels().takeRadioState();
+        session.channels().setEnabled(scan >= 0);
+        QCOMPARE(session.channels().scanState(), scan);
+
+        LinkQualityController& lq = session.linkQuality();
+        lq.setType(LinkQualityController::Type(type));
+        lq.selectAddress(toNet ? int(session.aleCalls().addresses().size()) - 1 : 0);
+        lq.send();
+        QCOMPARE(session.view().callState, callState);
+        QCOMPARE(lq.bidirectionalActive(), bidirectional);
+        QCOMPARE(lq.soundingActive(), sounding);
+        QCOMPARE(lq.abortEnabled(), bidirectional || sounding);
+        const QStringList shown = texts(fixture.notifier);
+        QCOMPARE(shown.isEmpty() ? QString() : shown.front(), message);
+
+        // The radio ends the exchange: its indicator goes out and Send comes back.
+        session.dispatcher().dispatchMessage(report(85, {std::uint8_t(type)}));
+        QVERIFY(!lq.bidirectionalActive() && !lq.soundingActive());
+        QVERIFY(lq.sendEnabled());
+        // An abort of an exchange that has ended sends nothing.
+        QCOMPARE(lq.abort(), 0);
+    }
+
     void commonTail_data()
     {
         QTest::addColumn<int>("stateBefore");
