@@ -198,7 +198,6 @@ private slots:
         QCOMPARE(QString::fromStdString(calls.log().back().to), to);
         QCOMPARE(calls.log().back().message, std::string("hello"));
         QTRY_VERIFY(radioState().call == radiosim::CallPhase::Linked);
-        screenshot(m_window.get(), "computer-interface-ale");
 
         QTest::mouseClick(panel()->abortButton(), Qt::LeftButton);
         QTRY_VERIFY(radioState().call == radiosim::CallPhase::Idle);
@@ -281,6 +280,8 @@ private slots:
         QTest::mouseClick(panel()->startScanButton(), Qt::LeftButton);
         QTRY_VERIFY(radioState().aleScanning);
         QVERIFY(panel()->tabs()->isTabVisible(2));
+        panel()->tabs()->setCurrentIndex(1);
+        screenshot(panel(), "computer-interface-ale");
         panel()->tabs()->setCurrentIndex(2);
 
         QTest::mouseClick(panel()->linkQualityTypeButton(Type::BiDirectional), Qt::LeftButton);
