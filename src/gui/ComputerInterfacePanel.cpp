@@ -440,8 +440,10 @@ void ComputerInterfacePanel::showIncomingCall(const IncomingCall& call)
         m_incoming = new IncomingCallDialog(this);
         m_incoming->setAttribute(Qt::WA_DeleteOnClose);
         // However it closes, the call ends once and goes to the log and the stack.
-        connect(m_incoming, &QDialog::finished, m_session,
-                [session = m_session] { session->dispatcher().closeIncomingCall(); });
+        connect(m_incoming, &QDialog::finished, this, [this] {
+            m_session->dispatcher().closeIncomingCall();
+            refresh();
+        });
     }
     m_incoming->showCall(call);
     m_incoming->show();
@@ -507,7 +509,10 @@ void ComputerInterfacePanel::bindDsp()
         });
         // Closing the window is the same as switching it off.
         connect(dialog, &QDialog::rejected, action, [a = action] { a->setChecked(false); });
-        action->setEnabled(true);
+        // The sliders talk to the radio: they are offered while the radio commands are.
+        action->setEnabled(m_session->commands().radioCommandsEnabled());
+        connect(&m_session->commands(), &ViewCommands::radioCommandsEnabledChanged, action,
+                &QAction::setEnabled);
     }
 }
 

@@ -18,6 +18,10 @@ ControlCenterSession::ControlCenterSession(Notifier& notifier, std::filesystem::
       m_linkQuality(m_link, m_view, m_calls, m_dispatcher, m_channels, m_aleCalls, notifier),
       m_clarifier(DspSlider::Kind::Clarifier, m_link), m_notch(DspSlider::Kind::Notch, m_link)
 {
+    // A station's ALE call reached the radio, so the radio's ALE is on: the panel offers the
+    // ALE tabs, from which the call is answered.
+    connect(&m_dispatcher, &MessageDispatcher::incomingCall, &m_channels,
+            [this] { m_channels.setScanMode(ChannelController::ScanMode::Ale); });
     // The notch slider shows the radio's DSP level in its own steps.
     m_commands.setDspLineSize(m_notch.step());
     connect(&m_commands, &ViewCommands::slidersChanged, this, [this] {

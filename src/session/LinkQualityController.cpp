@@ -118,10 +118,9 @@ int LinkQualityController::send()
         m_notifier.show(text::kScanButtonDisabled);
         return 0;
     }
-    m_scanStateAtSend = m_channels.scanState();
     if (!databaseRead())
         return 0;
-    const bool scanning = m_scanStateAtSend == ChannelController::kScanning;
+    const bool scanning = m_channels.scanState() == ChannelController::kScanning;
     if (m_type == Type::Sounding && !scanning) {
         // The radio sounds the channels of the net it scans: with no scan there is nothing to
         // sound on.

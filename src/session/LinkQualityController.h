@@ -83,7 +83,6 @@ private:
     bool m_bidirectional = false;
     bool m_sounding = false;
     bool m_callInProgress = false;
-    int m_scanStateAtSend = 0;
 };
 
 } // namespace koral

@@ -232,6 +232,8 @@ private slots:
         QCOMPARE(calls.stack().back().from, caller);
         QCOMPARE(calls.stack().back().message, std::string("HELLO"));
 
+        // The call shows that the radio's ALE is on: the ALE tab is there to answer from.
+        QVERIFY(panel()->tabs()->isTabVisible(1));
         panel()->tabs()->setCurrentIndex(1);
         QTest::mouseClick(panel()->stackButton(), Qt::LeftButton);
         QTRY_VERIFY(panel()->callListDialog() && panel()->callListDialog()->isVisible());
