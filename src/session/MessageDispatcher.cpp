@@ -143,10 +143,13 @@ void MessageDispatcher::receiveCall()
     const bool repeated = m_view.callState == kIncoming && current.from == call.address &&
                           current.channel == std::to_string(call.channel) &&
                           current.message == call.message.value_or(std::string());
-    // The latest message may be dispatched twice: the same call is announced once. A new call
-    // while one is still announced keeps the earlier one in the stack and the log.
-    if (repeated)
+    // The latest message may be dispatched twice: the same call is shown again but recorded
+    // once. A new call while one is still announced keeps the earlier one in the stack and the
+    // log.
+    if (repeated) {
+        emit incomingCall(call);
         return;
+    }
     if (m_view.callState == kIncoming)
         m_calls.recordFinishedCall(localTimeNow());
     m_view.callState = kIncoming;
