@@ -143,6 +143,18 @@ private slots:
         QCOMPARE(session.calls().channelValue(7), 22);
     }
 
+    void recordedCallsSurviveARestart()
+    {
+        SessionFixture fixture;
+        fixture.session->dispatcher().dispatchMessage(callReport("STN1", "HELLO"));
+        fixture.session->dispatcher().closeIncomingCall();
+        fixture.session =
+            std::make_unique<ControlCenterSession>(fixture.notifier, fixture.dataDir());
+        fixture.session->calls().load();
+        QCOMPARE(int(fixture.session->calls().stack().size()), 1);
+        QCOMPARE(fixture.session->calls().log().front().message, std::string("HELLO"));
+    }
+
     // Reply from the stack: whom it calls and on which channel.
     void replyCallsTheOtherParty_data()
     {
