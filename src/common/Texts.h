@@ -147,6 +147,38 @@ inline constexpr std::string_view kClearMessage = "Clr Msg:";
 inline constexpr std::string_view kSend = "Send";
 inline constexpr std::string_view kReplace = "Replace";
 inline constexpr std::string_view kAbort = "Abort";
+inline constexpr std::string_view kStackButton = "Stack";
+inline constexpr std::string_view kLogButton = "Log";
+inline constexpr std::string_view kDial = "Dial";
+inline constexpr std::string_view kChannelValueLabel = "LQA:";
+// incoming calls, the stack list and the call log
+inline constexpr std::string_view kIncomingFrom = "From:";
+inline constexpr std::string_view kIncomingMessage = "Message:";
+inline constexpr std::string_view kStackListTitle = "Stack List";
+inline constexpr std::string_view kCallLogTitle = "Call Log";
+inline constexpr std::string_view kDelete = "Delete";
+inline constexpr std::string_view kDeleteAll = "Delete All";
+inline constexpr std::string_view kRefresh = "Refresh";
+inline constexpr std::string_view kReply = "Reply";
+inline constexpr std::string_view kHelp = "Help";
+inline constexpr std::string_view kGridLineNotValid = "Grid line is not valid, line = %d";
+// clarifier and notch filter
+inline constexpr std::string_view kClarifier = "Clarifier";
+inline constexpr std::string_view kNotchFilter = "Notch Filter";
+inline constexpr std::string_view kDspOff = "OFF";
+inline constexpr std::string_view kDspOn = "ON";
+inline constexpr std::string_view kClarifierZero = "0";
+inline constexpr std::string_view kClarifierScale[5] = {"-200", "-100", "0", "100", "200"};
+inline constexpr std::string_view kNotchScale[5] = {"300", "900", "1500", "2100", "2700"};
+inline constexpr std::string_view kViewClarifier = "View Clarifier On/Off";
+inline constexpr std::string_view kViewNotchFilter = "View Notch Filter On/Off";
+// Update Link Quality tab
+inline constexpr std::string_view kTabLinkQuality = "Update Link Quality";
+inline constexpr std::string_view kTypeLabel = "Type:";
+inline constexpr std::string_view kBiDirectional = "BiDirectional";
+inline constexpr std::string_view kSounding = "Sounding";
+inline constexpr std::string_view kScanButtonDisabled = "Scan Button is disable!";
+inline constexpr std::string_view kSoundingNeedsScan = "Sounding needs the radio scanning an ALE net: start the scan first.";
 // the radio's state, always in view (our own wording)
 inline constexpr std::string_view kStateChannel = "Channel: %d";
 inline constexpr std::string_view kStateNoChannel = "Channel: -";

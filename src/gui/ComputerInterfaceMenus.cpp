@@ -8,7 +8,8 @@ namespace koral {
 
 PanelChrome computerInterfaceMenus(QWidget* owner,
                                    const std::function<QAction*(const char*)>& command,
-                                   const QList<QAction*>& panelActions)
+                                   const QList<QAction*>& panelActions,
+                                   const QList<QAction*>& dspActions)
 {
     const auto c = command;
     auto* file = new QMenu(QObject::tr("&File"), owner);
@@ -26,6 +27,8 @@ PanelChrome computerInterfaceMenus(QWidget* owner,
 
     auto* view = new QMenu(QObject::tr("&View"), owner);
     view->addActions(panelActions);
+    view->addSeparator();
+    view->addActions(dspActions);
 
     auto* help = new QMenu(QObject::tr("&Help"), owner);
     help->addActions({c("help"), c("about")});

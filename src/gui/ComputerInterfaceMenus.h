@@ -18,9 +18,10 @@ struct PanelChrome
 };
 
 // The Computer Interface panel's menus and toolbar, made of the window's shared commands
-// (looked up by name) and its panel buttons.
+// (looked up by name), its panel buttons and the clarifier and notch filter switches.
 PanelChrome computerInterfaceMenus(QWidget* owner,
                                    const std::function<QAction*(const char*)>& command,
-                                   const QList<QAction*>& panelActions);
+                                   const QList<QAction*>& panelActions,
+                                   const QList<QAction*>& dspActions);
 
 } // namespace koral

@@ -1,8 +1,12 @@
 #include "gui/ComputerInterfacePanel.h"
 
 #include "common/Texts.h"
+#include "gui/CallListDialog.h"
+#include "gui/DspSliderDialog.h"
+#include "gui/IncomingCallDialog.h"
 #include "session/ControlCenterSession.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QEvent>
@@ -16,6 +20,7 @@
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QTabWidget>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace koral {
@@ -60,8 +65,15 @@ ComputerInterfacePanel::ComputerInterfacePanel(QWidget* parent) : QWidget(parent
     m_tabs = new QTabWidget(this);
     m_tabs->addTab(createChannelPage(), qs(text::kTabChannel).trimmed());
     m_tabs->addTab(createAlePage(), qs(text::kTabAle).trimmed());
+    m_tabs->addTab(createLinkQualityPage(), qs(text::kTabLinkQuality));
     layout->addWidget(m_tabs, 1);
     m_tabs->setEnabled(false);
+    m_clarifierAction = new QAction(qs(text::kViewClarifier), this);
+    m_notchAction = new QAction(qs(text::kViewNotchFilter), this);
+    for (QAction* action : {m_clarifierAction, m_notchAction}) {
+        action->setCheckable(true);
+        action->setEnabled(false);
+    }
 }
 
 QWidget* ComputerInterfacePanel::createStatusBox()
@@ -106,8 +118,13 @@ QWidget* ComputerInterfacePanel::createAlePage()
     m_aleChannel->setObjectName("aleChannel");
     m_aleChannel->setFixedWidth(110);
     m_frequency = new QLabel(page);
+    m_frequency->setMinimumWidth(110);
+    m_channelValue = new QLabel(page);
+    m_channelValue->setObjectName("channelValue");
     channelRow->addWidget(m_aleChannel);
-    channelRow->addWidget(m_frequency, 1);
+    channelRow->addWidget(m_frequency);
+    channelRow->addWidget(new QLabel(qs(text::kChannelValueLabel), page));
+    channelRow->addWidget(m_channelValue, 1);
     form->addRow(qs(text::kChannelColon), channelRow);
     m_to = new QComboBox(page);
     m_to->setObjectName("to");
@@ -120,7 +137,10 @@ QWidget* ComputerInterfacePanel::createAlePage()
     m_message->setEditable(true);
     m_message->setMinimumWidth(320);
     m_message->lineEdit()->setMaxLength(int(AleCallController::kMessageBytes) - 1);
+    m_dial = new QPushButton(qs(text::kDial), page);
+    m_dial->setObjectName("dial");
     messageRow->addWidget(m_clearMessage);
+    messageRow->addWidget(m_dial);
     messageRow->addWidget(m_message, 1);
     form->addRow(messageRow);
     layout->addLayout(form, 1);
@@ -129,13 +149,158 @@ QWidget* ComputerInterfacePanel::createAlePage()
     m_send = new QPushButton(qs(text::kSend), page);
     m_replace = new QPushButton(qs(text::kReplace), page);
     m_abort = new QPushButton(qs(text::kAbort), page);
+    m_stack = new QPushButton(qs(text::kStackButton), page);
+    m_log = new QPushButton(qs(text::kLogButton), page);
     m_send->setObjectName("send");
     m_abort->setObjectName("abort");
+    m_stack->setObjectName("stack");
+    m_log->setObjectName("log");
     for (QPushButton* button : {m_send, m_replace, m_abort})
         buttons->addWidget(button);
+    buttons->addSpacing(12);
+    buttons->addWidget(m_stack);
+    buttons->addWidget(m_log);
     buttons->addStretch(1);
     layout->addLayout(buttons);
     return page;
+}
+
+QWidget* ComputerInterfacePanel::createLinkQualityPage()
+{
+    using Type = LinkQualityController::Type;
+    auto* page = new QWidget(this);
+    auto* layout = new QHBoxLayout(page);
+    auto* form = new QFormLayout;
+    auto* types = new QHBoxLayout;
+    const std::pair<Type, std::string_view> typeSpecs[] = {
+        {Type::BiDirectional, text::kBiDirectional}, {Type::Sounding, text::kSounding}};
+    for (const auto& [type, label] : typeSpecs) {
+        auto* button = new QRadioButton(qs(label), page);
+        button->setObjectName(QStringLiteral("linkQualityType%1").arg(int(type)));
+        m_lqTypes[type] = button;
+        types->addWidget(button);
+    }
+    types->addStretch(1);
+    form->addRow(qs(text::kTypeLabel), types);
+    m_lqNet = new QLabel(page);
+    form->addRow(qs(text::kNetLabel), m_lqNet);
+    auto* channelRow = new QHBoxLayout;
+    m_lqChannel = new QComboBox(page);
+    m_lqChannel->setFixedWidth(110);
+    m_lqFrequency = new QLabel(page);
+    m_lqFrequency->setMinimumWidth(110);
+    m_lqValue = new QLabel(page);
+    channelRow->addWidget(m_lqChannel);
+    channelRow->addWidget(m_lqFrequency);
+    channelRow->addWidget(new QLabel(qs(text::kChannelValueLabel), page));
+    channelRow->addWidget(m_lqValue, 1);
+    form->addRow(qs(text::kChannelColon), channelRow);
+    m_lqTo = new QComboBox(page);
+    m_lqTo->setMinimumWidth(200);
+    form->addRow(qs(text::kToLabel), m_lqTo);
+    auto* messageRow = new QHBoxLayout;
+    m_lqClear = new QPushButton(qs(text::kClearMessage), page);
+    m_lqMessage = new QComboBox(page);
+    m_lqMessage->setEditable(true);
+    m_lqMessage->setMinimumWidth(320);
+    m_lqMessage->lineEdit()->setMaxLength(int(AleCallController::kMessageBytes) - 1);
+    messageRow->addWidget(m_lqClear);
+    messageRow->addWidget(m_lqMessage, 1);
+    form->addRow(messageRow);
+    layout->addLayout(form, 1);
+
+    auto* buttons = new QVBoxLayout;
+    m_lqSend = new QPushButton(qs(text::kSend), page);
+    m_lqAbort = new QPushButton(qs(text::kAbort), page);
+    buttons->addWidget(m_lqSend);
+    buttons->addWidget(m_lqAbort);
+    buttons->addSpacing(12);
+    m_biIndicator = new QPushButton(qs(text::kBiDirectional), page);
+    m_soundIndicator = new QPushButton(qs(text::kSounding), page);
+    for (QPushButton* indicator : {m_biIndicator, m_soundIndicator}) {
+        indicator->setCheckable(true);
+        indicator->setFocusPolicy(Qt::NoFocus);
+        indicator->setAttribute(Qt::WA_TransparentForMouseEvents);
+        buttons->addWidget(indicator);
+    }
+    buttons->addStretch(1);
+    layout->addLayout(buttons);
+    m_blink = new QTimer(this);
+    m_blink->setInterval(500);
+    connect(m_blink, &QTimer::timeout, this, &ComputerInterfacePanel::blink);
+    return page;
+}
+
+void ComputerInterfacePanel::bindLinkQuality(LinkQualityController& lq)
+{
+    using Type = LinkQualityController::Type;
+    m_lq = &lq;
+    connect(&lq, &LinkQualityController::changed, this,
+            &ComputerInterfacePanel::refreshLinkQuality);
+    connect(m_ale, &AleCallController::changed, this, &ComputerInterfacePanel::refreshLinkQuality);
+    for (const auto& [type, button] : m_lqTypes) {
+        const Type which = type;
+        connect(button, &QRadioButton::clicked, &lq, [&lq, which] { lq.setType(which); });
+    }
+    connect(m_lqTo, &QComboBox::activated, &lq, [&lq](int row) { lq.selectAddress(row); });
+    connect(m_lqChannel, &QComboBox::activated, &lq, [&lq](int row) { lq.selectChannel(row); });
+    connect(m_lqMessage, &QComboBox::editTextChanged, &lq,
+            [&lq](const QString& text) { lq.setMessage(text.toStdString()); });
+    connect(m_lqClear, &QPushButton::clicked, m_lqMessage, &QComboBox::clearEditText);
+    connect(m_lqSend, &QPushButton::clicked, &lq, &LinkQualityController::send);
+    connect(m_lqAbort, &QPushButton::clicked, &lq, &LinkQualityController::abort);
+    refreshLinkQuality();
+}
+
+void ComputerInterfacePanel::refreshLinkQuality()
+{
+    if (!m_lq || !m_ale)
+        return;
+    const LinkQualityController& lq = *m_lq;
+    for (const auto& [type, button] : m_lqTypes)
+        button->setChecked(type == lq.type());
+    m_lqNet->setText(QString::fromStdString(m_ale->netName()));
+    {
+        const QSignalBlocker blocker(m_lqChannel);
+        m_lqChannel->clear();
+        for (const std::string& choice : m_ale->channelChoices())
+            m_lqChannel->addItem(QString::fromStdString(choice));
+        m_lqChannel->setCurrentIndex(lq.channelRow());
+    }
+    m_lqChannel->setEnabled(lq.channelEnabled() && lq.sendEnabled());
+    m_lqFrequency->setText(QString::fromStdString(lq.frequencyText()));
+    m_lqValue->setText(QString::fromStdString(lq.channelValueText()));
+    {
+        const QSignalBlocker blocker(m_lqTo);
+        m_lqTo->clear();
+        for (const std::string& address : m_ale->addresses())
+            m_lqTo->addItem(QString::fromStdString(address));
+        m_lqTo->setCurrentIndex(lq.addressRow());
+    }
+    m_lqSend->setEnabled(lq.sendEnabled());
+    m_lqAbort->setEnabled(lq.abortEnabled());
+    const bool active = lq.bidirectionalActive() || lq.soundingActive();
+    if (active && !m_blink->isActive())
+        m_blink->start();
+    else if (!active)
+        m_blink->stop();
+    blink();
+}
+
+void ComputerInterfacePanel::blink()
+{
+    // An indicator that runs blinks in its colour; an idle one stays plain.
+    m_blinkPhase = !m_blinkPhase;
+    const std::pair<QPushButton*, bool> indicators[] = {
+        {m_biIndicator, m_lq && m_lq->bidirectionalActive()},
+        {m_soundIndicator, m_lq && m_lq->soundingActive()}};
+    for (const auto& [indicator, on] : indicators) {
+        indicator->setChecked(on);
+        const QString colour =
+            indicator == m_biIndicator ? QStringLiteral("#40c040") : QStringLiteral("#f0a030");
+        indicator->setStyleSheet(
+            on && m_blinkPhase ? QStringLiteral("background-color: %1;").arg(colour) : QString());
+    }
 }
 
 QWidget* ComputerInterfacePanel::createChannelPage()
@@ -258,7 +423,97 @@ void ComputerInterfacePanel::bind(ControlCenterSession& session)
     connect(m_stopScan, &QPushButton::clicked, &c, &ChannelController::toggleScan);
     connect(m_scanList, &QComboBox::activated, &c, [&c](int row) { c.selectScanRow(row); });
     bindAle(session.aleCalls());
+    bindLinkQuality(session.linkQuality());
+    bindDsp();
+    connect(&session.dispatcher(), &MessageDispatcher::incomingCall, this,
+            &ComputerInterfacePanel::showIncomingCall);
+    connect(&session.dispatcher(), &MessageDispatcher::incomingCallClosed, this, [this] {
+        if (m_incoming)
+            m_incoming->reject();
+    });
     refresh();
+}
+
+void ComputerInterfacePanel::showIncomingCall(const IncomingCall& call)
+{
+    if (!m_incoming) {
+        m_incoming = new IncomingCallDialog(this);
+        m_incoming->setAttribute(Qt::WA_DeleteOnClose);
+        // However it closes, the call ends once and goes to the log and the stack.
+        connect(m_incoming, &QDialog::finished, this, [this] {
+            m_session->dispatcher().closeIncomingCall();
+            refresh();
+        });
+    }
+    m_incoming->showCall(call);
+    m_incoming->show();
+    m_incoming->raise();
+    refresh();
+}
+
+void ComputerInterfacePanel::openStackList()
+{
+    if (!m_ale->stackAllowed())
+        return;
+    auto* dialog = new CallListDialog(CallListDialog::Kind::Stack, m_session->calls().stack(),
+                                      m_session->notifier(), this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &CallListDialog::helpRequested, this, &ComputerInterfacePanel::helpRequested);
+    connect(dialog, &CallListDialog::replyRequested, this, [this](const CallRecord& record) {
+        // The reply goes out from the ALE tab, which shows whom it calls and on which channel.
+        m_tabs->setCurrentIndex(1);
+        m_ale->reply(record);
+    });
+    m_callList = dialog;
+    dialog->open();
+}
+
+void ComputerInterfacePanel::openCallLog()
+{
+    auto* dialog = new CallListDialog(CallListDialog::Kind::Log, m_session->calls().log(),
+                                      m_session->notifier(), this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &CallListDialog::helpRequested, this, &ComputerInterfacePanel::helpRequested);
+    m_callList = dialog;
+    dialog->open();
+}
+
+IncomingCallDialog* ComputerInterfacePanel::incomingCallDialog() const
+{
+    return m_incoming;
+}
+
+CallListDialog* ComputerInterfacePanel::callListDialog() const
+{
+    return m_callList;
+}
+
+QList<QAction*> ComputerInterfacePanel::dspActions() const
+{
+    return {m_clarifierAction, m_notchAction};
+}
+
+void ComputerInterfacePanel::bindDsp()
+{
+    const std::pair<DspSlider*, QAction*> sliders[] = {{&m_session->clarifier(), m_clarifierAction},
+                                                       {&m_session->notch(), m_notchAction}};
+    for (const auto& [slider, action] : sliders) {
+        DspSlider* model = slider;
+        auto* dialog = new DspSliderDialog(*model, this);
+        (model->kind() == DspSlider::Kind::Clarifier ? m_clarifier : m_notch) = dialog;
+        // On shows the slider and lets it work; off puts it back to "off" without telling the
+        // radio and hides it.
+        connect(action, &QAction::toggled, model, [model](bool on) {
+            model->setEnabled(on);
+            model->setShown(on);
+        });
+        // Closing the window is the same as switching it off.
+        connect(dialog, &QDialog::rejected, action, [a = action] { a->setChecked(false); });
+        // The sliders talk to the radio: they are offered while the radio commands are.
+        action->setEnabled(m_session->commands().radioCommandsEnabled());
+        connect(&m_session->commands(), &ViewCommands::radioCommandsEnabledChanged, action,
+                &QAction::setEnabled);
+    }
 }
 
 void ComputerInterfacePanel::bindAle(AleCallController& ale)
@@ -277,6 +532,12 @@ void ComputerInterfacePanel::bindAle(AleCallController& ale)
     connect(m_send, &QPushButton::clicked, &ale, &AleCallController::send);
     connect(m_replace, &QPushButton::clicked, &ale, &AleCallController::replace);
     connect(m_abort, &QPushButton::clicked, &ale, &AleCallController::abort);
+    connect(m_dial, &QPushButton::clicked, this, [this] {
+        m_ale->dial();
+        m_message->setEditText(QString::fromStdString(m_ale->message()));
+    });
+    connect(m_stack, &QPushButton::clicked, this, &ComputerInterfacePanel::openStackList);
+    connect(m_log, &QPushButton::clicked, this, &ComputerInterfacePanel::openCallLog);
     refreshAle();
 }
 
@@ -297,6 +558,7 @@ void ComputerInterfacePanel::refreshAle()
     }
     m_aleChannel->setEnabled(ale.channelEnabled() && ale.sendEnabled());
     m_frequency->setText(QString::fromStdString(ale.frequencyText()));
+    m_channelValue->setText(QString::fromStdString(ale.channelValueText()));
     {
         const QSignalBlocker blocker(m_to);
         m_to->clear();
@@ -370,6 +632,7 @@ void ComputerInterfacePanel::refresh()
 
     // With the radio's ALE off there is nothing to call with: only the Channel tab remains.
     m_tabs->setTabVisible(1, c.scanMode() == ChannelController::ScanMode::Ale);
+    m_tabs->setTabVisible(2, c.scanMode() == ChannelController::ScanMode::Ale);
     m_scanPane->setTitle(qs(c.scanListTitle()));
     {
         const QSignalBlocker blocker(m_scanList);

@@ -2,11 +2,14 @@
 
 #include "session/AleCallController.h"
 #include "session/ChannelController.h"
+#include "session/LinkQualityController.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <map>
 
+class QAction;
 class QComboBox;
 class QGroupBox;
 class QLabel;
@@ -14,10 +17,15 @@ class QLineEdit;
 class QPushButton;
 class QRadioButton;
 class QTabWidget;
+class QTimer;
 
 namespace koral {
 
+class CallListDialog;
 class ControlCenterSession;
+class DspSliderDialog;
+class IncomingCallDialog;
+struct IncomingCall;
 
 // Panel 0, where the operator works the radio: the channel controls (or, while the radio
 // scans, the scan list) under the "Channel" tab, and the radio's state always in view. The
@@ -51,9 +59,36 @@ public:
     QPushButton* abortButton() const { return m_abort; }
     QLabel* callStatusLabel() const { return m_callStatus; }
     QGroupBox* scanListPane() const { return m_scanPane; }
+    QPushButton* stackButton() const { return m_stack; }
+    QPushButton* logButton() const { return m_log; }
+    QPushButton* dialButton() const { return m_dial; }
+    QLabel* channelValueLabel() const { return m_channelValue; }
+    // The dialogs while they are open (null otherwise).
+    IncomingCallDialog* incomingCallDialog() const;
+    CallListDialog* callListDialog() const;
+    DspSliderDialog* clarifierDialog() const { return m_clarifier; }
+    DspSliderDialog* notchDialog() const { return m_notch; }
+    // The "Update Link Quality" tab.
+    QRadioButton* linkQualityTypeButton(LinkQualityController::Type type) const
+    {
+        return m_lqTypes.at(type);
+    }
+    QComboBox* linkQualityToBox() const { return m_lqTo; }
+    QPushButton* linkQualitySendButton() const { return m_lqSend; }
+    QPushButton* linkQualityAbortButton() const { return m_lqAbort; }
+    // The two activity indicators: they blink while their exchange runs.
+    QPushButton* bidirectionalIndicator() const { return m_biIndicator; }
+    QPushButton* soundingIndicator() const { return m_soundIndicator; }
+    // "View Clarifier On/Off" and "View Notch Filter On/Off", for the View menu.
+    QList<QAction*> dspActions() const;
+
+    // Opens the stack list (replies go out from the ALE tab) or the call log.
+    void openStackList();
+    void openCallLog();
 
 signals:
     void stateSummaryChanged(const QString& summary);
+    void helpRequested();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -65,6 +100,12 @@ private:
     void bindAle(AleCallController& ale);
     void refresh();
     void refreshAle();
+    void showIncomingCall(const IncomingCall& call);
+    QWidget* createLinkQualityPage();
+    void bindLinkQuality(LinkQualityController& lq);
+    void refreshLinkQuality();
+    void blink();
+    void bindDsp();
 
     ControlCenterSession* m_session = nullptr;
     ChannelController* m_controller = nullptr;
@@ -100,6 +141,31 @@ private:
     QPushButton* m_send = nullptr;
     QPushButton* m_replace = nullptr;
     QPushButton* m_abort = nullptr;
+    QPushButton* m_stack = nullptr;
+    QPushButton* m_log = nullptr;
+    QPushButton* m_dial = nullptr;
+    QLabel* m_channelValue = nullptr;
+    QPointer<IncomingCallDialog> m_incoming;
+    QPointer<CallListDialog> m_callList;
+    DspSliderDialog* m_clarifier = nullptr;
+    DspSliderDialog* m_notch = nullptr;
+    QAction* m_clarifierAction = nullptr;
+    QAction* m_notchAction = nullptr;
+    LinkQualityController* m_lq = nullptr;
+    std::map<LinkQualityController::Type, QRadioButton*> m_lqTypes;
+    QLabel* m_lqNet = nullptr;
+    QComboBox* m_lqChannel = nullptr;
+    QLabel* m_lqFrequency = nullptr;
+    QLabel* m_lqValue = nullptr;
+    QComboBox* m_lqTo = nullptr;
+    QPushButton* m_lqClear = nullptr;
+    QComboBox* m_lqMessage = nullptr;
+    QPushButton* m_lqSend = nullptr;
+    QPushButton* m_lqAbort = nullptr;
+    QPushButton* m_biIndicator = nullptr;
+    QPushButton* m_soundIndicator = nullptr;
+    QTimer* m_blink = nullptr;
+    bool m_blinkPhase = false;
 };
 
 } // namespace koral

@@ -56,6 +56,8 @@ MainWindow::MainWindow(const MainWindowOptions& options, QWidget* parent)
     m_radio = new RadioController(*this, options, this);
     m_rss->setRadio(m_radio);
     m_computerInterface->bind(m_radio->session());
+    connect(m_computerInterface, &ComputerInterfacePanel::helpRequested, this,
+            &MainWindow::openHelp);
     createFrontPanels();
 
     for (int id : {13, 10, 11, 12}) {
@@ -212,7 +214,8 @@ void MainWindow::createComputerInterfacePanel()
     for (const auto& [panel, action] : m_panelActions)
         panelButtons << action;
     const PanelChrome chrome = computerInterfaceMenus(
-        this, [this](const char* name) { return m_commands.at(name); }, panelButtons);
+        this, [this](const char* name) { return m_commands.at(name); }, panelButtons,
+        m_computerInterface->dspActions());
     m_menus[Panel::ComputerInterface] = chrome.menus;
     m_toolBars[Panel::ComputerInterface] = createToolBar(Panel::ComputerInterface, chrome.tools);
 }

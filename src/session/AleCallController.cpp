@@ -125,15 +125,69 @@ void AleCallController::selectChannel(int row)
     emit changed();
 }
 
-std::string AleCallController::frequencyText() const
+int AleCallController::channelOfRow(int row) const
 {
-    if (m_channelRow <= 0)
+    if (row <= 0 || row >= int(m_channelChoices.size()))
+        return 0;
+    return std::atoi(m_channelChoices[std::size_t(row)].c_str());
+}
+
+std::string AleCallController::frequencyOfRow(int row) const
+{
+    const int number = channelOfRow(row);
+    if (number == 0)
         return {};
-    const int number = std::atoi(m_channelChoices[std::size_t(m_channelRow)].c_str());
     char text[32];
     std::snprintf(text, sizeof text, "%.5f",
                   double(mhzOfHertz(m_records.radio.channelNo(number).rxFrequency.get())));
     return text + std::string(text::kMhzSuffix);
+}
+
+std::string AleCallController::channelValueOfRow(int row) const
+{
+    const int number = channelOfRow(row);
+    return number == 0 ? std::string(" ") : std::to_string(m_calls.channelValue(number));
+}
+
+std::string AleCallController::frequencyText() const
+{
+    return frequencyOfRow(m_channelRow);
+}
+
+std::string AleCallController::channelValueText() const
+{
+    return channelValueOfRow(m_channelRow);
+}
+
+bool AleCallController::stackAllowed()
+{
+    return databaseRead();
+}
+
+int AleCallController::reply(const CallRecord& record)
+{
+    if (!databaseRead())
+        return 0;
+    if (!sendEnabled()) {
+        m_notifier.show(text::byId(text::id::CommandInProgress));
+        return 0;
+    }
+    bool outgoing = false;
+    for (const ale_net& net : m_records.ale.nets)
+        outgoing = outgoing || (!record.from.empty() && fieldText(net.selfAddress) == record.from);
+    const std::string& party = outgoing ? record.to : record.from;
+    const std::string address = party.substr(0, kAleAddressSize - 1);
+    // Stations: every row before "All Call" and the net's name.
+    const auto stations = m_addresses.end() - 2;
+    auto found = std::find(m_addresses.begin(), stations, address);
+    if (found == stations)
+        found = m_addresses.insert(stations, address);
+    m_stationRow = int(found - m_addresses.begin());
+    const auto channel =
+        std::find(m_channelChoices.begin() + 1, m_channelChoices.end(), record.channel);
+    m_channelRow = channel == m_channelChoices.end() ? 0 : int(channel - m_channelChoices.begin());
+    setCallType(CallType::Station);
+    return send();
 }
 
 bool AleCallController::sendEnabled() const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "session/CallRecord.h"
 #include "session/SessionRecords.h"
 #include "session/SessionState.h"
 
@@ -52,6 +53,9 @@ public:
     void selectChannel(int row);
     // The chosen channel's receive frequency ("%.5f MHz"), empty for "Auto".
     std::string frequencyText() const;
+    // The value the radio last reported for the chosen channel (its link quality), " " for
+    // "Auto".
+    std::string channelValueText() const;
     int net() const { return m_net; }
     const std::string& message() const { return m_message; }
     void setMessage(std::string_view text) { m_message = text; }
@@ -64,13 +68,31 @@ public:
     int send();
     int replace();
     int abort();
+    // "Dial" puts the radio's dial request into the message.
+    void dial() { setMessage("Dial"); }
+    // "Stack": the stack list needs the databases read from the radio (else the operator is
+    // told so).
+    bool stackAllowed();
+    // "Reply" of the stack list: calls back the other party of `record` (the caller of an
+    // incoming call, the called station of an outgoing one) on the record's channel when the
+    // radio can use it, else on an automatic channel, with the tab's message. The tab shows
+    // the call as sent. 1 when the radio took the request.
+    int reply(const CallRecord& record);
 
 signals:
     void changed();
 
+public:
+    // The name of the net the calls go through.
+    std::string netName() const;
+    // The channel of a row of channelChoices(): 0 for "Auto".
+    int channelOfRow(int row) const;
+    // The rows' frequency ("%.5f MHz") and per-channel value, as the tab shows them.
+    std::string frequencyOfRow(int row) const;
+    std::string channelValueOfRow(int row) const;
+
 private:
     bool databaseRead();
-    std::string netName() const;
 
     RadioLink& m_link;
     ViewState& m_view;

@@ -14,14 +14,28 @@ ControlCenterSession::ControlCenterSession(Notifier& notifier, std::filesystem::
       m_memory(m_link, notifier), m_bite(m_link, notifier),
       m_activeChannel(m_link, *m_records, m_view),
       m_channels(m_link, m_view, m_flags, *m_records, m_transfer, notifier),
-      m_aleCalls(m_link, m_view, *m_records, m_calls, m_dispatcher, m_channels, notifier)
+      m_aleCalls(m_link, m_view, *m_records, m_calls, m_dispatcher, m_channels, notifier),
+      m_linkQuality(m_link, m_view, m_calls, m_dispatcher, m_channels, m_aleCalls, notifier),
+      m_clarifier(DspSlider::Kind::Clarifier, m_link), m_notch(DspSlider::Kind::Notch, m_link)
 {
+    // A station's ALE call reached the radio, so the radio's ALE is on: the panel offers the
+    // ALE tabs, from which the call is answered.
+    connect(&m_dispatcher, &MessageDispatcher::incomingCall, &m_channels,
+            [this] { m_channels.setScanMode(ChannelController::ScanMode::Ale); });
+    // The notch slider shows the radio's DSP level in its own steps.
+    m_commands.setDspLineSize(m_notch.step());
+    connect(&m_commands, &ViewCommands::slidersChanged, this, [this] {
+        m_clarifier.follow(m_commands.clarifierPosition());
+        m_notch.follow(m_commands.dspSliderPosition());
+    });
     connect(&m_dispatcher, &MessageDispatcher::channelReport, &m_channels,
             [this](const CRadioMessage& message, int) { m_channels.onChannelReport(message); });
     connect(&m_transfer, &DatabaseTransfer::channelListChanged, &m_channels,
             &ChannelController::takeRadioState);
     connect(&m_transfer, &DatabaseTransfer::channelListChanged, &m_aleCalls,
             &AleCallController::refresh);
+    connect(&m_transfer, &DatabaseTransfer::channelListChanged, &m_linkQuality,
+            &LinkQualityController::refresh);
     connect(&m_commands, &ViewCommands::radioCommandsEnabledChanged, &m_channels,
             &ChannelController::setEnabled);
     connect(&m_dispatcher, &MessageDispatcher::selfTestReport, &m_bite, &BiteRunner::onReport);

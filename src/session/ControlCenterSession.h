@@ -7,6 +7,8 @@
 #include "session/ChannelController.h"
 #include "session/CommPortEditor.h"
 #include "session/DatabaseTransfer.h"
+#include "session/DspSlider.h"
+#include "session/LinkQualityController.h"
 #include "session/MemoryProgramming.h"
 #include "session/MessageDispatcher.h"
 #include "session/RadioLink.h"
@@ -68,6 +70,9 @@ public:
     ActiveChannel& activeChannel() { return m_activeChannel; }
     ChannelController& channels() { return m_channels; }
     AleCallController& aleCalls() { return m_aleCalls; }
+    LinkQualityController& linkQuality() { return m_linkQuality; }
+    DspSlider& clarifier() { return m_clarifier; }
+    DspSlider& notch() { return m_notch; }
 
 signals:
     // The start-up exchange ended (ready or not).
@@ -91,6 +96,9 @@ private:
     ActiveChannel m_activeChannel;
     ChannelController m_channels;
     AleCallController m_aleCalls;
+    LinkQualityController m_linkQuality;
+    DspSlider m_clarifier;
+    DspSlider m_notch;
     std::optional<CommPortEditor> m_commPortEditor;
     int m_setupPort = 0;
     int m_setupBaud = 0;

@@ -119,7 +119,6 @@ void MessageDispatcher::dispatch()
     case op::IncomingNetCall:
     case op::IncomingPriorityCall:
     case op::IncomingSilentNetCall:
-        m_view.callState = kIncoming;
         receiveCall();
         break;
     case op::LinkResult:
@@ -141,6 +140,19 @@ void MessageDispatcher::receiveCall()
     const IncomingCall call = decodeIncomingCall(m_view.lastOpcode, m_lastIncoming.bytes);
     m_calls.setChannelValue(call.channel, call.channelValue);
     CallRecord& current = m_calls.currentCall();
+    const bool repeated = m_view.callState == kIncoming && current.from == call.address &&
+                          current.channel == std::to_string(call.channel) &&
+                          current.message == call.message.value_or(std::string());
+    // The latest message may be dispatched twice: the same call is shown again but recorded
+    // once. A new call while one is still announced keeps the earlier one in the stack and the
+    // log.
+    if (repeated) {
+        emit incomingCall(call);
+        return;
+    }
+    if (m_view.callState == kIncoming)
+        m_calls.recordFinishedCall(localTimeNow());
+    m_view.callState = kIncoming;
     const std::tm now = localTimeNow();
     current = CallRecord{};
     current.from = call.address;
@@ -169,8 +181,8 @@ void MessageDispatcher::linkResult()
     }
     // Channel or station busy: an incoming call that was waiting ends here.
     if (m_view.callState == kIncoming) {
+        closeIncomingCall();
         emit incomingCallClosed();
-        m_calls.recordFinishedCall(localTimeNow());
     }
     setCallControls(5);
     m_view.callState = kIdle;
@@ -279,6 +291,14 @@ void MessageDispatcher::setCallControls(int step)
         return;
     }
     emit callControlsChanged();
+}
+
+void MessageDispatcher::closeIncomingCall()
+{
+    if (m_view.callState != kIncoming)
+        return;
+    m_calls.recordFinishedCall(localTimeNow());
+    m_view.callState = kIdle;
 }
 
 int MessageDispatcher::acceptLink()

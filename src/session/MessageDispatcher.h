@@ -48,6 +48,10 @@ public:
     const CallControls& callControls() const { return m_callControls; }
     void setCallControls(int step);
 
+    // The announced incoming call ends (the operator closed its dialog, or the radio ended
+    // it): it goes to the log and the stack once, stamped with the end time.
+    void closeIncomingCall();
+
     // The session's operations on a call: both send at once.
     int acceptLink();
     int abortLink();

@@ -1,25 +1,34 @@
 // The Computer Interface panel against the virtual radio inside the program: it opens on the
 // radio's active channel, changes channel, programs a channel (what reaches the radio is
 // compared with the panel), jumps to the priority channel, scans an ALE net and a group, and
-// comes back after a radio that stopped answering.
+// comes back after a radio that stopped answering; announces, stacks and answers a call from
+// another station; runs and aborts a link-quality exchange and a sounding; sends the clarifier
+// and notch filter settings.
 
 #include "GuiTestSupport.h"
 #include "RadioWindow.h"
 
 #include "common/Texts.h"
+#include "gui/CallListDialog.h"
 #include "gui/ComputerInterfacePanel.h"
+#include "gui/DspSliderDialog.h"
+#include "gui/IncomingCallDialog.h"
 #include "gui/MainWindow.h"
 #include "gui/MessageBoxNotifier.h"
 #include "gui/RadioController.h"
 #include "radiodb/Frequency.h"
 #include "session/CallStore.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QSlider>
 #include <QTabWidget>
+#include <QTableWidget>
 #include <QTemporaryDir>
 
 using namespace koral;
@@ -189,13 +198,159 @@ private slots:
         QCOMPARE(QString::fromStdString(calls.log().back().to), to);
         QCOMPARE(calls.log().back().message, std::string("hello"));
         QTRY_VERIFY(radioState().call == radiosim::CallPhase::Linked);
-        screenshot(m_window.get(), "computer-interface-ale");
 
         QTest::mouseClick(panel()->abortButton(), Qt::LeftButton);
         QTRY_VERIFY(radioState().call == radiosim::CallPhase::Idle);
         QVERIFY(panel()->sendButton()->isEnabled());
         QVERIFY(MessageBoxNotifier::shownTexts().isEmpty());
         panel()->tabs()->setCurrentIndex(0);
+    }
+
+    void incomingCallIsAnnouncedStackedAndAnswered()
+    {
+        CallStore& calls = m_window->radio()->session().calls();
+        const std::size_t stacked = calls.stack().size();
+        const std::size_t logged = calls.log().size();
+        if (!radioState().aleOn)
+            m_memory.onRadio(
+                [](radiosim::VirtualRadio& radio) { radio.play(radiosim::FrontPanelKey{7}); });
+        // A station of the directory calls, so that the answer reaches it.
+        const std::string caller = panel()->toBox()->itemText(0).toStdString();
+        m_memory.onRadio([&](radiosim::VirtualRadio& radio) {
+            radio.play(radiosim::IncomingCall{radiosim::CallKind::Station, caller, "HELLO", 0});
+        });
+        QTRY_VERIFY(panel()->incomingCallDialog() && panel()->incomingCallDialog()->isVisible());
+        IncomingCallDialog* dialog = panel()->incomingCallDialog();
+        QCOMPARE(dialog->windowTitle(), QStringLiteral("Incoming Station Call."));
+        QCOMPARE(dialog->addressLabel()->text().toStdString(), caller);
+        QCOMPARE(dialog->messageLabel()->text(), QStringLiteral("HELLO"));
+        QCOMPARE(dialog->channelLabel()->text(), QString::number(radioState().activeChannel));
+        screenshot(dialog, "incoming-call");
+        dialog->accept();
+        QCOMPARE(calls.stack().size(), stacked + 1);
+        QCOMPARE(calls.log().size(), logged + 1);
+        QCOMPARE(calls.stack().back().from, caller);
+        QCOMPARE(calls.stack().back().message, std::string("HELLO"));
+
+        // The call shows that the radio's ALE is on: the ALE tab is there to answer from.
+        QVERIFY(panel()->tabs()->isTabVisible(1));
+        panel()->tabs()->setCurrentIndex(1);
+        QTest::mouseClick(panel()->stackButton(), Qt::LeftButton);
+        QTRY_VERIFY(panel()->callListDialog() && panel()->callListDialog()->isVisible());
+        CallListDialog* stack = panel()->callListDialog();
+        const int last = stack->grid()->rowCount() - 1;
+        QCOMPARE(last + 1, int(calls.stack().size()));
+        QCOMPARE(stack->grid()->item(last, 0)->text().toStdString(), caller);
+        QCOMPARE(stack->grid()->item(last, 5)->text(), QStringLiteral("Station"));
+        QTest::mouseClick(stack->button(text::kReply), Qt::LeftButton);
+        QCOMPARE(MessageBoxNotifier::shownTexts(),
+                 QStringList{QStringLiteral("Grid line is not valid, line = 0")});
+        stack->grid()->selectRow(last);
+        screenshot(stack, "stack-list");
+        QTest::mouseClick(stack->button(text::kReply), Qt::LeftButton);
+        QTRY_VERIFY(!panel()->callListDialog());
+        QCOMPARE(panel()->toBox()->currentText().toStdString(), caller);
+        QTRY_COMPARE_WITH_TIMEOUT(panel()->callStatusLabel()->text(),
+                                  QStringLiteral("Link was established."), 30000);
+        QCOMPARE(calls.log().back().to, caller);
+        QCOMPARE(calls.log().size(), logged + 2);
+
+        QTest::mouseClick(panel()->logButton(), Qt::LeftButton);
+        QTRY_VERIFY(panel()->callListDialog() && panel()->callListDialog()->isVisible());
+        CallListDialog* log = panel()->callListDialog();
+        QCOMPARE(log->grid()->rowCount(), int(calls.log().size()));
+        screenshot(log, "call-log");
+        log->grid()->selectRow(0);
+        QTest::mouseClick(log->button(text::kDelete), Qt::LeftButton);
+        QCOMPARE(log->grid()->rowCount(), int(logged + 1));
+        QCOMPARE(int(calls.log().size()), int(logged + 1));
+        log->close();
+
+        QTest::mouseClick(panel()->abortButton(), Qt::LeftButton);
+        QTRY_VERIFY(radioState().call == radiosim::CallPhase::Idle);
+        QCOMPARE(MessageBoxNotifier::shownTexts().size(), 1);
+        panel()->tabs()->setCurrentIndex(0);
+    }
+
+    void linkQualityExchangeAndSoundingStartAndAbort()
+    {
+        using Type = LinkQualityController::Type;
+        if (!radioState().aleOn)
+            m_memory.onRadio(
+                [](radiosim::VirtualRadio& radio) { radio.play(radiosim::FrontPanelKey{7}); });
+        // Sounding goes out on the channels of the net the radio scans.
+        QTest::mouseClick(panel()->startScanButton(), Qt::LeftButton);
+        QTRY_VERIFY(radioState().aleScanning);
+        QVERIFY(panel()->tabs()->isTabVisible(2));
+        panel()->tabs()->setCurrentIndex(1);
+        screenshot(panel(), "computer-interface-ale");
+        panel()->tabs()->setCurrentIndex(2);
+
+        QTest::mouseClick(panel()->linkQualityTypeButton(Type::BiDirectional), Qt::LeftButton);
+        choose(panel()->linkQualityToBox(), 0);
+        QTest::mouseClick(panel()->linkQualitySendButton(), Qt::LeftButton);
+        QTRY_VERIFY(radioState().call == radiosim::CallPhase::LinkQuality);
+        QVERIFY(panel()->bidirectionalIndicator()->isChecked());
+        QVERIFY(!panel()->linkQualitySendButton()->isEnabled());
+        screenshot(panel(), "computer-interface-link-quality");
+        QTest::mouseClick(panel()->linkQualityAbortButton(), Qt::LeftButton);
+        QTRY_VERIFY(radioState().call == radiosim::CallPhase::Idle);
+        QVERIFY(!panel()->bidirectionalIndicator()->isChecked());
+        QVERIFY(panel()->linkQualitySendButton()->isEnabled());
+
+        QTest::mouseClick(panel()->linkQualityTypeButton(Type::Sounding), Qt::LeftButton);
+        QTest::mouseClick(panel()->linkQualitySendButton(), Qt::LeftButton);
+        QTRY_VERIFY(radioState().sounding);
+        QVERIFY(panel()->soundingIndicator()->isChecked());
+        QTest::mouseClick(panel()->linkQualityAbortButton(), Qt::LeftButton);
+        QTRY_VERIFY(!radioState().sounding);
+        QVERIFY(!panel()->soundingIndicator()->isChecked());
+        QVERIFY(panel()->linkQualitySendButton()->isEnabled());
+
+        QTest::mouseClick(panel()->stopScanButton(), Qt::LeftButton);
+        QTRY_VERIFY(!radioState().aleScanning);
+        QVERIFY(MessageBoxNotifier::shownTexts().isEmpty());
+        panel()->tabs()->setCurrentIndex(0);
+    }
+
+    void clarifierAndNotchSettingsReachTheRadio()
+    {
+        QAction* clarifierOn = panel()->dspActions().at(0);
+        QAction* notchOn = panel()->dspActions().at(1);
+        clarifierOn->setChecked(true);
+        DspSliderDialog* clarifier = panel()->clarifierDialog();
+        QVERIFY(clarifier->isVisible());
+        QTest::mouseClick(clarifier->upButton(), Qt::LeftButton);
+        QTest::mouseClick(clarifier->upButton(), Qt::LeftButton);
+        QTRY_COMPARE(int(radioState().clarifierMagnitude), 20);
+        QCOMPARE(int(radioState().clarifierDirection), 1);
+        clarifier->slider()->setValue(-15);
+        QCOMPARE(clarifier->slider()->value(), -20);
+        QTRY_COMPARE(int(radioState().clarifierDirection), 2);
+        QCOMPARE(clarifier->stateLabel()->text(), QStringLiteral("ON"));
+        screenshot(clarifier, "clarifier");
+        QTest::mouseClick(clarifier->offButton(), Qt::LeftButton);
+        QTRY_COMPARE(int(radioState().clarifierDirection), 0);
+
+        notchOn->setChecked(true);
+        DspSliderDialog* notch = panel()->notchDialog();
+        notch->slider()->setValue(420);
+        QCOMPARE(notch->slider()->value(), 540);
+        QTRY_COMPARE(int(radioState().dspLevel), 1);
+        screenshot(notch, "notch-filter");
+        QTest::mouseClick(notch->offButton(), Qt::LeftButton);
+        QTRY_COMPARE(int(radioState().dspLevel), 0);
+
+        // Switching off puts the slider back without telling the radio.
+        clarifier->slider()->setValue(50);
+        QTRY_COMPARE(int(radioState().clarifierMagnitude), 50);
+        clarifierOn->setChecked(false);
+        QVERIFY(!clarifier->isVisible());
+        QCOMPARE(clarifier->slider()->value(), 0);
+        notchOn->setChecked(false);
+        QTest::qWait(50);
+        QCOMPARE(int(radioState().clarifierMagnitude), 50);
+        QVERIFY(MessageBoxNotifier::shownTexts().isEmpty());
     }
 
     void aRadioThatStopsAnsweringGivesTheMessageAndThePanelRecovers()

@@ -1,5 +1,7 @@
+#include "common/RecordingNotifier.h"
 #include "profile/ProfileFile.h"
 #include "session/CallFiles.h"
+#include "session/CallListEditor.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -108,6 +110,71 @@ private slots:
             QCOMPARE(loaded[0].from, std::string(99, 'L'));
             QVERIFY(loaded[1].from.empty()); // a missing record reads as empty fields
         }
+    }
+
+    // The Stack List's and the log's buttons on a list of three records; row 0 is the header.
+    void listButtons_data()
+    {
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<int>("row");
+        QTest::addColumn<QStringList>("left");
+        QTest::addColumn<QString>("replyTo");
+        QTest::addColumn<QString>("message");
+        const QStringList all{"FROM1", "FROM2", "FROM3"};
+        QTest::newRow("delete a record") << "delete" << 2 << QStringList{"FROM1", "FROM3"} << ""
+                                         << "";
+        QTest::newRow("delete the header") << "delete" << 0 << all << ""
+                                           << "";
+        QTest::newRow("delete without a row") << "delete" << -1 << all << ""
+                                              << "";
+        QTest::newRow("delete past the end") << "delete" << 4 << all << ""
+                                             << "";
+        QTest::newRow("delete all") << "deleteAll" << 1 << QStringList{} << ""
+                                    << "";
+        QTest::newRow("reply to a record") << "reply" << 3 << all << "FROM3"
+                                           << "";
+        QTest::newRow("reply on the header") << "reply" << 0 << all << ""
+                                             << "Grid line is not valid, line = 0";
+        QTest::newRow("reply without a row") << "reply" << -1 << all << ""
+                                             << "Grid line is not valid, line = 0";
+    }
+    void listButtons()
+    {
+        QFETCH(QString, button);
+        QFETCH(int, row);
+        QFETCH(QStringList, left);
+        QFETCH(QString, replyTo);
+        QFETCH(QString, message);
+        std::vector<CallRecord> list = records(3);
+        RecordingNotifier notifier;
+        CallListEditor editor(list, notifier);
+        QString replied;
+        if (button == "delete")
+            editor.deleteRow(row);
+        else if (button == "deleteAll")
+            editor.deleteAll();
+        else if (const auto record = editor.replyRecord(row))
+            replied = QString::fromStdString(record->from);
+        QStringList froms;
+        for (int r = 1; r <= editor.recordCount(); ++r)
+            froms << QString::fromStdString(editor.cell(r, 0));
+        QCOMPARE(froms, left);
+        QCOMPARE(replied, replyTo);
+        const auto texts = notifier.texts();
+        QCOMPARE(texts.empty() ? QString() : QString::fromStdString(texts.front()), message);
+    }
+
+    void gridColumnsFollowTheRecord()
+    {
+        std::vector<CallRecord> list = records(1);
+        RecordingNotifier notifier;
+        CallListEditor editor(list, notifier);
+        QStringList cells;
+        for (int c = 0; c < int(CallListEditor::kColumns.size()); ++c)
+            cells << QString::fromStdString(editor.cell(1, c));
+        QCOMPARE(cells, (QStringList{"FROM1", "TO1", "11/23/26", "10:00:01", "10:01:00", "Station",
+                                     "1", "12"}));
+        QCOMPARE(editor.cell(0, 0), std::string());
     }
 
     void missingFileIsEmpty()

@@ -21,6 +21,26 @@ CRadioMessage report(int opcode, std::initializer_list<std::uint8_t> payload)
     return message;
 }
 
+// A call report (opcode 79) from `address` on channel 7 with link quality 22.
+CRadioMessage callReport(const std::string& address, const std::string& message)
+{
+    CRadioMessage call;
+    call.prepareReport();
+    call.setOpcodeAndLength(79, 20 + (message.empty() ? 0 : 91));
+    call[7] = 7;
+    call[8] = 22;
+    call[9] = message.empty() ? 0 : 1;
+    std::copy(address.begin(), address.end(), call.bytes.begin() + 10);
+    std::copy(message.begin(), message.end(), call.bytes.begin() + 26);
+    return call;
+}
+
+void copyText(AleAddress& field, const std::string& text)
+{
+    field = {};
+    std::copy(text.begin(), text.end(), field.begin());
+}
+
 } // namespace
 
 class DispatcherTest : public QObject
@@ -75,6 +95,195 @@ private slots:
         QCOMPARE(session.dispatcher().callControls().idle, !linkedAfter);
         QCOMPARE(session.view().linked, linkedAfter);
         QCOMPARE(texts(fixture.notifier), QStringList());
+    }
+
+    // Steps: a = a call from STN1, b = a call from STN2, c = the operator closes the dialog,
+    // r = the radio ends the call (channel busy).
+    void incomingCallsAreRecordedOnce_data()
+    {
+        QTest::addColumn<QString>("steps");
+        QTest::addColumn<QStringList>("stacked");
+        QTest::newRow("announced and closed") << "ac" << QStringList{"STN1"};
+        QTest::newRow("announced only") << "a" << QStringList{};
+        QTest::newRow("the same report dispatched twice") << "aac" << QStringList{"STN1"};
+        QTest::newRow("a second call keeps the first") << "abc" << QStringList{"STN1", "STN2"};
+        QTest::newRow("ended by the radio, then closed") << "arc" << QStringList{"STN1"};
+        QTest::newRow("closed twice") << "acc" << QStringList{"STN1"};
+    }
+    void incomingCallsAreRecordedOnce()
+    {
+        QFETCH(QString, steps);
+        QFETCH(QStringList, stacked);
+        SessionFixture fixture;
+        auto& session = *fixture.session;
+        QSignalSpy announced(&session.dispatcher(), &MessageDispatcher::incomingCall);
+        for (QChar step : steps) {
+            if (step == 'a')
+                session.dispatcher().dispatchMessage(callReport("STN1", "HELLO"));
+            else if (step == 'b')
+                session.dispatcher().dispatchMessage(callReport("STN2", ""));
+            else if (step == 'r')
+                session.dispatcher().dispatchMessage(report(85, {2}));
+            else
+                session.dispatcher().closeIncomingCall();
+        }
+        QStringList froms;
+        for (const CallRecord& record : session.calls().stack())
+            froms << QString::fromStdString(record.from);
+        QCOMPARE(froms, stacked);
+        QCOMPARE(int(session.calls().log().size()), int(stacked.size()));
+        QCOMPARE(announced.size(), int(steps.count('a') + steps.count('b')));
+        if (!stacked.isEmpty()) {
+            const CallRecord& first = session.calls().log().front();
+            QCOMPARE(first.channel, std::string("7"));
+            QCOMPARE(first.message, std::string("HELLO"));
+            QCOMPARE(first.callType, std::string("Station"));
+            QVERIFY(!first.end.empty());
+        }
+        QCOMPARE(session.calls().channelValue(7), 22);
+    }
+
+    void recordedCallsSurviveARestart()
+    {
+        SessionFixture fixture;
+        fixture.session->dispatcher().dispatchMessage(callReport("STN1", "HELLO"));
+        fixture.session->dispatcher().closeIncomingCall();
+        fixture.session =
+            std::make_unique<ControlCenterSession>(fixture.notifier, fixture.dataDir());
+        fixture.session->calls().load();
+        QCOMPARE(int(fixture.session->calls().stack().size()), 1);
+        QCOMPARE(fixture.session->calls().log().front().message, std::string("HELLO"));
+    }
+
+    // Reply from the stack: whom it calls and on which channel.
+    void replyCallsTheOtherParty_data()
+    {
+        QTest::addColumn<QString>("from");
+        QTest::addColumn<QString>("to");
+        QTest::addColumn<QString>("channel");
+        QTest::addColumn<QString>("called");
+        QTest::addColumn<QString>("calledOn");
+        QTest::newRow("an incoming call calls its caller back") << "STN1"
+                                                                << ""
+                                                                << "12"
+                                                                << "STN1"
+                                                                << "12";
+        QTest::newRow("an outgoing call calls its station again") << "BASE01"
+                                                                  << "STN2"
+                                                                  << "12"
+                                                                  << "STN2"
+                                                                  << "12";
+        QTest::newRow("a caller not in the directory") << "FAR9"
+                                                       << ""
+                                                       << "12"
+                                                       << "FAR9"
+                                                       << "12";
+        QTest::newRow("an automatic channel stays automatic") << "STN1"
+                                                              << ""
+                                                              << "255"
+                                                              << "STN1"
+                                                              << "Auto";
+        QTest::newRow("a channel the radio cannot use goes automatic") << "STN1"
+                                                                       << ""
+                                                                       << "13"
+                                                                       << "STN1"
+                                                                       << "Auto";
+    }
+    void replyCallsTheOtherParty()
+    {
+        QFETCH(QString, from);
+        QFETCH(QString, to);
+        QFETCH(QString, channel);
+        QFETCH(QString, called);
+        QFETCH(QString, calledOn);
+        SessionFixture fixture;
+        auto& session = *fixture.session;
+        session.link().setReportNoResponse(false);
+        session.view().databaseRead = true;
+        SessionRecords& records = session.records();
+        copyText(records.ale.directory[0], "STN1");
+        copyText(records.ale.directory[1], "STN2");
+        copyText(records.ale.nets[0].selfAddress, "BASE01");
+        records.radio.channelNo(12).rxFrequency.set(7'000'000);
+        session.aleCalls().refresh();
+        CallRecord record;
+        record.from = from.toStdString();
+        record.to = to.toStdString();
+        record.channel = channel.toStdString();
+        session.aleCalls().reply(record);
+        const AleCallController& ale = session.aleCalls();
+        QCOMPARE(QString::fromStdString(ale.addresses()[std::size_t(ale.addressRow())]), called);
+        QCOMPARE(QString::fromStdString(ale.channelChoices()[std::size_t(ale.channelRow())]),
+                 calledOn);
+        QCOMPARE(ale.callType(), AleCallController::CallType::Station);
+        QCOMPARE(QString::fromStdString(session.calls().currentCall().to), called);
+        QCOMPARE(session.view().lastOpcode, 69);
+        QCOMPARE(texts(fixture.notifier), QStringList());
+    }
+
+    void linkQualityRequests_data()
+    {
+        QTest::addColumn<int>("scan"); // -1 no scan control, 0 not scanning, 1 scanning
+        QTest::addColumn<bool>("databaseRead");
+        QTest::addColumn<int>("type"); // 0 bidirectional, 1 sounding
+        QTest::addColumn<bool>("toNet");
+        QTest::addColumn<int>("callState");
+        QTest::addColumn<bool>("bidirectional");
+        QTest::addColumn<bool>("sounding");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("a station") << 0 << true << 0 << false << 37 << true << false << "";
+        QTest::newRow("the net's name") << 1 << true << 0 << true << 38 << true << false << "";
+        QTest::newRow("sounding while scanning")
+            << 1 << true << 1 << false << 62 << false << true << "";
+        QTest::newRow("sounding without a scan")
+            << 0 << true << 1 << false << 1 << false << false
+            << "Sounding needs the radio scanning an ALE net: start the scan first.";
+        QTest::newRow("no scan control")
+            << -1 << true << 0 << false << 1 << false << false << "Scan Button is disable!";
+        QTest::newRow("nothing read") << 0 << false << 0 << false << 1 << false << false
+                                      << "You must read Data Base from radio!";
+    }
+    void linkQualityRequests()
+    {
+        QFETCH(int, scan);
+        QFETCH(bool, databaseRead);
+        QFETCH(int, type);
+        QFETCH(bool, toNet);
+        QFETCH(int, callState);
+        QFETCH(bool, bidirectional);
+        QFETCH(bool, sounding);
+        QFETCH(QString, message);
+        SessionFixture fixture;
+        auto& session = *fixture.session;
+        session.link().setReportNoResponse(false);
+        session.view().callState = 1;
+        session.view().databaseRead = databaseRead;
+        copyText(session.records().ale.directory[0], "STN1");
+        copyText(session.records().ale.nets[0].name, "NET1");
+        session.aleCalls().refresh();
+        // The radio was scanning when it was read.
+        session.view().operationMode = scan == 1 ? 4 : 0;
+        session.channels().takeRadioState();
+        session.channels().setEnabled(scan >= 0);
+        QCOMPARE(session.channels().scanState(), scan);
+
+        LinkQualityController& lq = session.linkQuality();
+        lq.setType(LinkQualityController::Type(type));
+        lq.selectAddress(toNet ? int(session.aleCalls().addresses().size()) - 1 : 0);
+        lq.send();
+        QCOMPARE(session.view().callState, callState);
+        QCOMPARE(lq.bidirectionalActive(), bidirectional);
+        QCOMPARE(lq.soundingActive(), sounding);
+        QCOMPARE(lq.abortEnabled(), bidirectional || sounding);
+        const QStringList shown = texts(fixture.notifier);
+        QCOMPARE(shown.isEmpty() ? QString() : shown.front(), message);
+
+        // The radio ends the exchange: its indicator goes out and Send comes back.
+        session.dispatcher().dispatchMessage(report(85, {std::uint8_t(type)}));
+        QVERIFY(!lq.bidirectionalActive() && !lq.soundingActive());
+        QVERIFY(lq.sendEnabled());
+        // An abort of an exchange that has ended sends nothing.
+        QCOMPARE(lq.abort(), 0);
     }
 
     void commonTail_data()

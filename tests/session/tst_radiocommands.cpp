@@ -87,6 +87,84 @@ private slots:
         QCOMPARE(fixture.session->commands().isEnabled(ViewCommands::Command::Monitor), enabled);
     }
 
+    void dspSlidersSendWhatTheyShow()
+    {
+        using Kind = DspSlider::Kind;
+        using Scroll = DspSlider::Scroll;
+        enum Action
+        {
+            Move,
+            Up,
+            Off,
+            Disable
+        };
+        // Each row starts where the previous one left the slider and the radio.
+        struct Row
+        {
+            const char* name;
+            Kind kind;
+            Action action;
+            int position;
+            Scroll how;
+            int shown;
+            int radio; // the clarifier as a signed value, the notch as its step index
+        };
+        const Row rows[] = {
+            {"15 rounds up", Kind::Clarifier, Move, 15, Scroll::LineDown, 20, 20},
+            {"-15 rounds away from zero", Kind::Clarifier, Move, -15, Scroll::PageUp, -20, -20},
+            {"14 rounds down", Kind::Clarifier, Move, 14, Scroll::ThumbPosition, 10, 10},
+            {"dragging sends nothing", Kind::Clarifier, Move, 37, Scroll::ThumbTrack, 40, 10},
+            {"end of scroll sends nothing", Kind::Clarifier, Move, 90, Scroll::EndScroll, 90, 10},
+            {"a step from the top stays there", Kind::Clarifier, Move, 200, Scroll::LineDown, 200,
+             200},
+            {"step up at the top", Kind::Clarifier, Up, 0, Scroll::LineDown, 200, 200},
+            {"zero", Kind::Clarifier, Off, 0, Scroll::ThumbPosition, 0, 0},
+            {"50 then disabled", Kind::Clarifier, Move, 50, Scroll::LineUp, 50, 50},
+            {"disabling tells the radio nothing", Kind::Clarifier, Disable, 0, Scroll::LineUp, 0,
+             50},
+            {"notch 420 is step 1", Kind::Notch, Move, 420, Scroll::ThumbPosition, 540, 1},
+            {"notch 419 is off", Kind::Notch, Move, 419, Scroll::ThumbPosition, 300, 0},
+            {"notch top", Kind::Notch, Move, 2700, Scroll::PageDown, 2700, 10},
+            {"notch step up clamps", Kind::Notch, Up, 0, Scroll::LineDown, 2700, 10},
+            {"notch dragged", Kind::Notch, Move, 1500, Scroll::ThumbTrack, 1500, 10},
+            {"notch off", Kind::Notch, Off, 0, Scroll::ThumbPosition, 300, 0},
+        };
+        SessionFixture fixture;
+        QVERIFY(fixture.startUp());
+        auto& session = *fixture.session;
+        session.clarifier().setEnabled(true);
+        session.notch().setEnabled(true);
+        for (const Row& row : rows) {
+            DspSlider& slider = row.kind == Kind::Clarifier ? session.clarifier() : session.notch();
+            switch (row.action) {
+            case Move:
+                slider.scroll(row.position, row.how);
+                break;
+            case Up:
+                slider.stepUp();
+                break;
+            case Off:
+                slider.toOff();
+                break;
+            case Disable:
+                slider.setEnabled(false);
+                break;
+            }
+            QVERIFY2(slider.position() == row.shown, row.name);
+            CRadioMessage reply;
+            if (row.kind == Kind::Clarifier) {
+                QVERIFY(
+                    session.link().query(&ReportClarifierPosition, op::ClarifierPosition, reply));
+                const int value = reply[6] == 1 ? reply[7] : reply[6] == 2 ? -reply[7] : 0;
+                QVERIFY2(value == row.radio, row.name);
+            } else {
+                QVERIFY(session.link().query(&ReportDspMenuParameters, op::DspParameters, reply));
+                QVERIFY2(reply[6] == row.radio, row.name);
+            }
+        }
+        QCOMPARE(texts(fixture.notifier), QStringList());
+    }
+
     void remoteControlAlternates()
     {
         SessionFixture fixture;
