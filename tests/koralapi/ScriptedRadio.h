@@ -4,7 +4,6 @@
 #include "koralapi/LinkLayer.h"
 
 #include <QIODevice>
-#include <QTcpServer>
 #include <QThread>
 
 #include <atomic>
@@ -25,10 +24,6 @@ public:
 
     // The program's end of an in-process pipe to this radio.
     std::unique_ptr<QIODevice> pipeEnd();
-    // A loopback TCP port served by this radio; the name to open is tcp:127.0.0.1:PORT.
-    quint16 listenTcp();
-    // A pseudo-terminal served by this radio; the path to open as a serial device.
-    QString servePty();
 
     // Sends a message of its own (an unsolicited report), from any thread.
     void report(int opcode, std::vector<std::uint8_t> payload);
@@ -57,8 +52,6 @@ private:
     koral::LinkLayer* m_link = nullptr;
     QIODevice* m_device = nullptr;
     std::unique_ptr<QIODevice> m_ownedDevice;
-    QTcpServer* m_server = nullptr;
-    int m_ptySlave = -1;
     struct Write
     {
         int target = 0;

@@ -1,28 +1,15 @@
 // koralctl's radio commands run in-process against the built-in virtual radio (port 1).
 
-#include "cli/Command.h"
+#include "support/KoralctlRunner.h"
 
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <fstream>
-#include <sstream>
+
+using koral::test::runKoralctl;
 
 namespace {
-struct Result
-{
-    int code;
-    std::string out;
-    std::string err;
-};
-
-Result koralctl(std::vector<std::string> arguments)
-{
-    std::ostringstream out, err;
-    const int code = koral::cli::run(arguments, out, err);
-    return {code, out.str(), err.str()};
-}
-
 std::string readFile(const std::string& path)
 {
     std::ifstream in(path, std::ios::binary);
@@ -40,10 +27,10 @@ class TestKoralctlRadio : public QObject
 private slots:
     void probeTellsWhatTheRadioIs()
     {
-        const Result r = koralctl({"probe", "--port", "1", "--baud", "9600"});
-        QCOMPARE(r.code, 0);
-        QVERIFY(r.out.find("Selective calling: ALE\n") != std::string::npos);
-        QVERIFY(r.out.find("Program word: 0x") != std::string::npos);
+        const auto r = runKoralctl({"probe", "--port", "1", "--baud", "9600"});
+        QCOMPARE(r.exitCode, 0);
+        QVERIFY(r.out.contains("Selective calling: ALE\n"));
+        QVERIFY(r.out.contains("Program word: 0x"));
     }
 
     // What read saves, write puts back; a changed channel reaches the radio, the old contents
@@ -51,9 +38,10 @@ private slots:
     void readThenWriteRoundTrips()
     {
         const std::string base = path("radio");
-        Result r = koralctl({"read", "--port=1", "--baud=9600", "-o", base});
-        QCOMPARE(r.code, 0);
-        QVERIFY(r.err.find("Reading Channels Section\n") != std::string::npos); // plain lines
+        auto r =
+            runKoralctl({"read", "--port=1", "--baud=9600", "-o", QString::fromStdString(base)});
+        QCOMPARE(r.exitCode, 0);
+        QVERIFY(r.err.contains("Reading Channels Section\n")); // plain lines
         std::string rss = readFile(base + ".rss");
         const auto at = rss.find("\nChannel2=");
         QVERIFY(at != std::string::npos);
@@ -61,9 +49,9 @@ private slots:
         rss.replace(at, end - at, "\nChannel2=Max,USB,2639000,2640000,Slow,SSB,2700");
         std::ofstream(path("changed.rss"), std::ios::binary) << rss;
 
-        r = koralctl(
-            {"write", "--port", "1", "--baud", "9600", path("changed.rss"), base + ".ale"});
-        QCOMPARE(r.code, 0);
+        r = runKoralctl({"write", "--port", "1", "--baud", "9600", dir.filePath("changed.rss"),
+                         QString::fromStdString(base + ".ale")});
+        QCOMPARE(r.exitCode, 0);
         QVERIFY(QFile::exists(QString::fromStdString(path("changed.before-write.rss"))));
         QVERIFY(QFile::exists(QString::fromStdString(path("changed.before-write.ale"))));
         // Each opening of port 1 is a fresh radio, so the round trip is checked on the same
@@ -111,20 +99,17 @@ private slots:
     {
         QFETCH(QStringList, arguments);
         QFETCH(QString, message);
-        std::vector<std::string> args;
-        for (const QString& a : arguments)
-            args.push_back(a.toStdString());
-        const Result r = koralctl(args);
-        QCOMPARE(r.code, 2);
-        QVERIFY2(r.err.find(message.toStdString()) != std::string::npos, r.err.c_str());
+        const auto r = runKoralctl(arguments);
+        QCOMPARE(r.exitCode, 2);
+        QVERIFY2(r.err.contains(message), qPrintable(r.err));
     }
 
     void biteReportsResultsAndSummary()
     {
-        const Result r = koralctl({"bite", "--port", "1", "--baud", "9600", "--type", "lowrf"});
-        QCOMPARE(r.code, 0);
-        QVERIFY(r.out.find("Summary: ") != std::string::npos);
-        QVERIFY(r.out.find("\tPassed\n") != std::string::npos);
+        const auto r = runKoralctl({"bite", "--port", "1", "--baud", "9600", "--type", "lowrf"});
+        QCOMPARE(r.exitCode, 0);
+        QVERIFY(r.out.contains("Summary: "));
+        QVERIFY(r.out.contains("\tPassed\n"));
     }
 };
 
