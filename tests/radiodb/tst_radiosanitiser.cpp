@@ -152,21 +152,21 @@ private slots:
 
     void groupsKeepOnlyRealChannels_data()
     {
+        const auto row = [](const char* name, int count, int guard, const QList<int>& members,
+                            int keptGuard, const QList<int>& kept) {
+            QTest::newRow(name) << count << guard << members << keptGuard << kept;
+        };
         QTest::addColumn<int>("channelCount");
         QTest::addColumn<int>("guard");
         QTest::addColumn<QList<int>>("members");
         QTest::addColumn<int>("expectedGuard");
         QTest::addColumn<QList<int>>("expectedMembers");
-        QTest::newRow("guard that is a member stays")
-            << 200 << 17 << QList<int>{3, 5, 17} << 17 << QList<int>{3, 5, 17};
-        QTest::newRow("guard that is no member is dropped")
-            << 200 << 100 << QList<int>{5} << 65535 << QList<int>{5};
-        QTest::newRow("empty bitmap drops the guard")
-            << 200 << 12 << QList<int>{} << 65535 << QList<int>{};
-        QTest::newRow("bit 0 is never a channel")
-            << 200 << 0 << QList<int>{0, 1} << 65535 << QList<int>{1};
-        QTest::newRow("channels above the radio's count go")
-            << 100 << 150 << QList<int>{99, 100, 101, 150, 200} << 65535 << QList<int>{99, 100};
+        row("guard that is a member stays", 200, 17, {3, 5, 17}, 17, {3, 5, 17});
+        row("guard that is no member is dropped", 200, 100, {5}, 65535, {5});
+        row("empty bitmap drops the guard", 200, 12, {}, 65535, {});
+        row("bit 0 is never a channel", 200, 0, {0, 1}, 65535, {1});
+        row("channels above the radio's count go", 100, 150, {99, 100, 101, 150, 200}, 65535,
+            {99, 100});
     }
     void groupsKeepOnlyRealChannels()
     {
