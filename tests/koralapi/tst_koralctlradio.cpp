@@ -61,39 +61,38 @@ private slots:
 
     void badArgumentsAreErrors_data()
     {
+        const auto row = [](const char* name, const QStringList& arguments, const char* message) {
+            QTest::newRow(name) << arguments << QString(message);
+        };
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<QString>("message");
-        QTest::newRow("no port") << QStringList{"probe"} << "--port P is required";
-        QTest::newRow("bad baud")
-            << QStringList{"probe", "--port", "1", "--baud", "fast"}
-            << "'fast' is not a baud rate of the radio (1200, 2400, 4800 or 9600)";
-        QTest::newRow("probe at a rate the radio lacks")
-            << QStringList{"probe", "--port", "1", "--baud", "12345"} << "'12345' is not a baud";
-        QTest::newRow("read at the largest number")
-            << QStringList{"read", "--port", "1", "--baud", "2147483647", "-o", "radio"}
-            << "'2147483647' is not a baud";
-        QTest::newRow("write at one baud")
-            << QStringList{"write", "--port", "1", "--baud", "1", KORAL_EXAMPLES_DIR "/radio.rss"}
-            << "'1' is not a baud";
-        QTest::newRow("bite at a computer's rate")
-            << QStringList{"bite", "--port", "1", "--baud", "115200"} << "'115200' is not a baud";
+        row("no port", {"probe"}, "--port P is required");
+        row("bad baud", {"probe", "--port", "1", "--baud", "fast"},
+            "'fast' is not a baud rate of the radio (1200, 2400, 4800 or 9600)");
+        row("probe at a rate the radio lacks", {"probe", "--port", "1", "--baud", "12345"},
+            "'12345' is not a baud");
+        row("read at the largest number",
+            {"read", "--port", "1", "--baud", "2147483647", "-o", "radio"},
+            "'2147483647' is not a baud");
+        row("write at one baud",
+            {"write", "--port", "1", "--baud", "1", KORAL_EXAMPLES_DIR "/radio.rss"},
+            "'1' is not a baud");
+        row("bite at a computer's rate", {"bite", "--port", "1", "--baud", "115200"},
+            "'115200' is not a baud");
         // The output is checked before the port is opened, so a port that is not there does
         // not matter.
-        QTest::newRow("output into a missing folder")
-            << QStringList{"read", "--port", "/dev/koral-none", "-o", "missing/folder/base"}
-            << "Cannot write the file missing/folder/base.rss: No such file or directory";
-        QTest::newRow("empty output name")
-            << QStringList{"read", "--port", "/dev/koral-none", "-o", ""} << "names no file";
-        QTest::newRow("output into a folder without a name")
-            << QStringList{"read", "--port", "/dev/koral-none", "-o", "out/"} << "names no file";
-        QTest::newRow("no output") << QStringList{"read", "--port", "1"} << "-o BASE is required";
-        QTest::newRow("missing value") << QStringList{"read", "--port"} << "needs a value";
-        QTest::newRow("unknown port") << QStringList{"probe", "--port", "/dev/koral-none"}
-                                      << "cannot open port /dev/koral-none";
-        QTest::newRow("bad test type")
-            << QStringList{"bite", "--port", "1", "--type", "x"} << "unknown test type 'x'";
-        QTest::newRow("write needs an rss file")
-            << QStringList{"write", "--port", "1", "radio.ale"} << "unknown file kind";
+        row("output into a missing folder",
+            {"read", "--port", "/dev/koral-none", "-o", "missing/folder/base"},
+            "Cannot write the file missing/folder/base.rss: No such file or directory");
+        row("empty output name", {"read", "--port", "/dev/koral-none", "-o", ""}, "names no file");
+        row("output into a folder without a name",
+            {"read", "--port", "/dev/koral-none", "-o", "out/"}, "names no file");
+        row("no output", {"read", "--port", "1"}, "-o BASE is required");
+        row("missing value", {"read", "--port"}, "needs a value");
+        row("unknown port", {"probe", "--port", "/dev/koral-none"},
+            "cannot open port /dev/koral-none");
+        row("bad test type", {"bite", "--port", "1", "--type", "x"}, "unknown test type 'x'");
+        row("write needs an rss file", {"write", "--port", "1", "radio.ale"}, "unknown file kind");
     }
     void badArgumentsAreErrors()
     {
