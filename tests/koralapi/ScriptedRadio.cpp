@@ -34,28 +34,6 @@ ScriptedRadio::~ScriptedRadio()
     m_thread.wait();
 }
 
-void ScriptedRadio::attach(QIODevice* device)
-{
-    m_device = device;
-    m_link->attach(device);
-}
-
-void ScriptedRadio::setSilent(bool silent)
-{
-    runIn(this, [this, silent] {
-        if (!m_device)
-            return;
-        // A silent radio hears nothing: the bytes are read and dropped unseen.
-        disconnect(m_device, &QIODevice::readyRead, this, nullptr);
-        if (silent) {
-            m_link->detach();
-            connect(m_device, &QIODevice::readyRead, this, [this] { m_device->readAll(); });
-        } else {
-            m_link->attach(m_device);
-        }
-    });
-}
-
 std::unique_ptr<QIODevice> ScriptedRadio::pipeEnd()
 {
     auto [program, radio] = InProcessPipe::create();
@@ -63,7 +41,7 @@ std::unique_ptr<QIODevice> ScriptedRadio::pipeEnd()
     raw->moveToThread(&m_thread);
     runIn(this, [this, raw] {
         m_ownedDevice.reset(raw);
-        attach(raw);
+        m_link->attach(raw);
     });
     return std::move(program);
 }
@@ -76,8 +54,8 @@ void ScriptedRadio::report(int opcode, std::vector<std::uint8_t> payload)
 void ScriptedRadio::noise(QByteArray bytes)
 {
     QMetaObject::invokeMethod(this, [this, bytes] {
-        if (m_device)
-            m_device->write(bytes);
+        if (m_ownedDevice)
+            m_ownedDevice->write(bytes);
     });
 }
 

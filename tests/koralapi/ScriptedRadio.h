@@ -30,8 +30,6 @@ public:
     // Raw bytes on the line, bypassing the link (noise).
     void noise(QByteArray bytes);
 
-    // Fault: hear nothing at all (the link does not even acknowledge).
-    void setSilent(bool silent);
     // Acknowledge requests but never answer queries.
     std::atomic<bool> mute{false};
 
@@ -41,7 +39,6 @@ public:
     std::vector<int> requests; // opcodes received, in order
 
 private:
-    void attach(QIODevice* device);
     void onMessage(const QByteArray& bytes);
     void send(const koral::CRadioMessage& message);
     void answer(int opcode, std::vector<std::uint8_t> payload);
@@ -50,7 +47,6 @@ private:
 
     QThread m_thread;
     koral::LinkLayer* m_link = nullptr;
-    QIODevice* m_device = nullptr;
     std::unique_ptr<QIODevice> m_ownedDevice;
     struct Write
     {

@@ -234,6 +234,10 @@ private slots:
         QTest::qWait(50);
         QElapsedTimer clock;
         clock.start();
+        const CRadioMessage ask = built(ReportSquelchState);
+        QCOMPARE(engine->SendRadioMessage(&ask), 0); // never acknowledged: not sent
+        QVERIFY(clock.elapsed() <= 2 * engine->timing().sendBoundMs());
+        clock.restart();
         unsigned char word = 0;
         QCOMPARE(ReadProgramWord(engine.get(), &word), 0);
         QVERIFY(clock.elapsed() <= 2 * engine->timing().sendBoundMs() + engine->timing().replyMs());

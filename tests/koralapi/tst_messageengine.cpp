@@ -246,35 +246,6 @@ private slots:
         QVERIFY(ReadProgramWord(engine.get(), &word));
     }
 
-    // Every fault ends in a failure result within its bound, and the link recovers.
-    void silentRadioFailsWithinBounds()
-    {
-        QVERIFY(open());
-        radio->setSilent(true);
-        const LinkTiming timing = engine->timing();
-        const qint64 sendBound = 2 * timing.sendBoundMs();
-        QElapsedTimer clock;
-
-        clock.start();
-        const CRadioMessage ask = query(ReportSquelchState);
-        QCOMPARE(engine->SendRadioMessage(&ask), 0);
-        QVERIFY(clock.elapsed() <= sendBound);
-
-        clock.restart();
-        unsigned char word = 0;
-        QCOMPARE(ReadProgramWord(engine.get(), &word), 0);
-        QVERIFY(clock.elapsed() <= sendBound + timing.replyMs());
-
-        clock.restart();
-        std::vector<std::uint8_t> record(record::kDbaseSize);
-        QCOMPARE(readTarget(engine.get(), TransferTarget::Radio, record, 0, {}, {}, 1), 0);
-        QVERIFY(clock.elapsed() <= sendBound + 1000);
-
-        radio->setSilent(false);
-        QVERIFY(ReadProgramWord(engine.get(), &word));
-        QCOMPARE(word, 0x5A);
-    }
-
     void unansweredQueryFailsAfterReplyBound()
     {
         QVERIFY(open());
