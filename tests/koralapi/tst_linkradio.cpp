@@ -152,8 +152,8 @@ private slots:
             ReadCurrentChannel(engine.get(), reinterpret_cast<koral::channel*>(channel.data())));
     }
 
-    // A channel change brings an unsolicited channel report to the worker, while the reply
-    // the user-interface thread waits for never reaches it.
+    // A channel change brings an unsolicited channel report to the worker, in order, while
+    // the reply the user-interface thread waits for never reaches it.
     void repliesStayApartFromReports_data() { addTransports(); }
     void repliesStayApartFromReports()
     {
@@ -161,12 +161,14 @@ private slots:
         QVERIFY(open(transport));
         std::atomic<bool> stop{false};
         std::atomic<int> reports{0}, stolen{0};
+        std::vector<int> channels; // read once the worker has ended
         std::thread worker([&] {
             CRadioMessage message;
             while (!stop) {
                 if (engine->GetMessage(&message, 1) != 1)
                     continue;
-                reports += message.GetOpcode() == op::ChannelReport;
+                if (message.GetOpcode() == op::ChannelReport)
+                    channels.push_back(message[7]), ++reports;
                 stolen += message.GetOpcode() == op::ActiveChannel;
             }
         });
@@ -183,6 +185,7 @@ private slots:
         stop = true;
         worker.join();
         QCOMPARE(stolen.load(), 0);
+        QCOMPARE(channels, (std::vector<int>{3, 5, 7}));
     }
 
     // What is written comes back byte for byte; the progress counts every record byte.

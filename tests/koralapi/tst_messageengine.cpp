@@ -90,47 +90,6 @@ private slots:
         QCOMPARE(reply[7], 12);
     }
 
-    // The worker's GetMessage never sees the reply the user-interface thread waits for, and
-    // the reports that come meanwhile are all delivered to the worker, in order.
-    void repliesStayApartFromUnsolicited()
-    {
-        QVERIFY(open());
-        std::atomic<bool> stop{false};
-        std::mutex seenMutex;
-        std::vector<int> seen;
-        std::thread worker([&] {
-            CRadioMessage message;
-            while (!stop) {
-                if (engine->GetMessage(&message, 1) == 1) {
-                    std::lock_guard lock(seenMutex);
-                    seen.push_back(message[6]);
-                    QCOMPARE(message.GetOpcode(), op::ChannelReport);
-                }
-            }
-        });
-        for (int round = 0; round < 5; ++round) {
-            radio->report(op::ChannelReport, {static_cast<std::uint8_t>(2 * round)});
-            engine->LockGetMessage();
-            radio->report(op::ChannelReport, {static_cast<std::uint8_t>(2 * round + 1)});
-            const CRadioMessage ask = query(ReportActiveChannel);
-            QVERIFY(engine->SendRadioMessage(&ask));
-            CRadioMessage reply;
-            QVERIFY(engine->GetMessageWithOpcode(&reply, op::ActiveChannel));
-            QCOMPARE(reply[7], 12);
-        }
-        QTRY_VERIFY_WITH_TIMEOUT(
-            [&] {
-                std::lock_guard lock(seenMutex);
-                return seen.size() == 10;
-            }(),
-            5000);
-        stop = true;
-        worker.join();
-        std::vector<int> expected(10);
-        std::iota(expected.begin(), expected.end(), 0);
-        QCOMPARE(seen, expected);
-    }
-
     void getMessageWaitsThenReportsState()
     {
         QVERIFY(open());
