@@ -203,43 +203,39 @@ private slots:
         QCOMPARE(int(db.radioOptions.priorityChannel.get()), 1);
     }
 
-    void deleteLsbForcesUpperSideband_data()
+    // An option rules its setting: Delete LSB forces every channel to the upper sideband, and
+    // the noise blanker stays on only while its option is enabled.
+    void optionsRuleTheirSettings_data()
     {
+        QTest::addColumn<int>("slot");
         QTest::addColumn<int>("status");
-        QTest::addColumn<int>("sideband");
-        QTest::newRow("option enabled") << 1 << 1;
-        QTest::newRow("option disabled") << 0 << 0;
+        QTest::addColumn<int>("setting");
+        const auto row = [](const char* name, OptionSlot slot, int status, int setting) {
+            QTest::newRow(name) << int(slot) << status << setting;
+        };
+        row("delete LSB enabled", OptionSlot::DeleteLsb, 1, 1);
+        row("delete LSB disabled", OptionSlot::DeleteLsb, 0, 0);
+        row("noise blanker enabled", OptionSlot::NoiseBlanker, 1, 1);
+        row("noise blanker disabled", OptionSlot::NoiseBlanker, 0, 0);
+        row("noise blanker status out of range", OptionSlot::NoiseBlanker, 2, 0);
     }
-    void deleteLsbForcesUpperSideband()
+    void optionsRuleTheirSettings()
     {
+        QFETCH(int, slot);
         QFETCH(int, status);
-        QFETCH(int, sideband);
-        dbase db{};
-        db.option(OptionSlot::DeleteLsb).status = std::uint8_t(status);
+        QFETCH(int, setting);
+        dbase db = validRecord();
+        db.option(OptionSlot(slot)).status = std::uint8_t(status);
         db.channelNo(7).sideband = 0;
         db.channelNo(200).sideband = 0;
-        sanitise(db);
-        QCOMPARE(int(db.channelNo(7).sideband), sideband);
-        QCOMPARE(int(db.channelNo(200).sideband), sideband);
-    }
-
-    void noiseBlankerFollowsItsOption_data()
-    {
-        QTest::addColumn<int>("status");
-        QTest::addColumn<int>("noiseBlanker");
-        QTest::newRow("option enabled") << 1 << 1;
-        QTest::newRow("option disabled") << 0 << 0;
-        QTest::newRow("option status out of range") << 2 << 0;
-    }
-    void noiseBlankerFollowsItsOption()
-    {
-        QFETCH(int, status);
-        QFETCH(int, noiseBlanker);
-        dbase db = validRecord();
-        db.option(OptionSlot::NoiseBlanker).status = std::uint8_t(status);
         db.radioOptions.noiseBlanker = 1;
         sanitise(db);
-        QCOMPARE(int(db.radioOptions.noiseBlanker), noiseBlanker);
+        if (OptionSlot(slot) == OptionSlot::DeleteLsb) {
+            QCOMPARE(int(db.channelNo(7).sideband), setting);
+            QCOMPARE(int(db.channelNo(200).sideband), setting);
+        } else {
+            QCOMPARE(int(db.radioOptions.noiseBlanker), setting);
+        }
     }
 
     void compareSanitisesBothSides()

@@ -56,14 +56,12 @@ QString describe(const dbase& db, bool isb, const QString& field)
     };
     if (field.startsWith("channel")) {
         const channel& ch = db.channelNo(field.mid(7).toInt());
-        return QStringLiteral("%1,%2,%3,%4,%5,%6,%7")
-            .arg(ch.power)
-            .arg(ch.sideband)
-            .arg(ch.bandwidth)
-            .arg(ch.txFrequency.get())
-            .arg(ch.rxFrequency.get())
-            .arg(ch.agc)
-            .arg(ch.modulation);
+        QStringList values;
+        for (int value :
+             {int(ch.power), int(ch.sideband), int(ch.bandwidth), int(ch.txFrequency.get()),
+              int(ch.rxFrequency.get()), int(ch.agc), int(ch.modulation)})
+            values << QString::number(value);
+        return values.join(',');
     }
     if (field.startsWith("group")) {
         const Group& group = db.groups[std::size_t(field.back().toLatin1() - 'A')];
@@ -80,21 +78,15 @@ QString describe(const dbase& db, bool isb, const QString& field)
         return text(db.serialNumber);
     if (field == "radio options") {
         const RadioOptions& o = db.radioOptions;
-        return QStringLiteral("%1 %2 %3 %4 %5 %6 %7 %8 %9 %10 %11 %12 %13 %14")
-            .arg(o.priorityChannel.get())
-            .arg(o.cwPttHold)
-            .arg(o.scanRate)
-            .arg(o.dataPowerLevel)
-            .arg(o.alertTone)
-            .arg(o.alternateDisplayTime)
-            .arg(o.accessorySideTone)
-            .arg(o.microphoneSideTone)
-            .arg(o.beepAfterKeyboardPress)
-            .arg(o.beepAfterPttRelease)
-            .arg(o.frequencyDisplay)
-            .arg(o.baudRate)
-            .arg(o.noiseBlanker)
-            .arg(db.language);
+        QStringList values;
+        for (int value :
+             {int(o.priorityChannel.get()), int(o.cwPttHold), int(o.scanRate),
+              int(o.dataPowerLevel), int(o.alertTone), int(o.alternateDisplayTime),
+              int(o.accessorySideTone), int(o.microphoneSideTone), int(o.beepAfterKeyboardPress),
+              int(o.beepAfterPttRelease), int(o.frequencyDisplay), int(o.baudRate),
+              int(o.noiseBlanker), int(db.language)})
+            values << QString::number(value);
+        return values.join(' ');
     }
     if (field == "accessories")
         return QStringLiteral("%1 %2 isb %3").arg(db.accessoryInstalled).arg(db.tuner).arg(isb);
