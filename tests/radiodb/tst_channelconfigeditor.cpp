@@ -55,6 +55,8 @@ private slots:
         QCOMPARE(q(frequencyDisplayText(hertz)), text);
     }
 
+    // Texts the editor's own table does not type (its rows cover five and six decimals and
+    // whole megahertz).
     void exactHertz_data()
     {
         const auto row = [](const char* name, const char* text, quint32 hertz) {
@@ -62,10 +64,6 @@ private slots:
         };
         QTest::addColumn<QString>("text");
         QTest::addColumn<quint32>("hertz");
-        row("five decimals", "29.99999", 29'999'990u);
-        row("one decimal", "1.6", 1'600'000u);
-        row("sixth decimal counts nothing", "12.345678", 12'345'670u);
-        row("no point", "7", 7'000'000u);
         row("leading point", ".5", 500'000u);
         row("trailing point", "30.", 30'000'000u);
         row("empty", "", 0u);
