@@ -6,48 +6,9 @@
 #include "koralapi/Opcodes.h"
 #include "koralapi/RadioRecords.h"
 
-#include <QSocketNotifier>
-#include <QTcpSocket>
-
-#include <fcntl.h>
-#include <stdlib.h>
-#include <unistd.h>
-
 #include <cstring>
-#include <future>
 
 using namespace koral;
-
-namespace {
-// The radio's side of a pseudo-terminal, raw, as a byte stream.
-class PtyMaster : public QIODevice
-{
-public:
-    explicit PtyMaster(int fd) : m_fd(fd), m_notifier(fd, QSocketNotifier::Read)
-    {
-        connect(&m_notifier, &QSocketNotifier::activated, this, [this] { emit readyRead(); });
-        open(QIODevice::ReadWrite | QIODevice::Unbuffered);
-    }
-    ~PtyMaster() override { ::close(m_fd); }
-    bool isSequential() const override { return true; }
-
-protected:
-    qint64 readData(char* data, qint64 maxSize) override
-    {
-        const auto n = ::read(m_fd, data, static_cast<std::size_t>(maxSize));
-        return n < 0 ? 0 : n;
-    }
-    qint64 writeData(const char* data, qint64 size) override
-    {
-        const auto n = ::write(m_fd, data, static_cast<std::size_t>(size));
-        return n < 0 ? size : n; // nobody at the other end yet: the bytes are lost
-    }
-
-private:
-    int m_fd;
-    QSocketNotifier m_notifier;
-};
-} // namespace
 
 ScriptedRadio::ScriptedRadio()
 {
@@ -67,35 +28,10 @@ ScriptedRadio::~ScriptedRadio()
     runIn(this, [this] {
         m_link->detach();
         m_ownedDevice.reset();
-        if (m_ptySlave >= 0)
-            ::close(m_ptySlave);
-        delete m_server;
         delete m_link;
     });
     m_thread.quit();
     m_thread.wait();
-}
-
-void ScriptedRadio::attach(QIODevice* device)
-{
-    m_device = device;
-    m_link->attach(device);
-}
-
-void ScriptedRadio::setSilent(bool silent)
-{
-    runIn(this, [this, silent] {
-        if (!m_device)
-            return;
-        // A silent radio hears nothing: the bytes are read and dropped unseen.
-        disconnect(m_device, &QIODevice::readyRead, this, nullptr);
-        if (silent) {
-            m_link->detach();
-            connect(m_device, &QIODevice::readyRead, this, [this] { m_device->readAll(); });
-        } else {
-            m_link->attach(m_device);
-        }
-    });
 }
 
 std::unique_ptr<QIODevice> ScriptedRadio::pipeEnd()
@@ -105,43 +41,9 @@ std::unique_ptr<QIODevice> ScriptedRadio::pipeEnd()
     raw->moveToThread(&m_thread);
     runIn(this, [this, raw] {
         m_ownedDevice.reset(raw);
-        attach(raw);
+        m_link->attach(raw);
     });
     return std::move(program);
-}
-
-quint16 ScriptedRadio::listenTcp()
-{
-    quint16 port = 0;
-    runIn(this, [this, &port] {
-        m_server = new QTcpServer;
-        m_server->listen(QHostAddress::LocalHost, 0);
-        port = m_server->serverPort();
-        connect(m_server, &QTcpServer::newConnection, this, [this] {
-            QTcpSocket* socket = m_server->nextPendingConnection();
-            m_link->detach();
-            m_ownedDevice.reset(socket);
-            attach(socket);
-        });
-    });
-    return port;
-}
-
-QString ScriptedRadio::servePty()
-{
-    QString path;
-    runIn(this, [this, &path] {
-        const int fd = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
-        if (fd < 0 || grantpt(fd) != 0 || unlockpt(fd) != 0)
-            return;
-        path = QString::fromLocal8Bit(ptsname(fd));
-        // Keep the terminal side open too, so that bytes do not fail before the program opens.
-        m_ptySlave = ::open(ptsname(fd), O_RDWR | O_NOCTTY);
-        m_link->detach();
-        m_ownedDevice = std::make_unique<PtyMaster>(fd);
-        attach(m_ownedDevice.get());
-    });
-    return path;
 }
 
 void ScriptedRadio::report(int opcode, std::vector<std::uint8_t> payload)
@@ -152,8 +54,8 @@ void ScriptedRadio::report(int opcode, std::vector<std::uint8_t> payload)
 void ScriptedRadio::noise(QByteArray bytes)
 {
     QMetaObject::invokeMethod(this, [this, bytes] {
-        if (m_device)
-            m_device->write(bytes);
+        if (m_ownedDevice)
+            m_ownedDevice->write(bytes);
     });
 }
 

@@ -4,7 +4,6 @@
 #include "koralapi/LinkLayer.h"
 
 #include <QIODevice>
-#include <QTcpServer>
 #include <QThread>
 
 #include <atomic>
@@ -25,18 +24,12 @@ public:
 
     // The program's end of an in-process pipe to this radio.
     std::unique_ptr<QIODevice> pipeEnd();
-    // A loopback TCP port served by this radio; the name to open is tcp:127.0.0.1:PORT.
-    quint16 listenTcp();
-    // A pseudo-terminal served by this radio; the path to open as a serial device.
-    QString servePty();
 
     // Sends a message of its own (an unsolicited report), from any thread.
     void report(int opcode, std::vector<std::uint8_t> payload);
     // Raw bytes on the line, bypassing the link (noise).
     void noise(QByteArray bytes);
 
-    // Fault: hear nothing at all (the link does not even acknowledge).
-    void setSilent(bool silent);
     // Acknowledge requests but never answer queries.
     std::atomic<bool> mute{false};
 
@@ -46,7 +39,6 @@ public:
     std::vector<int> requests; // opcodes received, in order
 
 private:
-    void attach(QIODevice* device);
     void onMessage(const QByteArray& bytes);
     void send(const koral::CRadioMessage& message);
     void answer(int opcode, std::vector<std::uint8_t> payload);
@@ -55,10 +47,7 @@ private:
 
     QThread m_thread;
     koral::LinkLayer* m_link = nullptr;
-    QIODevice* m_device = nullptr;
     std::unique_ptr<QIODevice> m_ownedDevice;
-    QTcpServer* m_server = nullptr;
-    int m_ptySlave = -1;
     struct Write
     {
         int target = 0;

@@ -1,28 +1,15 @@
 // koralctl's radio commands run in-process against the built-in virtual radio (port 1).
 
-#include "cli/Command.h"
+#include "support/KoralctlRunner.h"
 
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <fstream>
-#include <sstream>
+
+using koral::test::runKoralctl;
 
 namespace {
-struct Result
-{
-    int code;
-    std::string out;
-    std::string err;
-};
-
-Result koralctl(std::vector<std::string> arguments)
-{
-    std::ostringstream out, err;
-    const int code = koral::cli::run(arguments, out, err);
-    return {code, out.str(), err.str()};
-}
-
 std::string readFile(const std::string& path)
 {
     std::ifstream in(path, std::ios::binary);
@@ -40,10 +27,10 @@ class TestKoralctlRadio : public QObject
 private slots:
     void probeTellsWhatTheRadioIs()
     {
-        const Result r = koralctl({"probe", "--port", "1", "--baud", "9600"});
-        QCOMPARE(r.code, 0);
-        QVERIFY(r.out.find("Selective calling: ALE\n") != std::string::npos);
-        QVERIFY(r.out.find("Program word: 0x") != std::string::npos);
+        const auto r = runKoralctl({"probe", "--port", "1", "--baud", "9600"});
+        QCOMPARE(r.exitCode, 0);
+        QVERIFY(r.out.contains("Selective calling: ALE\n"));
+        QVERIFY(r.out.contains("Program word: 0x"));
     }
 
     // What read saves, write puts back; a changed channel reaches the radio, the old contents
@@ -51,9 +38,10 @@ private slots:
     void readThenWriteRoundTrips()
     {
         const std::string base = path("radio");
-        Result r = koralctl({"read", "--port=1", "--baud=9600", "-o", base});
-        QCOMPARE(r.code, 0);
-        QVERIFY(r.err.find("Reading Channels Section\n") != std::string::npos); // plain lines
+        auto r =
+            runKoralctl({"read", "--port=1", "--baud=9600", "-o", QString::fromStdString(base)});
+        QCOMPARE(r.exitCode, 0);
+        QVERIFY(r.err.contains("Reading Channels Section\n")); // plain lines
         std::string rss = readFile(base + ".rss");
         const auto at = rss.find("\nChannel2=");
         QVERIFY(at != std::string::npos);
@@ -61,9 +49,9 @@ private slots:
         rss.replace(at, end - at, "\nChannel2=Max,USB,2639000,2640000,Slow,SSB,2700");
         std::ofstream(path("changed.rss"), std::ios::binary) << rss;
 
-        r = koralctl(
-            {"write", "--port", "1", "--baud", "9600", path("changed.rss"), base + ".ale"});
-        QCOMPARE(r.code, 0);
+        r = runKoralctl({"write", "--port", "1", "--baud", "9600", dir.filePath("changed.rss"),
+                         QString::fromStdString(base + ".ale")});
+        QCOMPARE(r.exitCode, 0);
         QVERIFY(QFile::exists(QString::fromStdString(path("changed.before-write.rss"))));
         QVERIFY(QFile::exists(QString::fromStdString(path("changed.before-write.ale"))));
         // Each opening of port 1 is a fresh radio, so the round trip is checked on the same
@@ -73,58 +61,54 @@ private slots:
 
     void badArgumentsAreErrors_data()
     {
+        const auto row = [](const char* name, const QStringList& arguments, const char* message) {
+            QTest::newRow(name) << arguments << QString(message);
+        };
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<QString>("message");
-        QTest::newRow("no port") << QStringList{"probe"} << "--port P is required";
-        QTest::newRow("bad baud")
-            << QStringList{"probe", "--port", "1", "--baud", "fast"}
-            << "'fast' is not a baud rate of the radio (1200, 2400, 4800 or 9600)";
-        QTest::newRow("probe at a rate the radio lacks")
-            << QStringList{"probe", "--port", "1", "--baud", "12345"} << "'12345' is not a baud";
-        QTest::newRow("read at the largest number")
-            << QStringList{"read", "--port", "1", "--baud", "2147483647", "-o", "radio"}
-            << "'2147483647' is not a baud";
-        QTest::newRow("write at one baud")
-            << QStringList{"write", "--port", "1", "--baud", "1", KORAL_EXAMPLES_DIR "/radio.rss"}
-            << "'1' is not a baud";
-        QTest::newRow("bite at a computer's rate")
-            << QStringList{"bite", "--port", "1", "--baud", "115200"} << "'115200' is not a baud";
+        row("no port", {"probe"}, "--port P is required");
+        row("bad baud", {"probe", "--port", "1", "--baud", "fast"},
+            "'fast' is not a baud rate of the radio (1200, 2400, 4800 or 9600)");
+        row("probe at a rate the radio lacks", {"probe", "--port", "1", "--baud", "12345"},
+            "'12345' is not a baud");
+        row("read at the largest number",
+            {"read", "--port", "1", "--baud", "2147483647", "-o", "radio"},
+            "'2147483647' is not a baud");
+        row("write at one baud",
+            {"write", "--port", "1", "--baud", "1", KORAL_EXAMPLES_DIR "/radio.rss"},
+            "'1' is not a baud");
+        row("bite at a computer's rate", {"bite", "--port", "1", "--baud", "115200"},
+            "'115200' is not a baud");
         // The output is checked before the port is opened, so a port that is not there does
         // not matter.
-        QTest::newRow("output into a missing folder")
-            << QStringList{"read", "--port", "/dev/koral-none", "-o", "missing/folder/base"}
-            << "Cannot write the file missing/folder/base.rss: No such file or directory";
-        QTest::newRow("empty output name")
-            << QStringList{"read", "--port", "/dev/koral-none", "-o", ""} << "names no file";
-        QTest::newRow("output into a folder without a name")
-            << QStringList{"read", "--port", "/dev/koral-none", "-o", "out/"} << "names no file";
-        QTest::newRow("no output") << QStringList{"read", "--port", "1"} << "-o BASE is required";
-        QTest::newRow("missing value") << QStringList{"read", "--port"} << "needs a value";
-        QTest::newRow("unknown port") << QStringList{"probe", "--port", "/dev/koral-none"}
-                                      << "cannot open port /dev/koral-none";
-        QTest::newRow("bad test type")
-            << QStringList{"bite", "--port", "1", "--type", "x"} << "unknown test type 'x'";
-        QTest::newRow("write needs an rss file")
-            << QStringList{"write", "--port", "1", "radio.ale"} << "unknown file kind";
+        row("output into a missing folder",
+            {"read", "--port", "/dev/koral-none", "-o", "missing/folder/base"},
+            "Cannot write the file missing/folder/base.rss: No such file or directory");
+        row("empty output name", {"read", "--port", "/dev/koral-none", "-o", ""}, "names no file");
+        row("output into a folder without a name",
+            {"read", "--port", "/dev/koral-none", "-o", "out/"}, "names no file");
+        row("no output", {"read", "--port", "1"}, "-o BASE is required");
+        row("missing value", {"read", "--port"}, "needs a value");
+        row("unknown port", {"probe", "--port", "/dev/koral-none"},
+            "cannot open port /dev/koral-none");
+        row("bad test type", {"bite", "--port", "1", "--type", "x"}, "unknown test type 'x'");
+        row("write needs an rss file", {"write", "--port", "1", "radio.ale"}, "unknown file kind");
     }
     void badArgumentsAreErrors()
     {
         QFETCH(QStringList, arguments);
         QFETCH(QString, message);
-        std::vector<std::string> args;
-        for (const QString& a : arguments)
-            args.push_back(a.toStdString());
-        const Result r = koralctl(args);
-        QCOMPARE(r.code, 2);
-        QVERIFY2(r.err.find(message.toStdString()) != std::string::npos, r.err.c_str());
+        const auto r = runKoralctl(arguments);
+        QCOMPARE(r.exitCode, 2);
+        QVERIFY2(r.err.contains(message), qPrintable(r.err));
     }
 
     void biteReportsResultsAndSummary()
     {
-        const Result r = koralctl({"bite", "--port", "1", "--baud", "9600", "--type", "lowrf"});
-        QCOMPARE(r.code, 0);
-        QVERIFY(r.out.find("Summary: ") != std::string::npos);
-        QVERIFY(r.out.find("\tPassed\n") != std::string::npos);
+        const auto r = runKoralctl({"bite", "--port", "1", "--baud", "9600", "--type", "lowrf"});
+        QCOMPARE(r.exitCode, 0);
+        QVERIFY(r.out.contains("Summary: "));
+        QVERIFY(r.out.contains("\tPassed\n"));
     }
 };
 

@@ -122,11 +122,9 @@ private slots:
     }
 
     // Every query the program makes is answered with the opcode it waits for.
-    void everyQueryIsAnswered_data() { addTransports(); }
     void everyQueryIsAnswered()
     {
-        QFETCH(QString, transport);
-        QVERIFY(open(transport));
+        QVERIFY(open("pipe"));
         const std::pair<int (*)(CRadioMessage*), int> queries[] = {
             {ReportSquelchState, op::SquelchState},
             {ReportDspMenuParameters, op::DspParameters},
@@ -154,8 +152,8 @@ private slots:
             ReadCurrentChannel(engine.get(), reinterpret_cast<koral::channel*>(channel.data())));
     }
 
-    // A channel change brings an unsolicited channel report to the worker, while the reply
-    // the user-interface thread waits for never reaches it.
+    // A channel change brings an unsolicited channel report to the worker, in order, while
+    // the reply the user-interface thread waits for never reaches it.
     void repliesStayApartFromReports_data() { addTransports(); }
     void repliesStayApartFromReports()
     {
@@ -163,12 +161,14 @@ private slots:
         QVERIFY(open(transport));
         std::atomic<bool> stop{false};
         std::atomic<int> reports{0}, stolen{0};
+        std::vector<int> channels; // read once the worker has ended
         std::thread worker([&] {
             CRadioMessage message;
             while (!stop) {
                 if (engine->GetMessage(&message, 1) != 1)
                     continue;
-                reports += message.GetOpcode() == op::ChannelReport;
+                if (message.GetOpcode() == op::ChannelReport)
+                    channels.push_back(message[7]), ++reports;
                 stolen += message.GetOpcode() == op::ActiveChannel;
             }
         });
@@ -185,6 +185,7 @@ private slots:
         stop = true;
         worker.join();
         QCOMPARE(stolen.load(), 0);
+        QCOMPARE(channels, (std::vector<int>{3, 5, 7}));
     }
 
     // What is written comes back byte for byte; the progress counts every record byte.
@@ -236,6 +237,10 @@ private slots:
         QTest::qWait(50);
         QElapsedTimer clock;
         clock.start();
+        const CRadioMessage ask = built(ReportSquelchState);
+        QCOMPARE(engine->SendRadioMessage(&ask), 0); // never acknowledged: not sent
+        QVERIFY(clock.elapsed() <= 2 * engine->timing().sendBoundMs());
+        clock.restart();
         unsigned char word = 0;
         QCOMPARE(ReadProgramWord(engine.get(), &word), 0);
         QVERIFY(clock.elapsed() <= 2 * engine->timing().sendBoundMs() + engine->timing().replyMs());

@@ -31,106 +31,60 @@ private slots:
     // One client's conversation, in order: each row builds on the rows before it.
     void conversation_data()
     {
+        const auto row = [](const char* name, const char* line, const char* answer) {
+            QTest::newRow(name) << QString(line) << QString(answer);
+        };
         QTest::addColumn<QString>("line");
         QTest::addColumn<QString>("answer");
-        QTest::newRow("select a channel") << "E 17"
-                                          << "RPRT 0\n";
-        QTest::newRow("its number") << "e"
-                                    << "17\n";
-        QTest::newRow("its receive frequency") << "f"
-                                               << "7055000\n";
-        QTest::newRow("its mode and passband") << "m"
-                                               << "USB\n2700\n";
-        QTest::newRow("long names") << "\\get_mem"
-                                    << "17\n";
-        QTest::newRow("extended, newline") << "+f"
-                                           << "get_freq:\nFrequency: 7055000\nRPRT 0\n";
-        QTest::newRow("extended, semicolon") << ";m"
-                                             << "get_mode:;Mode: USB;Passband: 2700;RPRT 0\n";
-        QTest::newRow("extended set echoes") << "+E 12"
-                                             << "set_mem: 12\nRPRT 0\n";
-        QTest::newRow("several on a line") << "e f"
-                                           << "12\n5815000\n";
-        QTest::newRow("a frequency selects its channel") << "F 7055000.000000"
-                                                         << "RPRT 0\n";
-        QTest::newRow("... which is then active") << "e"
-                                                  << "17\n";
-        QTest::newRow("shared frequency keeps the active channel") << "E 9"
-                                                                   << "RPRT 0\n";
-        QTest::newRow("4125 kHz: channels 7 and 9") << "F 4125000"
-                                                    << "RPRT 0\n";
-        QTest::newRow("... stays on 9") << "e"
-                                        << "9\n";
-        QTest::newRow("no channel, no scratch") << "F 7100000"
-                                                << "RPRT -9\n";
-        QTest::newRow("above 30 MHz") << "F 30000001"
-                                      << "RPRT -1\n";
-        QTest::newRow("not a number") << "F 7.1MHz"
-                                      << "RPRT -1\n";
-        QTest::newRow("missing argument") << "F"
-                                          << "RPRT -1\n";
-        QTest::newRow("channel 0") << "E 0"
-                                   << "RPRT -1\n";
-        QTest::newRow("channel 201") << "E 201"
-                                     << "RPRT -1\n";
-        QTest::newRow("unprogrammed channel") << "E 150"
-                                              << "RPRT -9\n";
-        QTest::newRow("same mode is accepted") << "M USB 0"
-                                               << "RPRT 0\n";
-        QTest::newRow("another mode is not") << "M AM 0"
-                                             << "RPRT -4\n";
-        QTest::newRow("squelch on") << "U SQL 1"
-                                    << "RPRT 0\n";
-        QTest::newRow("squelch reads on") << "u SQL"
-                                          << "1\n";
-        QTest::newRow("noise blanker on") << "U NB 1"
-                                          << "RPRT 0\n";
-        QTest::newRow("noise blanker reads on") << "u NB"
-                                                << "1\n";
-        QTest::newRow("noise blanker off") << "U NB 0"
-                                           << "RPRT 0\n";
-        QTest::newRow("noise blanker reads off") << "+u NB"
-                                                 << "get_func: NB\nFunc Status: 0\nRPRT 0\n";
-        QTest::newRow("attenuator on") << "L ATT 10"
-                                       << "RPRT 0\n";
-        QTest::newRow("attenuator reads its step") << "l ATT"
-                                                   << "1\n";
-        QTest::newRow("functions offered") << "u ?"
-                                           << "NB SQL\n";
-        QTest::newRow("levels offered") << "l ?"
-                                        << "ATT\n";
-        QTest::newRow("a function the radio lacks") << "U COMP 1"
-                                                    << "RPRT -4\n";
-        QTest::newRow("a function no radio has") << "u BOGUS"
-                                                 << "RPRT -1\n";
-        QTest::newRow("a level the radio lacks") << "l RFPOWER"
-                                                 << "RPRT -4\n";
-        QTest::newRow("the one VFO") << "v"
-                                     << "VFOA\n";
-        QTest::newRow("VFO A is accepted") << "V VFOA"
-                                           << "RPRT 0\n";
-        QTest::newRow("VFO B is not there") << "V VFOB"
-                                            << "RPRT -4\n";
-        QTest::newRow("no VFO mode") << "\\chk_vfo"
-                                     << "0\n";
-        QTest::newRow("no transmit keying") << "T 1"
-                                            << "RPRT -4\n";
-        QTest::newRow("no split") << "+s"
-                                  << "get_split_vfo:\nRPRT -4\n";
-        QTest::newRow("long name of the unimplemented") << "\\get_powerstat"
-                                                        << "RPRT -4\n";
-        QTest::newRow("arguments of the unimplemented are consumed") << "J 100 e"
-                                                                     << "RPRT -4\n9\n";
-        QTest::newRow("garbage: one answer, rest dropped") << "k#@! e f"
-                                                           << "RPRT -4\n";
-        QTest::newRow("unknown long name") << "\\set_everything 1"
-                                           << "RPRT -4\n";
-        QTest::newRow("blank line") << "   "
-                                    << "";
-        QTest::newRow("line end of a terminal") << "e\r"
-                                                << "9\n";
-        QTest::newRow("quit") << "q"
-                              << "RPRT 0\n";
+        row("select a channel", "E 17", "RPRT 0\n");
+        row("its number", "e", "17\n");
+        row("its receive frequency", "f", "7055000\n");
+        row("its mode and passband", "m", "USB\n2700\n");
+        row("long names", "\\get_mem", "17\n");
+        row("extended, newline", "+f", "get_freq:\nFrequency: 7055000\nRPRT 0\n");
+        row("extended, semicolon", ";m", "get_mode:;Mode: USB;Passband: 2700;RPRT 0\n");
+        row("extended set echoes", "+E 12", "set_mem: 12\nRPRT 0\n");
+        row("several on a line", "e f", "12\n5815000\n");
+        row("a frequency selects its channel", "F 7055000.000000", "RPRT 0\n");
+        row("... which is then active", "e", "17\n");
+        row("shared frequency keeps the active channel", "E 9", "RPRT 0\n");
+        row("4125 kHz: channels 7 and 9", "F 4125000", "RPRT 0\n");
+        row("... stays on 9", "e", "9\n");
+        row("no channel, no scratch", "F 7100000", "RPRT -9\n");
+        row("above 30 MHz", "F 30000001", "RPRT -1\n");
+        row("not a number", "F 7.1MHz", "RPRT -1\n");
+        row("missing argument", "F", "RPRT -1\n");
+        row("channel 0", "E 0", "RPRT -1\n");
+        row("channel 201", "E 201", "RPRT -1\n");
+        row("unprogrammed channel", "E 150", "RPRT -9\n");
+        row("same mode is accepted", "M USB 0", "RPRT 0\n");
+        row("another mode is not", "M AM 0", "RPRT -4\n");
+        row("squelch on", "U SQL 1", "RPRT 0\n");
+        row("squelch reads on", "u SQL", "1\n");
+        row("noise blanker on", "U NB 1", "RPRT 0\n");
+        row("noise blanker reads on", "u NB", "1\n");
+        row("noise blanker off", "U NB 0", "RPRT 0\n");
+        row("noise blanker reads off", "+u NB", "get_func: NB\nFunc Status: 0\nRPRT 0\n");
+        row("attenuator on", "L ATT 10", "RPRT 0\n");
+        row("attenuator reads its step", "l ATT", "1\n");
+        row("functions offered", "u ?", "NB SQL\n");
+        row("levels offered", "l ?", "ATT\n");
+        row("a function the radio lacks", "U COMP 1", "RPRT -4\n");
+        row("a function no radio has", "u BOGUS", "RPRT -1\n");
+        row("a level the radio lacks", "l RFPOWER", "RPRT -4\n");
+        row("the one VFO", "v", "VFOA\n");
+        row("VFO A is accepted", "V VFOA", "RPRT 0\n");
+        row("VFO B is not there", "V VFOB", "RPRT -4\n");
+        row("no VFO mode", "\\chk_vfo", "0\n");
+        row("no transmit keying", "T 1", "RPRT -4\n");
+        row("no split", "+s", "get_split_vfo:\nRPRT -4\n");
+        row("long name of the unimplemented", "\\get_powerstat", "RPRT -4\n");
+        row("arguments of the unimplemented are consumed", "J 100 e", "RPRT -4\n9\n");
+        row("garbage: one answer, rest dropped", "k#@! e f", "RPRT -4\n");
+        row("unknown long name", "\\set_everything 1", "RPRT -4\n");
+        row("blank line", "   ", "");
+        row("line end of a terminal", "e\r", "9\n");
+        row("quit", "q", "RPRT 0\n");
     }
     void conversation()
     {

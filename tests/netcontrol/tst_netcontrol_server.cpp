@@ -156,21 +156,18 @@ private slots:
 
     void listenText_data()
     {
+        const auto row = [](const char* name, const char* text, const char* address, int port) {
+            QTest::newRow(name) << QString(text) << QString(address) << port;
+        };
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("address");
         QTest::addColumn<int>("port");
-        QTest::newRow("loopback") << "127.0.0.1:4532"
-                                  << "127.0.0.1" << 4532;
-        QTest::newRow("all interfaces") << "0.0.0.0:4600"
-                                        << "0.0.0.0" << 4600;
-        QTest::newRow("IPv6") << "[::1]:4532"
-                              << "::1" << 4532;
-        QTest::newRow("no port") << "127.0.0.1"
-                                 << "" << 0;
-        QTest::newRow("port out of range") << "127.0.0.1:70000"
-                                           << "" << 0;
-        QTest::newRow("host name") << "localhost:4532"
-                                   << "" << 0;
+        row("loopback", "127.0.0.1:4532", "127.0.0.1", 4532);
+        row("all interfaces", "0.0.0.0:4600", "0.0.0.0", 4600);
+        row("IPv6", "[::1]:4532", "::1", 4532);
+        row("no port", "127.0.0.1", "", 0);
+        row("port out of range", "127.0.0.1:70000", "", 0);
+        row("host name", "localhost:4532", "", 0);
     }
     void listenText()
     {

@@ -51,80 +51,39 @@ void TestProfileFile::read_data()
     QTest::addColumn<int>("bufferSize");
     QTest::addColumn<QByteArray>("expected");
 
-    const int big = 4096;
-    QTest::newRow("crlf") << QByteArray("[S]\r\nk=v\r\n") << QByteArray("S") << QByteArray("k")
-                          << QByteArray("d") << big << QByteArray("v");
-    QTest::newRow("lf") << QByteArray("[A]\nx=1\n[S]\nk=v\n") << QByteArray("S") << QByteArray("k")
-                        << QByteArray("d") << big << QByteArray("v");
-    QTest::newRow("cr alone") << QByteArray("[A]\rk=1\r[S]\rk=v") << QByteArray("S")
-                              << QByteArray("k") << QByteArray("d") << big << QByteArray("v");
-    QTest::newRow("blanks trimmed")
-        << QByteArray(" \t[ S ]\x1A\r\n\v k \t=\f v w \x1A \r\n") << QByteArray("S")
-        << QByteArray("k") << QByteArray("d") << big << QByteArray("v w");
-    QTest::newRow("text after ] ignored")
-        << QByteArray("[S] old [x]\r\nk=v") << QByteArray("S") << QByteArray("k") << QByteArray("d")
-        << big << QByteArray("v");
-    QTest::newRow("[ without ] is no section")
-        << QByteArray("[S]\r\n[T\r\nk=v") << QByteArray("T") << QByteArray("k") << QByteArray("d")
-        << big << QByteArray("d");
-    QTest::newRow("first = splits")
-        << QByteArray("[S]\r\nk = a=b ") << QByteArray("S") << QByteArray("k") << QByteArray("d")
-        << big << QByteArray("a=b");
-    QTest::newRow("no = reads as missing")
-        << QByteArray("[S]\r\nk\r\nk=v") << QByteArray("S") << QByteArray("k") << QByteArray("d")
-        << big << QByteArray("d");
-    QTest::newRow("empty value is a value")
-        << QByteArray("[S]\r\nk=") << QByteArray("S") << QByteArray("k") << QByteArray("d") << big
-        << QByteArray("");
-    QTest::newRow("names ignore case")
-        << QByteArray("[sEcTiOn]\r\nKeY=v") << QByteArray("SECTION") << QByteArray("key")
-        << QByteArray("d") << big << QByteArray("v");
-    QTest::newRow("windows-1252 letters ignore case")
-        << QByteArray("[\xC9T\xC9]\r\n\x8A=v") << QByteArray("\xE9t\xE9") << QByteArray("\x9A")
-        << QByteArray("d") << big << QByteArray("v");
-    QTest::newRow("other section's key")
-        << QByteArray("[A]\r\nk=a\r\n[S]\r\nj=b") << QByteArray("S") << QByteArray("k")
-        << QByteArray("d") << big << QByteArray("d");
-    QTest::newRow("first duplicate key wins")
-        << QByteArray("[S]\r\nk=1\r\nK=2") << QByteArray("S") << QByteArray("k") << QByteArray("d")
-        << big << QByteArray("1");
-    QTest::newRow("first duplicate section wins")
-        << QByteArray("[S]\r\na=1\r\n[T]\r\n[s]\r\nk=2") << QByteArray("S") << QByteArray("k")
-        << QByteArray("d") << big << QByteArray("d");
-    QTest::newRow("double quotes")
-        << QByteArray("[S]\r\nk=\"  v  \"") << QByteArray("S") << QByteArray("k") << QByteArray("d")
-        << big << QByteArray("  v  ");
-    QTest::newRow("single quotes") << QByteArray("[S]\r\nk='v'") << QByteArray("S")
-                                   << QByteArray("k") << QByteArray("d") << big << QByteArray("v");
-    QTest::newRow("one pair only")
-        << QByteArray("[S]\r\nk=\"\"v\"\"") << QByteArray("S") << QByteArray("k") << QByteArray("d")
-        << big << QByteArray("\"v\"");
-    QTest::newRow("mixed quotes kept")
-        << QByteArray("[S]\r\nk=\"v'") << QByteArray("S") << QByteArray("k") << QByteArray("d")
-        << big << QByteArray("\"v'");
-    QTest::newRow("lone quote kept")
-        << QByteArray("[S]\r\nk=\"") << QByteArray("S") << QByteArray("k") << QByteArray("d") << big
-        << QByteArray("\"");
-    QTest::newRow("empty quotes") << QByteArray("[S]\r\nk=''") << QByteArray("S") << QByteArray("k")
-                                  << QByteArray("d") << big << QByteArray("");
-    QTest::newRow("buffer cuts value")
-        << QByteArray("[S]\r\nk=abcdef") << QByteArray("S") << QByteArray("k") << QByteArray("d")
-        << 4 << QByteArray("abc");
-    QTest::newRow("buffer of one") << QByteArray("[S]\r\nk=abcdef") << QByteArray("S")
-                                   << QByteArray("k") << QByteArray("d") << 1 << QByteArray("");
-    QTest::newRow("buffer of zero") << QByteArray("[S]\r\nk=abcdef") << QByteArray("S")
-                                    << QByteArray("k") << QByteArray("d") << 0 << QByteArray("");
-    QTest::newRow("default trailing blanks dropped")
-        << QByteArray("") << QByteArray("S") << QByteArray("k") << QByteArray(" d \t ") << big
-        << QByteArray(" d");
-    QTest::newRow("default cut by buffer") << QByteArray("") << QByteArray("S") << QByteArray("k")
-                                           << QByteArray("defaults") << 4 << QByteArray("def");
-    QTest::newRow("utf-8 bom skipped")
-        << QByteArray("\xEF\xBB\xBF[S]\r\nk=v") << QByteArray("S") << QByteArray("k")
-        << QByteArray("d") << big << QByteArray("v");
-    QTest::newRow("bytes kept as they are")
-        << QByteArray("[S]\r\nk=\xE9\x80\xFF") << QByteArray("S") << QByteArray("k")
-        << QByteArray("d") << big << QByteArray("\xE9\x80\xFF");
+    // Most rows read key k of section S with the fallback d into a large buffer.
+    const auto row = [](const char* name, const QByteArray& content, const QByteArray& expected,
+                        const QByteArray& section = "S", const QByteArray& key = "k",
+                        const QByteArray& fallback = "d", int size = 4096) {
+        QTest::newRow(name) << content << section << key << fallback << size << expected;
+    };
+    row("crlf", "[S]\r\nk=v\r\n", "v");
+    row("lf", "[A]\nx=1\n[S]\nk=v\n", "v");
+    row("cr alone", "[A]\rk=1\r[S]\rk=v", "v");
+    row("blanks trimmed", " \t[ S ]\x1A\r\n\v k \t=\f v w \x1A \r\n", "v w");
+    row("text after ] ignored", "[S] old [x]\r\nk=v", "v");
+    row("[ without ] is no section", "[S]\r\n[T\r\nk=v", "d", "T");
+    row("first = splits", "[S]\r\nk = a=b ", "a=b");
+    row("no = reads as missing", "[S]\r\nk\r\nk=v", "d");
+    row("empty value is a value", "[S]\r\nk=", "");
+    row("names ignore case", "[sEcTiOn]\r\nKeY=v", "v", "SECTION", "key");
+    row("windows-1252 letters ignore case", "[\xC9T\xC9]\r\n\x8A=v", "v", "\xE9t\xE9", "\x9A");
+    row("other section's key", "[A]\r\nk=a\r\n[S]\r\nj=b", "d");
+    row("first duplicate key wins", "[S]\r\nk=1\r\nK=2", "1");
+    row("first duplicate section wins", "[S]\r\na=1\r\n[T]\r\n[s]\r\nk=2", "d");
+    row("double quotes", "[S]\r\nk=\"  v  \"", "  v  ");
+    row("single quotes", "[S]\r\nk='v'", "v");
+    row("one pair only", "[S]\r\nk=\"\"v\"\"", "\"v\"");
+    row("mixed quotes kept", "[S]\r\nk=\"v'", "\"v'");
+    row("lone quote kept", "[S]\r\nk=\"", "\"");
+    row("empty quotes", "[S]\r\nk=''", "");
+    row("buffer cuts value", "[S]\r\nk=abcdef", "abc", "S", "k", "d", 4);
+    row("buffer of one", "[S]\r\nk=abcdef", "", "S", "k", "d", 1);
+    row("buffer of zero", "[S]\r\nk=abcdef", "", "S", "k", "d", 0);
+    row("default trailing blanks dropped", "", " d", "S", "k", " d \t ");
+    row("default cut by buffer", "", "def", "S", "k", "defaults", 4);
+    row("utf-8 bom skipped", "\xEF\xBB\xBF[S]\r\nk=v", "v");
+    row("bytes kept as they are", "[S]\r\nk=\xE9\x80\xFF", "\xE9\x80\xFF");
 }
 
 void TestProfileFile::read()
@@ -146,62 +105,47 @@ void TestProfileFile::read()
 // Operations, one per entry: "w|section|key|value", "dk|section|key", "ds|section".
 void TestProfileFile::edit_data()
 {
+    const auto row = [](const char* name, const QByteArray& before, const QStringList& operations,
+                        const QByteArray& after) {
+        QTest::newRow(name) << before << operations << after;
+    };
     QTest::addColumn<QByteArray>("before");
     QTest::addColumn<QStringList>("operations");
     QTest::addColumn<QByteArray>("after");
 
-    QTest::newRow("new file") << QByteArray() << QStringList{"w|S|k|v", "w|S|j|w", "w|T|k|x"}
-                              << QByteArray("[S]\r\nk=v\r\nj=w\r\n[T]\r\nk=x\r\n");
-    QTest::newRow("replace in place keeps spelling and line end")
-        << QByteArray("[S]\n  Key = old ; x\n[T]\nkey=1\n") << QStringList{"w|s|KEY|new"}
-        << QByteArray("[S]\nKey=new\n[T]\nkey=1\n");
-    QTest::newRow("bare key gets its value in place")
-        << QByteArray("[S]\r\nk\r\nj=1\r\n") << QStringList{"w|S|k|v"}
-        << QByteArray("[S]\r\nk=v\r\nj=1\r\n");
-    QTest::newRow("first duplicate written")
-        << QByteArray("[S]\r\nk=1\r\nk=2\r\n") << QStringList{"w|S|k|3"}
-        << QByteArray("[S]\r\nk=3\r\nk=2\r\n");
-    QTest::newRow("first duplicate section written")
-        << QByteArray("[S]\r\na=1\r\n[S]\r\nb=2\r\n") << QStringList{"w|S|b|3"}
-        << QByteArray("[S]\r\na=1\r\nb=3\r\n[S]\r\nb=2\r\n");
-    QTest::newRow("new key before blank lines of its section")
-        << QByteArray("[S]\r\na=1\r\n\r\n\r\n[T]\r\nb=2\r\n") << QStringList{"w|S|c|3"}
-        << QByteArray("[S]\r\na=1\r\nc=3\r\n\r\n\r\n[T]\r\nb=2\r\n");
-    QTest::newRow("new key in empty section")
-        << QByteArray("[S]\n[T]\n") << QStringList{"w|S|k|v"} << QByteArray("[S]\nk=v\r\n[T]\n");
-    QTest::newRow("last line without end")
-        << QByteArray("[S]\na=1") << QStringList{"w|S|b|2"} << QByteArray("[S]\na=1\r\nb=2\r\n");
-    QTest::newRow("new section after unended line")
-        << QByteArray("[S]\r\na=1") << QStringList{"w|T|b|2"}
-        << QByteArray("[S]\r\na=1\r\n[T]\r\nb=2\r\n");
-    QTest::newRow("values that reading would change are quoted")
-        << QByteArray() << QStringList{"w| S | k |  v ", "w|S|q|'x'", "w|S|r|\"", "w|S|e|"}
-        << QByteArray("[S]\r\nk=\"  v \"\r\nq=\"'x'\"\r\nr=\"\r\ne=\r\n");
-    QTest::newRow("header at the end without line end")
-        << QByteArray("[A]\r\n[S]") << QStringList{"w|S|k|v", "w|A|j|w"}
-        << QByteArray("[A]\r\nj=w\r\n[S]\r\nk=v\r\n");
-    QTest::newRow("lines before any section are no section's")
-        << QByteArray("k=1\r\n") << QStringList{"w|S|k|2"} << QByteArray("k=1\r\n[S]\r\nk=2\r\n");
-    QTest::newRow("written key found again after a removal")
-        << QByteArray("[S]\r\na=1\r\nb=2\r\n") << QStringList{"dk|S|a", "w|S|b|3", "w|S|c|4"}
-        << QByteArray("[S]\r\nb=3\r\nc=4\r\n");
-    QTest::newRow("remove key") << QByteArray("[S]\r\na=1\r\nb=2\r\nc=3\r\n")
-                                << QStringList{"dk|S|B", "dk|S|missing", "dk|X|a"}
-                                << QByteArray("[S]\r\na=1\r\nc=3\r\n");
-    QTest::newRow("remove bare key") << QByteArray("[S]\r\nb\r\nb=2\r\n") << QStringList{"dk|S|b"}
-                                     << QByteArray("[S]\r\nb=2\r\n");
-    QTest::newRow("remove section")
-        << QByteArray("; head\r\n[A]\r\na=1\r\n\r\n[S]\r\nx=1\r\n\r\n[B]\r\nb=2")
-        << QStringList{"ds|s", "ds|missing"}
-        << QByteArray("; head\r\n[A]\r\na=1\r\n\r\n[B]\r\nb=2");
-    QTest::newRow("remove first duplicate section")
-        << QByteArray("[S]\r\na=1\r\n[S]\r\nb=2\r\n") << QStringList{"ds|S"}
-        << QByteArray("[S]\r\nb=2\r\n");
-    QTest::newRow("remove then write appends anew")
-        << QByteArray("[S]\r\na=1\r\n[T]\r\nb=2\r\n") << QStringList{"ds|S", "w|S|a|9"}
-        << QByteArray("[T]\r\nb=2\r\n[S]\r\na=9\r\n");
-    QTest::newRow("bom kept") << QByteArray("\xEF\xBB\xBF[S]\r\na=1\r\n") << QStringList{"w|S|a|2"}
-                              << QByteArray("\xEF\xBB\xBF[S]\r\na=2\r\n");
+    row("new file", "", {"w|S|k|v", "w|S|j|w", "w|T|k|x"}, "[S]\r\nk=v\r\nj=w\r\n[T]\r\nk=x\r\n");
+    row("replace in place keeps spelling and line end", "[S]\n  Key = old ; x\n[T]\nkey=1\n",
+        {"w|s|KEY|new"}, "[S]\nKey=new\n[T]\nkey=1\n");
+    row("bare key gets its value in place", "[S]\r\nk\r\nj=1\r\n", {"w|S|k|v"},
+        "[S]\r\nk=v\r\nj=1\r\n");
+    row("first duplicate written", "[S]\r\nk=1\r\nk=2\r\n", {"w|S|k|3"}, "[S]\r\nk=3\r\nk=2\r\n");
+    row("first duplicate section written", "[S]\r\na=1\r\n[S]\r\nb=2\r\n", {"w|S|b|3"},
+        "[S]\r\na=1\r\nb=3\r\n[S]\r\nb=2\r\n");
+    row("new key before blank lines of its section", "[S]\r\na=1\r\n\r\n\r\n[T]\r\nb=2\r\n",
+        {"w|S|c|3"}, "[S]\r\na=1\r\nc=3\r\n\r\n\r\n[T]\r\nb=2\r\n");
+    row("new key in empty section", "[S]\n[T]\n", {"w|S|k|v"}, "[S]\nk=v\r\n[T]\n");
+    row("last line without end", "[S]\na=1", {"w|S|b|2"}, "[S]\na=1\r\nb=2\r\n");
+    row("new section after unended line", "[S]\r\na=1", {"w|T|b|2"},
+        "[S]\r\na=1\r\n[T]\r\nb=2\r\n");
+    row("values that reading would change are quoted", "",
+        {"w| S | k |  v ", "w|S|q|'x'", "w|S|r|\"", "w|S|e|"},
+        "[S]\r\nk=\"  v \"\r\nq=\"'x'\"\r\nr=\"\r\ne=\r\n");
+    row("header at the end without line end", "[A]\r\n[S]", {"w|S|k|v", "w|A|j|w"},
+        "[A]\r\nj=w\r\n[S]\r\nk=v\r\n");
+    row("lines before any section are no section's", "k=1\r\n", {"w|S|k|2"},
+        "k=1\r\n[S]\r\nk=2\r\n");
+    row("written key found again after a removal", "[S]\r\na=1\r\nb=2\r\n",
+        {"dk|S|a", "w|S|b|3", "w|S|c|4"}, "[S]\r\nb=3\r\nc=4\r\n");
+    row("remove key", "[S]\r\na=1\r\nb=2\r\nc=3\r\n", {"dk|S|B", "dk|S|missing", "dk|X|a"},
+        "[S]\r\na=1\r\nc=3\r\n");
+    row("remove bare key", "[S]\r\nb\r\nb=2\r\n", {"dk|S|b"}, "[S]\r\nb=2\r\n");
+    row("remove section", "; head\r\n[A]\r\na=1\r\n\r\n[S]\r\nx=1\r\n\r\n[B]\r\nb=2",
+        {"ds|s", "ds|missing"}, "; head\r\n[A]\r\na=1\r\n\r\n[B]\r\nb=2");
+    row("remove first duplicate section", "[S]\r\na=1\r\n[S]\r\nb=2\r\n", {"ds|S"},
+        "[S]\r\nb=2\r\n");
+    row("remove then write appends anew", "[S]\r\na=1\r\n[T]\r\nb=2\r\n", {"ds|S", "w|S|a|9"},
+        "[T]\r\nb=2\r\n[S]\r\na=9\r\n");
+    row("bom kept", "\xEF\xBB\xBF[S]\r\na=1\r\n", {"w|S|a|2"}, "\xEF\xBB\xBF[S]\r\na=2\r\n");
 }
 
 void TestProfileFile::edit()
@@ -284,12 +228,13 @@ void TestProfileFile::flushWritesOnlyChanges()
 
 void TestProfileFile::failedSaveIsReportedAndChangesNothing_data()
 {
+    const auto row = [](const char* name, const char* target, const char* reason) {
+        QTest::newRow(name) << QString(target) << QString(reason);
+    };
     QTest::addColumn<QString>("target");
     QTest::addColumn<QString>("reason");
-    QTest::newRow("missing folder") << "no/such/folder/a.rss"
-                                    << "No such file or directory";
-    QTest::newRow("target is a folder") << "folder"
-                                        << "Is a directory";
+    row("missing folder", "no/such/folder/a.rss", "No such file or directory");
+    row("target is a folder", "folder", "Is a directory");
 }
 
 void TestProfileFile::failedSaveIsReportedAndChangesNothing()

@@ -325,10 +325,9 @@ void TestSchema::rowsOutsideTheRecordAreSkipped()
     file.setContent("[S]\r\nu32=5\r\nhex32=FF\r\n");
     std::array<std::uint8_t, kHex32 + 2> shortRecord{};
     schema::load(file, kRows, shortRecord, {.section = "S"});
-    QCOMPARE(get<std::uint32_t>(Record{shortRecord[kU32], shortRecord[kU32 + 1],
-                                       shortRecord[kU32 + 2], shortRecord[kU32 + 3]},
-                                0),
-             5u);
+    std::uint32_t u32 = 0;
+    std::memcpy(&u32, shortRecord.data() + kU32, sizeof u32);
+    QCOMPARE(u32, 5u);
     QCOMPARE(shortRecord[kHex32], std::uint8_t{0}); // hex32 does not fit: untouched
 
     ProfileFile out;

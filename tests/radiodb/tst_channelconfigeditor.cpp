@@ -34,16 +34,19 @@ class ChannelConfigEditorTest : public QObject
 private slots:
     void displayForm_data()
     {
+        const auto row = [](const char* name, quint32 hertz, const char* text) {
+            QTest::newRow(name) << hertz << QString(text);
+        };
         QTest::addColumn<quint32>("hertz");
         QTest::addColumn<QString>("text");
-        QTest::newRow("last hertz digit dropped") << 12'345'678u << "12.34567";
-        QTest::newRow("trailing zeros cut") << 12'500'000u << "12.5";
-        QTest::newRow("whole MHz loses the point") << 7'000'000u << "7";
-        QTest::newRow("zero is empty") << 0u << "";
-        QTest::newRow("below 10 Hz is zero") << 9u << "";
-        QTest::newRow("lowest receive") << 100'000u << "0.1";
-        QTest::newRow("highest") << 30'000'000u << "30";
-        QTest::newRow("10 Hz steps") << 29'999'990u << "29.99999";
+        row("last hertz digit dropped", 12'345'678u, "12.34567");
+        row("trailing zeros cut", 12'500'000u, "12.5");
+        row("whole MHz loses the point", 7'000'000u, "7");
+        row("zero is empty", 0u, "");
+        row("below 10 Hz is zero", 9u, "");
+        row("lowest receive", 100'000u, "0.1");
+        row("highest", 30'000'000u, "30");
+        row("10 Hz steps", 29'999'990u, "29.99999");
     }
     void displayForm()
     {
@@ -52,17 +55,18 @@ private slots:
         QCOMPARE(q(frequencyDisplayText(hertz)), text);
     }
 
+    // Texts the editor's own table does not type (its rows cover five and six decimals and
+    // whole megahertz).
     void exactHertz_data()
     {
+        const auto row = [](const char* name, const char* text, quint32 hertz) {
+            QTest::newRow(name) << QString(text) << hertz;
+        };
         QTest::addColumn<QString>("text");
         QTest::addColumn<quint32>("hertz");
-        QTest::newRow("five decimals") << "29.99999" << 29'999'990u;
-        QTest::newRow("one decimal") << "1.6" << 1'600'000u;
-        QTest::newRow("sixth decimal counts nothing") << "12.345678" << 12'345'670u;
-        QTest::newRow("no point") << "7" << 7'000'000u;
-        QTest::newRow("leading point") << ".5" << 500'000u;
-        QTest::newRow("trailing point") << "30." << 30'000'000u;
-        QTest::newRow("empty") << "" << 0u;
+        row("leading point", ".5", 500'000u);
+        row("trailing point", "30.", 30'000'000u);
+        row("empty", "", 0u);
     }
     void exactHertz()
     {
@@ -75,6 +79,12 @@ private slots:
     // Typing into the edit of the channel's own type: the warning, OK, and what OK stores.
     void typing_data()
     {
+        const auto row = [](const char* name, quint32 startTx, quint32 startRx, int edit,
+                            const QString& typed, const QString& warning, bool ok, quint32 storedTx,
+                            quint32 storedRx) {
+            QTest::newRow(name) << startTx << startRx << edit << typed << warning << ok << storedTx
+                                << storedRx;
+        };
         QTest::addColumn<quint32>("startTx");
         QTest::addColumn<quint32>("startRx");
         QTest::addColumn<int>("edit");
@@ -90,39 +100,29 @@ private slots:
         const int pairRx = int(Editor::Edit::HalfDuplexRx);
         const QString txRange = " is out of range. TX frequency range is 1.6 to 30Mhz.";
         const QString rxRange = " is out of range. RX frequency range is 0.1 to 30Mhz.";
-        QTest::newRow("tx 29.99999 exact") << 5'000'000u << 0u << txOnly << "29.99999"
-                                           << "" << true << 29'999'990u << 0u;
-        QTest::newRow("tx 1.6 accepted") << 5'000'000u << 0u << txOnly << "1.6"
-                                         << "" << true << 1'600'000u << 0u;
-        QTest::newRow("tx 1.59999 refused") << 5'000'000u << 0u << txOnly << "1.59999"
-                                            << "1.59999" + txRange << false << 0u << 0u;
-        QTest::newRow("tx 30 accepted") << 5'000'000u << 0u << txOnly << "30"
-                                        << "" << true << 30'000'000u << 0u;
-        QTest::newRow("tx 30.1 refused") << 5'000'000u << 0u << txOnly << "30.1"
-                                         << "30.1" + txRange << false << 0u << 0u;
-        QTest::newRow("rx 0.1 accepted") << 0u << 5'000'000u << rxOnly << "0.1"
-                                         << "" << true << 0u << 100'000u;
-        QTest::newRow("rx 0.09 refused") << 0u << 5'000'000u << rxOnly << "0.09"
-                                         << "0.09" + rxRange << false << 0u << 0u;
-        QTest::newRow("double point") << 5'000'000u << 0u << txOnly << "12..5"
-                                      << "12..5 is an invalid frequency" << false << 0u << 0u;
-        QTest::newRow("letter") << 5'000'000u << 0u << txOnly << "12a"
-                                << "12a is an invalid frequency" << false << 0u << 0u;
-        QTest::newRow("empty counts as zero")
-            << 5'000'000u << 0u << txOnly << ""
-            << "Tx Frequency and Rx Frequency can't be both zero at the same time." << true << 0u
-            << 0u;
-        QTest::newRow("simplex checked as transmit") << 7'000'000u << 7'000'000u << simplex << "0.5"
-                                                     << "0.5" + txRange << false << 0u << 0u;
-        QTest::newRow("simplex sets both") << 7'000'000u << 7'000'000u << simplex << "8.12345"
-                                           << "" << true << 8'123'450u << 8'123'450u;
-        QTest::newRow("pair made equal") << 7'000'000u << 8'000'000u << pairTx << "8"
-                                         << "Transmit frequency should differ from Receive "
-                                            "frequency."
-                                         << false << 0u << 0u;
-        QTest::newRow("pair receive keeps typed digits")
-            << 7'000'000u << 8'000'000u << pairRx << "9.123456"
-            << "" << true << 7'000'000u << 9'123'450u;
+        row("tx 29.99999 exact", 5'000'000u, 0u, txOnly, "29.99999", "", true, 29'999'990u, 0u);
+        row("tx 1.6 accepted", 5'000'000u, 0u, txOnly, "1.6", "", true, 1'600'000u, 0u);
+        row("tx 1.59999 refused", 5'000'000u, 0u, txOnly, "1.59999", "1.59999" + txRange, false, 0u,
+            0u);
+        row("tx 30 accepted", 5'000'000u, 0u, txOnly, "30", "", true, 30'000'000u, 0u);
+        row("tx 30.1 refused", 5'000'000u, 0u, txOnly, "30.1", "30.1" + txRange, false, 0u, 0u);
+        row("rx 0.1 accepted", 0u, 5'000'000u, rxOnly, "0.1", "", true, 0u, 100'000u);
+        row("rx 0.09 refused", 0u, 5'000'000u, rxOnly, "0.09", "0.09" + rxRange, false, 0u, 0u);
+        row("double point", 5'000'000u, 0u, txOnly, "12..5", "12..5 is an invalid frequency", false,
+            0u, 0u);
+        row("letter", 5'000'000u, 0u, txOnly, "12a", "12a is an invalid frequency", false, 0u, 0u);
+        row("empty counts as zero", 5'000'000u, 0u, txOnly, "",
+            "Tx Frequency and Rx Frequency can't be both zero at the same time.", true, 0u, 0u);
+        row("simplex checked as transmit", 7'000'000u, 7'000'000u, simplex, "0.5", "0.5" + txRange,
+            false, 0u, 0u);
+        row("simplex sets both", 7'000'000u, 7'000'000u, simplex, "8.12345", "", true, 8'123'450u,
+            8'123'450u);
+        row("pair made equal", 7'000'000u, 8'000'000u, pairTx, "8",
+            "Transmit frequency should differ from Receive "
+            "frequency.",
+            false, 0u, 0u);
+        row("pair receive keeps typed digits", 7'000'000u, 8'000'000u, pairRx, "9.123456", "", true,
+            7'000'000u, 9'123'450u);
     }
     void typing()
     {
@@ -152,6 +152,10 @@ private slots:
 
     void loadingDerivesTheType_data()
     {
+        const auto row = [](const char* name, quint32 tx, quint32 rx, Editor::FrequencyType type,
+                            const QList<int>& visible, const QString& warning) {
+            QTest::newRow(name) << tx << rx << int(type) << visible << warning;
+        };
         QTest::addColumn<quint32>("tx");
         QTest::addColumn<quint32>("rx");
         QTest::addColumn<int>("type");
@@ -159,21 +163,18 @@ private slots:
         QTest::addColumn<QString>("warning");
         const QString bothZero =
             "Tx Frequency and Rx Frequency can't be both zero at the same time.";
-        QTest::newRow("empty") << 0u << 0u << int(Editor::FrequencyType::Simplex)
-                               << QList<int>{int(Editor::Edit::Simplex)} << bothZero;
-        QTest::newRow("simplex") << 7'000'000u << 7'000'000u << int(Editor::FrequencyType::Simplex)
-                                 << QList<int>{int(Editor::Edit::Simplex)} << "";
-        QTest::newRow("equal once the last digit is dropped")
-            << 7'000'001u << 7'000'009u << int(Editor::FrequencyType::Simplex)
-            << QList<int>{int(Editor::Edit::Simplex)} << "";
-        QTest::newRow("receive only") << 0u << 3'000'000u << int(Editor::FrequencyType::ReceiveOnly)
-                                      << QList<int>{int(Editor::Edit::ReceiveOnly)} << "";
-        QTest::newRow("half duplex")
-            << 2'000'000u << 3'000'000u << int(Editor::FrequencyType::HalfDuplex)
-            << QList<int>{int(Editor::Edit::HalfDuplexTx), int(Editor::Edit::HalfDuplexRx)} << "";
-        QTest::newRow("transmit only")
-            << 2'000'000u << 0u << int(Editor::FrequencyType::TransmitOnly)
-            << QList<int>{int(Editor::Edit::TransmitOnly)} << "";
+        row("empty", 0u, 0u, Editor::FrequencyType::Simplex, {int(Editor::Edit::Simplex)},
+            bothZero);
+        row("simplex", 7'000'000u, 7'000'000u, Editor::FrequencyType::Simplex,
+            {int(Editor::Edit::Simplex)}, "");
+        row("equal once the last digit is dropped", 7'000'001u, 7'000'009u,
+            Editor::FrequencyType::Simplex, {int(Editor::Edit::Simplex)}, "");
+        row("receive only", 0u, 3'000'000u, Editor::FrequencyType::ReceiveOnly,
+            {int(Editor::Edit::ReceiveOnly)}, "");
+        row("half duplex", 2'000'000u, 3'000'000u, Editor::FrequencyType::HalfDuplex,
+            {int(Editor::Edit::HalfDuplexTx), int(Editor::Edit::HalfDuplexRx)}, "");
+        row("transmit only", 2'000'000u, 0u, Editor::FrequencyType::TransmitOnly,
+            {int(Editor::Edit::TransmitOnly)}, "");
     }
     void loadingDerivesTheType()
     {
@@ -205,6 +206,10 @@ private slots:
 
     void switchingType_data()
     {
+        const auto row = [](const char* name, quint32 tx, quint32 rx, Editor::FrequencyType type,
+                            const QString& warning, bool ok, quint32 storedTx, quint32 storedRx) {
+            QTest::newRow(name) << tx << rx << int(type) << warning << ok << storedTx << storedRx;
+        };
         QTest::addColumn<quint32>("tx");
         QTest::addColumn<quint32>("rx");
         QTest::addColumn<int>("type");
@@ -214,23 +219,19 @@ private slots:
         QTest::addColumn<quint32>("storedRx");
         const QString bothZero =
             "Tx Frequency and Rx Frequency can't be both zero at the same time.";
-        QTest::newRow("empty to half duplex")
-            << 0u << 0u << int(Editor::FrequencyType::HalfDuplex) << bothZero << true << 0u << 0u;
-        QTest::newRow("simplex to half duplex is an equal pair")
-            << 7'000'000u << 7'000'000u << int(Editor::FrequencyType::HalfDuplex)
-            << "Transmit frequency should differ from Receive frequency." << false << 0u << 0u;
-        QTest::newRow("half duplex to transmit only drops receive")
-            << 2'000'000u << 3'000'000u << int(Editor::FrequencyType::TransmitOnly) << "" << true
-            << 2'000'000u << 0u;
-        QTest::newRow("half duplex to receive only drops transmit")
-            << 2'000'000u << 3'000'000u << int(Editor::FrequencyType::ReceiveOnly) << "" << true
-            << 0u << 3'000'000u;
-        QTest::newRow("half duplex to simplex takes receive")
-            << 2'000'000u << 3'000'000u << int(Editor::FrequencyType::Simplex) << "" << true
-            << 3'000'000u << 3'000'000u;
-        QTest::newRow("receive-only 0.5 cannot become simplex")
-            << 0u << 500'000u << int(Editor::FrequencyType::Simplex)
-            << "0.5 is out of range. TX frequency range is 1.6 to 30Mhz." << false << 0u << 0u;
+        row("empty to half duplex", 0u, 0u, Editor::FrequencyType::HalfDuplex, bothZero, true, 0u,
+            0u);
+        row("simplex to half duplex is an equal pair", 7'000'000u, 7'000'000u,
+            Editor::FrequencyType::HalfDuplex,
+            "Transmit frequency should differ from Receive frequency.", false, 0u, 0u);
+        row("half duplex to transmit only drops receive", 2'000'000u, 3'000'000u,
+            Editor::FrequencyType::TransmitOnly, "", true, 2'000'000u, 0u);
+        row("half duplex to receive only drops transmit", 2'000'000u, 3'000'000u,
+            Editor::FrequencyType::ReceiveOnly, "", true, 0u, 3'000'000u);
+        row("half duplex to simplex takes receive", 2'000'000u, 3'000'000u,
+            Editor::FrequencyType::Simplex, "", true, 3'000'000u, 3'000'000u);
+        row("receive-only 0.5 cannot become simplex", 0u, 500'000u, Editor::FrequencyType::Simplex,
+            "0.5 is out of range. TX frequency range is 1.6 to 30Mhz.", false, 0u, 0u);
     }
     void switchingType()
     {
@@ -276,11 +277,14 @@ private slots:
 
     void modeListOffersIsbOnlyWhenTheRadioDoes_data()
     {
+        const auto row = [](const char* name, bool isb, int entries, int isbIndex) {
+            QTest::newRow(name) << isb << entries << isbIndex;
+        };
         QTest::addColumn<bool>("isb");
         QTest::addColumn<int>("entries");
         QTest::addColumn<int>("isbIndex");
-        QTest::newRow("offered") << true << 4 << 3;
-        QTest::newRow("not offered") << false << 3 << -1;
+        row("offered", true, 4, 3);
+        row("not offered", false, 3, -1);
     }
     void modeListOffersIsbOnlyWhenTheRadioDoes()
     {

@@ -62,27 +62,6 @@ private slots:
         QCOMPARE(priority, std::uint16_t(0x0506));
     }
 
-    void channelProgrammedByEitherFrequency_data()
-    {
-        QTest::addColumn<uint>("tx");
-        QTest::addColumn<uint>("rx");
-        QTest::addColumn<bool>("programmed");
-        QTest::newRow("empty") << 0u << 0u << false;
-        QTest::newRow("receive only") << 0u << 100000u << true;
-        QTest::newRow("transmit only") << 2000000u << 0u << true;
-        QTest::newRow("simplex") << 7000000u << 7000000u << true;
-    }
-    void channelProgrammedByEitherFrequency()
-    {
-        QFETCH(uint, tx);
-        QFETCH(uint, rx);
-        QFETCH(bool, programmed);
-        channel ch{};
-        ch.txFrequency.set(tx);
-        ch.rxFrequency.set(rx);
-        QCOMPARE(ch.isProgrammed(), programmed);
-    }
-
     void fixedWidthTexts()
     {
         std::array<char, 8> field{};

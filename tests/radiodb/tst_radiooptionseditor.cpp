@@ -112,27 +112,21 @@ private slots:
     // Each step checks or unchecks one box; the result is the boxes then shown.
     void accessoriesAndTuner_data()
     {
+        const auto row = [](const char* name, int stored, const char* steps, const char* shown) {
+            QTest::newRow(name) << stored << QString(steps) << QString(shown);
+        };
         QTest::addColumn<int>("stored");
         QTest::addColumn<QString>("steps");
         QTest::addColumn<QString>("shown"); // amplifier, acc1, acc2, tuner as 0/1, then the byte
-        QTest::newRow("stored amplifier shows checked") << 1 << ""
-                                                        << "1000 1";
-        QTest::newRow("stored Accessory1 shows none") << 2 << ""
-                                                      << "0000 0";
-        QTest::newRow("stored Accessory2 shows none") << 3 << ""
-                                                      << "0000 0";
-        QTest::newRow("accessory 2 replaces amplifier") << 1 << "+3"
-                                                        << "0010 3";
-        QTest::newRow("unchecking the checked one clears") << 0 << "+2 -2"
-                                                           << "0000 0";
-        QTest::newRow("unchecking another leaves it") << 0 << "+2 -1"
-                                                      << "0100 2";
-        QTest::newRow("tuner clears the accessory") << 1 << "+T"
-                                                    << "0001 0";
-        QTest::newRow("amplifier clears the tuner") << 0 << "+T +1"
-                                                    << "1000 1";
-        QTest::newRow("accessory 1 keeps the tuner") << 0 << "+T +2"
-                                                     << "0101 2";
+        row("stored amplifier shows checked", 1, "", "1000 1");
+        row("stored Accessory1 shows none", 2, "", "0000 0");
+        row("stored Accessory2 shows none", 3, "", "0000 0");
+        row("accessory 2 replaces amplifier", 1, "+3", "0010 3");
+        row("unchecking the checked one clears", 0, "+2 -2", "0000 0");
+        row("unchecking another leaves it", 0, "+2 -1", "0100 2");
+        row("tuner clears the accessory", 1, "+T", "0001 0");
+        row("amplifier clears the tuner", 0, "+T +1", "1000 1");
+        row("accessory 1 keeps the tuner", 0, "+T +2", "0101 2");
     }
     void accessoriesAndTuner()
     {
@@ -172,17 +166,19 @@ private slots:
 
     void optionSlotCheck_data()
     {
+        const auto row = [](const char* name, const char* software, const char* hardware,
+                            int status, const char* complaint) {
+            QTest::newRow(name) << QByteArray(software) << QByteArray(hardware) << status
+                                << QString(complaint);
+        };
         QTest::addColumn<QByteArray>("software");
         QTest::addColumn<QByteArray>("hardware");
         QTest::addColumn<int>("status");
         QTest::addColumn<QString>("complaint");
-        QTest::newRow("valid") << QByteArray("01.00") << QByteArray("1.2") << 1 << "";
-        QTest::newRow("software") << QByteArray("01a") << QByteArray("1") << 0
-                                  << "Invalid software version for option";
-        QTest::newRow("hardware") << QByteArray("01") << QByteArray("x") << 0
-                                  << "Invalid hardware version for option";
-        QTest::newRow("last failing wins")
-            << QByteArray("a") << QByteArray("b") << 2 << "Invalid 'status' member of option";
+        row("valid", "01.00", "1.2", 1, "");
+        row("software", "01a", "1", 0, "Invalid software version for option");
+        row("hardware", "01", "x", 0, "Invalid hardware version for option");
+        row("last failing wins", "a", "b", 2, "Invalid 'status' member of option");
     }
     void optionSlotCheck()
     {

@@ -152,21 +152,21 @@ private slots:
 
     void groupsKeepOnlyRealChannels_data()
     {
+        const auto row = [](const char* name, int count, int guard, const QList<int>& members,
+                            int keptGuard, const QList<int>& kept) {
+            QTest::newRow(name) << count << guard << members << keptGuard << kept;
+        };
         QTest::addColumn<int>("channelCount");
         QTest::addColumn<int>("guard");
         QTest::addColumn<QList<int>>("members");
         QTest::addColumn<int>("expectedGuard");
         QTest::addColumn<QList<int>>("expectedMembers");
-        QTest::newRow("guard that is a member stays")
-            << 200 << 17 << QList<int>{3, 5, 17} << 17 << QList<int>{3, 5, 17};
-        QTest::newRow("guard that is no member is dropped")
-            << 200 << 100 << QList<int>{5} << 65535 << QList<int>{5};
-        QTest::newRow("empty bitmap drops the guard")
-            << 200 << 12 << QList<int>{} << 65535 << QList<int>{};
-        QTest::newRow("bit 0 is never a channel")
-            << 200 << 0 << QList<int>{0, 1} << 65535 << QList<int>{1};
-        QTest::newRow("channels above the radio's count go")
-            << 100 << 150 << QList<int>{99, 100, 101, 150, 200} << 65535 << QList<int>{99, 100};
+        row("guard that is a member stays", 200, 17, {3, 5, 17}, 17, {3, 5, 17});
+        row("guard that is no member is dropped", 200, 100, {5}, 65535, {5});
+        row("empty bitmap drops the guard", 200, 12, {}, 65535, {});
+        row("bit 0 is never a channel", 200, 0, {0, 1}, 65535, {1});
+        row("channels above the radio's count go", 100, 150, {99, 100, 101, 150, 200}, 65535,
+            {99, 100});
     }
     void groupsKeepOnlyRealChannels()
     {
@@ -203,43 +203,39 @@ private slots:
         QCOMPARE(int(db.radioOptions.priorityChannel.get()), 1);
     }
 
-    void deleteLsbForcesUpperSideband_data()
+    // An option rules its setting: Delete LSB forces every channel to the upper sideband, and
+    // the noise blanker stays on only while its option is enabled.
+    void optionsRuleTheirSettings_data()
     {
+        QTest::addColumn<int>("slot");
         QTest::addColumn<int>("status");
-        QTest::addColumn<int>("sideband");
-        QTest::newRow("option enabled") << 1 << 1;
-        QTest::newRow("option disabled") << 0 << 0;
+        QTest::addColumn<int>("setting");
+        const auto row = [](const char* name, OptionSlot slot, int status, int setting) {
+            QTest::newRow(name) << int(slot) << status << setting;
+        };
+        row("delete LSB enabled", OptionSlot::DeleteLsb, 1, 1);
+        row("delete LSB disabled", OptionSlot::DeleteLsb, 0, 0);
+        row("noise blanker enabled", OptionSlot::NoiseBlanker, 1, 1);
+        row("noise blanker disabled", OptionSlot::NoiseBlanker, 0, 0);
+        row("noise blanker status out of range", OptionSlot::NoiseBlanker, 2, 0);
     }
-    void deleteLsbForcesUpperSideband()
+    void optionsRuleTheirSettings()
     {
+        QFETCH(int, slot);
         QFETCH(int, status);
-        QFETCH(int, sideband);
-        dbase db{};
-        db.option(OptionSlot::DeleteLsb).status = std::uint8_t(status);
+        QFETCH(int, setting);
+        dbase db = validRecord();
+        db.option(OptionSlot(slot)).status = std::uint8_t(status);
         db.channelNo(7).sideband = 0;
         db.channelNo(200).sideband = 0;
-        sanitise(db);
-        QCOMPARE(int(db.channelNo(7).sideband), sideband);
-        QCOMPARE(int(db.channelNo(200).sideband), sideband);
-    }
-
-    void noiseBlankerFollowsItsOption_data()
-    {
-        QTest::addColumn<int>("status");
-        QTest::addColumn<int>("noiseBlanker");
-        QTest::newRow("option enabled") << 1 << 1;
-        QTest::newRow("option disabled") << 0 << 0;
-        QTest::newRow("option status out of range") << 2 << 0;
-    }
-    void noiseBlankerFollowsItsOption()
-    {
-        QFETCH(int, status);
-        QFETCH(int, noiseBlanker);
-        dbase db = validRecord();
-        db.option(OptionSlot::NoiseBlanker).status = std::uint8_t(status);
         db.radioOptions.noiseBlanker = 1;
         sanitise(db);
-        QCOMPARE(int(db.radioOptions.noiseBlanker), noiseBlanker);
+        if (OptionSlot(slot) == OptionSlot::DeleteLsb) {
+            QCOMPARE(int(db.channelNo(7).sideband), setting);
+            QCOMPARE(int(db.channelNo(200).sideband), setting);
+        } else {
+            QCOMPARE(int(db.radioOptions.noiseBlanker), setting);
+        }
     }
 
     void compareSanitisesBothSides()

@@ -16,42 +16,41 @@ class RssCheckTest : public QObject
 private slots:
     void lines_data()
     {
+        const auto row = [](const char* name, const QList<int>& programmed, int priority,
+                            const Refs& groups, const Refs& nets, const QStringList& expected) {
+            QTest::newRow(name) << programmed << priority << groups << nets << expected;
+        };
         QTest::addColumn<QList<int>>("programmed");
         QTest::addColumn<int>("priority");
         QTest::addColumn<Refs>("groups");
         QTest::addColumn<Refs>("nets");
         QTest::addColumn<QStringList>("expected");
-        QTest::newRow("empty database") << QList<int>{} << 1 << Refs{} << Refs{}
-                                        << QStringList{"Priority channel 1 is not programmed."};
-        QTest::newRow("everything programmed")
-            << QList<int>{1, 2, 3} << 2 << Refs{{1, 1, 3}} << Refs{{3, 1, 2}} << QStringList{};
-        QTest::newRow("priority outside the channels")
-            << QList<int>{1} << 0 << Refs{} << Refs{}
-            << QStringList{"Priority channel 0 is not programmed."};
-        QTest::newRow("guard that is the only member is reported once")
-            << QList<int>{1} << 1 << Refs{{kNone}, {kNone}, {17, 17}} << Refs{}
-            << QStringList{"Guard channel 17 for group C is not programmed."};
-        QTest::newRow("guard outside the channels")
-            << QList<int>{1} << 1 << Refs{{300}} << Refs{}
-            << QStringList{"Guard channel 300 for group A is not programmed."};
-        QTest::newRow("member of two groups, group A first")
-            << QList<int>{1} << 1 << Refs{{kNone, 37}, {kNone}, {kNone, 37}} << Refs{}
-            << QStringList{"Channel 37 in group A selected but not programmed.",
-                           "Channel 37 in group C selected but not programmed."};
-        QTest::newRow("net without All Call")
-            << QList<int>{1} << 1 << Refs{} << Refs{{kNone}} << QStringList{};
-        QTest::newRow("All Call channel not reported again as scanned")
-            << QList<int>{1} << 1 << Refs{} << Refs{{kNone}, {9, 9, 10}}
-            << QStringList{"Channel 9 is All Call channel in net no. 2 but not programmed.",
-                           "Channel 10 is scanned channel in net no. 2 but not programmed."};
-        QTest::newRow("order: priority, guards, members, All Calls, scanned")
-            << QList<int>{} << 5 << Refs{{kNone, 4}, {6, 6}} << Refs{{8, 7}, {kNone, 200}}
-            << QStringList{"Priority channel 5 is not programmed.",
-                           "Guard channel 6 for group B is not programmed.",
-                           "Channel 4 in group A selected but not programmed.",
-                           "Channel 8 is All Call channel in net no. 1 but not programmed.",
-                           "Channel 7 is scanned channel in net no. 1 but not programmed.",
-                           "Channel 200 is scanned channel in net no. 2 but not programmed."};
+        row("empty database", {}, 1, Refs{}, Refs{}, {"Priority channel 1 is not programmed."});
+        row("everything programmed", {1, 2, 3}, 2, Refs{{1, 1, 3}}, Refs{{3, 1, 2}}, {});
+        row("priority outside the channels", {1}, 0, Refs{}, Refs{},
+            {"Priority channel 0 is not programmed."});
+        row("guard that is the only member is reported once", {1}, 1,
+            Refs{{kNone}, {kNone}, {17, 17}}, Refs{},
+            {"Guard channel 17 for group C is not programmed."});
+        row("guard outside the channels", {1}, 1, Refs{{300}}, Refs{},
+            {"Guard channel 300 for group A is not programmed."});
+        row("member of two groups, group A first", {1}, 1, Refs{{kNone, 37}, {kNone}, {kNone, 37}},
+            Refs{},
+            {"Channel 37 in group A selected but not programmed.",
+             "Channel 37 in group C selected but not programmed."});
+        row("net without All Call", {1}, 1, Refs{}, Refs{{kNone}}, {});
+        row("All Call channel not reported again as scanned", {1}, 1, Refs{},
+            Refs{{kNone}, {9, 9, 10}},
+            {"Channel 9 is All Call channel in net no. 2 but not programmed.",
+             "Channel 10 is scanned channel in net no. 2 but not programmed."});
+        row("order: priority, guards, members, All Calls, scanned", {}, 5, Refs{{kNone, 4}, {6, 6}},
+            Refs{{8, 7}, {kNone, 200}},
+            {"Priority channel 5 is not programmed.",
+             "Guard channel 6 for group B is not programmed.",
+             "Channel 4 in group A selected but not programmed.",
+             "Channel 8 is All Call channel in net no. 1 but not programmed.",
+             "Channel 7 is scanned channel in net no. 1 but not programmed.",
+             "Channel 200 is scanned channel in net no. 2 but not programmed."});
     }
     void lines()
     {
@@ -88,16 +87,17 @@ private slots:
 
     void lineTargets_data()
     {
+        const auto row = [](const char* name, const char* line, int channel, QChar group) {
+            QTest::newRow(name) << QString(line) << channel << group;
+        };
         QTest::addColumn<QString>("line");
         QTest::addColumn<int>("channel");
         QTest::addColumn<QChar>("group");
-        QTest::newRow("priority") << "Priority channel 5 is not programmed." << 5 << QChar();
-        QTest::newRow("guard") << "Guard channel 117 for group C is not programmed." << 117
-                               << QChar('C');
-        QTest::newRow("member") << "Channel 37 in group A selected but not programmed." << 37
-                                << QChar('A');
-        QTest::newRow("net, whose number is no channel")
-            << "Channel 9 is All Call channel in net no. 2 but not programmed." << 9 << QChar();
+        row("priority", "Priority channel 5 is not programmed.", 5, QChar());
+        row("guard", "Guard channel 117 for group C is not programmed.", 117, QChar('C'));
+        row("member", "Channel 37 in group A selected but not programmed.", 37, QChar('A'));
+        row("net, whose number is no channel",
+            "Channel 9 is All Call channel in net no. 2 but not programmed.", 9, QChar());
     }
     void lineTargets()
     {

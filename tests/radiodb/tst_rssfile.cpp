@@ -56,14 +56,12 @@ QString describe(const dbase& db, bool isb, const QString& field)
     };
     if (field.startsWith("channel")) {
         const channel& ch = db.channelNo(field.mid(7).toInt());
-        return QStringLiteral("%1,%2,%3,%4,%5,%6,%7")
-            .arg(ch.power)
-            .arg(ch.sideband)
-            .arg(ch.bandwidth)
-            .arg(ch.txFrequency.get())
-            .arg(ch.rxFrequency.get())
-            .arg(ch.agc)
-            .arg(ch.modulation);
+        QStringList values;
+        for (int value :
+             {int(ch.power), int(ch.sideband), int(ch.bandwidth), int(ch.txFrequency.get()),
+              int(ch.rxFrequency.get()), int(ch.agc), int(ch.modulation)})
+            values << QString::number(value);
+        return values.join(',');
     }
     if (field.startsWith("group")) {
         const Group& group = db.groups[std::size_t(field.back().toLatin1() - 'A')];
@@ -80,21 +78,15 @@ QString describe(const dbase& db, bool isb, const QString& field)
         return text(db.serialNumber);
     if (field == "radio options") {
         const RadioOptions& o = db.radioOptions;
-        return QStringLiteral("%1 %2 %3 %4 %5 %6 %7 %8 %9 %10 %11 %12 %13 %14")
-            .arg(o.priorityChannel.get())
-            .arg(o.cwPttHold)
-            .arg(o.scanRate)
-            .arg(o.dataPowerLevel)
-            .arg(o.alertTone)
-            .arg(o.alternateDisplayTime)
-            .arg(o.accessorySideTone)
-            .arg(o.microphoneSideTone)
-            .arg(o.beepAfterKeyboardPress)
-            .arg(o.beepAfterPttRelease)
-            .arg(o.frequencyDisplay)
-            .arg(o.baudRate)
-            .arg(o.noiseBlanker)
-            .arg(db.language);
+        QStringList values;
+        for (int value :
+             {int(o.priorityChannel.get()), int(o.cwPttHold), int(o.scanRate),
+              int(o.dataPowerLevel), int(o.alertTone), int(o.alternateDisplayTime),
+              int(o.accessorySideTone), int(o.microphoneSideTone), int(o.beepAfterKeyboardPress),
+              int(o.beepAfterPttRelease), int(o.frequencyDisplay), int(o.baudRate),
+              int(o.noiseBlanker), int(db.language)})
+            values << QString::number(value);
+        return values.join(' ');
     }
     if (field == "accessories")
         return QStringLiteral("%1 %2 isb %3").arg(db.accessoryInstalled).arg(db.tuner).arg(isb);
@@ -185,85 +177,66 @@ void TestRssFile::savedLayout()
 
 void TestRssFile::load_data()
 {
+    const auto row = [](const char* name, const QByteArray& content, const char* field,
+                        const char* expected) {
+        QTest::newRow(name) << content << QString(field) << QString(expected);
+    };
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QString>("field");
     QTest::addColumn<QString>("expected");
 
-    QTest::newRow("missing option loads disabled") << QByteArray("") << "option0"
-                                                   << ",,0";
-    QTest::newRow("option") << QByteArray("[Options]\r\nSelCall=01.00,02.5,Enabled\r\n")
-                            << "option4"
-                            << "01.00,02.5,1";
-    QTest::newRow("defaults of the radio options") << QByteArray("") << "radio options"
-                                                   << "1 50 2 5 0 5 0 0 1 0 1 3 0 0";
-    QTest::newRow("radio options")
-        << QByteArray("[Radio Options]\r\nPriority_Channel=150\r\nCW_PTT_Hold=150 mSec\r\n"
-                      "Scan_Rate=5 Ch/Sec\r\nData_Power_Level=Low\r\nAlert_Tone=High\r\n"
-                      "Alternate_Display_Time=10 Sec\r\nAccessory_Side_Tone=Yes\r\n"
-                      "Microphone_Side_Tone=Yes\r\nBeep_After_Keyboard_Press=No\r\n"
-                      "Beep_After_PTT_Release=Yes\r\nFrequency_Display=Hide\r\n"
-                      "Baud_Rate=2400\r\nLanguage=BAHASA\r\n")
-        << "radio options"
-        << "150 15 5 2 1 10 1 1 0 1 0 1 0 3";
-    QTest::newRow("unknown scan rate repaired")
-        << QByteArray("[Radio Options]\r\nScan_Rate=7 Ch/Sec\r\n") << "radio options"
-        << "1 50 2 5 0 5 0 0 1 0 1 3 0 0";
-    QTest::newRow("priority beyond the channels repaired")
-        << QByteArray("[Radio Options]\r\nPriority_Channel=201\r\n") << "radio options"
-        << "1 50 2 5 0 5 0 0 1 0 1 3 0 0";
-    QTest::newRow("noise blanker needs its option")
-        << QByteArray("[Options]\r\nNoise Blanker=,,Enabled\r\n"
-                      "[Radio Options]\r\nNoise_Blanker=Yes\r\nBeep_After_Keyboard_Press=No")
-        << "radio options"
-        << "1 50 2 5 0 5 0 0 0 0 1 3 1 0";
-    QTest::newRow("accessories and isb")
-        << QByteArray("[Accessories]\r\nAccessory_Installed=Accessory2\r\nTuner=Yes\r\n"
-                      "[Radio Options]\r\nISB=Yes")
-        << "accessories"
-        << "3 1 isb 1";
-    QTest::newRow("unknown isb is off") << QByteArray("[Radio Options]\r\nISB=yes") << "accessories"
-                                        << "0 0 isb 0";
-    QTest::newRow("channel") << QByteArray("[Channels]\r\nChannel7=Low,LSB,2000000,3000000,Fast,"
-                                           "PLT,CW")
-                             << "channel7"
-                             << "2,0,3,2000000,3000000,1,1";
-    QTest::newRow("old channel line without bandwidth")
-        << QByteArray("[Channels]\r\nChannel7=Low,USB,2000000,3000000,Fast,ISB") << "channel7"
-        << "2,1,0,2000000,3000000,1,3";
-    QTest::newRow("transmit-only channel")
-        << QByteArray("[Channels]\r\nChannel3=High,LSB,2000000") << "channel3"
-        << "4,0,0,2000000,0,0,0";
-    QTest::newRow("missing channel is empty") << QByteArray("") << "channel3"
-                                              << "5,1,0,0,0,0,0";
-    QTest::newRow("frequency below range cleared")
-        << QByteArray("[Channels]\r\nChannel9=Max,USB,1599999,100000,Off,SSB,2100") << "channel9"
-        << "5,1,5,0,100000,255,0";
-    QTest::newRow("unknown texts repaired")
-        << QByteArray("[Channels]\r\nChannel9=max,usb,2000000,2000000,2,SSB,9") << "channel9"
-        << "5,0,0,2000000,2000000,0,0";
-    QTest::newRow("delete LSB forces USB")
-        << QByteArray("[Options]\r\nDelete LSB=,,Enabled\r\n"
-                      "[Channels]\r\nChannel9=Max,LSB,2000000,2000000,Slow,SSB,2700")
-        << "channel9"
-        << "5,1,0,2000000,2000000,0,0";
-    QTest::newRow("group") << QByteArray("[Groups Guard Channels]\r\nGroup_A=17,3,5,17") << "groupA"
-                           << "17:3,5,17";
-    QTest::newRow("group guard not a member")
-        << QByteArray("[Groups Guard Channels]\r\nGroup_B=100,5,250") << "groupB"
-        << "65535:5";
-    QTest::newRow("group without members")
-        << QByteArray("[Groups Guard Channels]\r\nGroup_C=9") << "groupC"
-        << "65535:";
-    QTest::newRow("missing group") << QByteArray("") << "groupE"
-                                   << "65535:";
-    QTest::newRow("ecn keeps blanks inside") << QByteArray("[ECN List]\r\nECN2=A B,C") << "ecn2"
-                                             << "A B";
-    QTest::newRow("ecn cut to its field")
-        << QByteArray("[ECN List]\r\nECN50=0123456789ABCDEFGH") << "ecn50"
-        << "0123456789ABCDEF";
-    QTest::newRow("serial cleaned")
-        << QByteArray("[Wide Information]\r\nSerial_Number=AB-12 cd") << "serial"
-        << "AB12cd";
+    row("missing option loads disabled", "", "option0", ",,0");
+    row("option", "[Options]\r\nSelCall=01.00,02.5,Enabled\r\n", "option4", "01.00,02.5,1");
+    row("defaults of the radio options", "", "radio options", "1 50 2 5 0 5 0 0 1 0 1 3 0 0");
+    row("radio options",
+        "[Radio Options]\r\nPriority_Channel=150\r\nCW_PTT_Hold=150 mSec\r\n"
+        "Scan_Rate=5 Ch/Sec\r\nData_Power_Level=Low\r\nAlert_Tone=High\r\n"
+        "Alternate_Display_Time=10 Sec\r\nAccessory_Side_Tone=Yes\r\n"
+        "Microphone_Side_Tone=Yes\r\nBeep_After_Keyboard_Press=No\r\n"
+        "Beep_After_PTT_Release=Yes\r\nFrequency_Display=Hide\r\n"
+        "Baud_Rate=2400\r\nLanguage=BAHASA\r\n",
+        "radio options", "150 15 5 2 1 10 1 1 0 1 0 1 0 3");
+    row("unknown scan rate repaired", "[Radio Options]\r\nScan_Rate=7 Ch/Sec\r\n", "radio options",
+        "1 50 2 5 0 5 0 0 1 0 1 3 0 0");
+    row("priority beyond the channels repaired", "[Radio Options]\r\nPriority_Channel=201\r\n",
+        "radio options", "1 50 2 5 0 5 0 0 1 0 1 3 0 0");
+    row("noise blanker needs its option",
+        "[Options]\r\nNoise Blanker=,,Enabled\r\n"
+        "[Radio Options]\r\nNoise_Blanker=Yes\r\nBeep_After_Keyboard_Press=No",
+        "radio options", "1 50 2 5 0 5 0 0 0 0 1 3 1 0");
+    row("accessories and isb",
+        "[Accessories]\r\nAccessory_Installed=Accessory2\r\nTuner=Yes\r\n"
+        "[Radio Options]\r\nISB=Yes",
+        "accessories", "3 1 isb 1");
+    row("unknown isb is off", "[Radio Options]\r\nISB=yes", "accessories", "0 0 isb 0");
+    row("channel",
+        "[Channels]\r\nChannel7=Low,LSB,2000000,3000000,Fast,"
+        "PLT,CW",
+        "channel7", "2,0,3,2000000,3000000,1,1");
+    row("old channel line without bandwidth",
+        "[Channels]\r\nChannel7=Low,USB,2000000,3000000,Fast,ISB", "channel7",
+        "2,1,0,2000000,3000000,1,3");
+    row("transmit-only channel", "[Channels]\r\nChannel3=High,LSB,2000000", "channel3",
+        "4,0,0,2000000,0,0,0");
+    row("missing channel is empty", "", "channel3", "5,1,0,0,0,0,0");
+    row("frequency below range cleared",
+        "[Channels]\r\nChannel9=Max,USB,1599999,100000,Off,SSB,2100", "channel9",
+        "5,1,5,0,100000,255,0");
+    row("unknown texts repaired", "[Channels]\r\nChannel9=max,usb,2000000,2000000,2,SSB,9",
+        "channel9", "5,0,0,2000000,2000000,0,0");
+    row("delete LSB forces USB",
+        "[Options]\r\nDelete LSB=,,Enabled\r\n"
+        "[Channels]\r\nChannel9=Max,LSB,2000000,2000000,Slow,SSB,2700",
+        "channel9", "5,1,0,2000000,2000000,0,0");
+    row("group", "[Groups Guard Channels]\r\nGroup_A=17,3,5,17", "groupA", "17:3,5,17");
+    row("group guard not a member", "[Groups Guard Channels]\r\nGroup_B=100,5,250", "groupB",
+        "65535:5");
+    row("group without members", "[Groups Guard Channels]\r\nGroup_C=9", "groupC", "65535:");
+    row("missing group", "", "groupE", "65535:");
+    row("ecn keeps blanks inside", "[ECN List]\r\nECN2=A B,C", "ecn2", "A B");
+    row("ecn cut to its field", "[ECN List]\r\nECN50=0123456789ABCDEFGH", "ecn50",
+        "0123456789ABCDEF");
+    row("serial cleaned", "[Wide Information]\r\nSerial_Number=AB-12 cd", "serial", "AB12cd");
 }
 
 void TestRssFile::load()
