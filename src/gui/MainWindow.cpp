@@ -1,10 +1,10 @@
 #include "gui/MainWindow.h"
 
 #include "common/Texts.h"
-#include "gui/NetworkControlPane.h"
+#include "gui/AlePanel.h"
 #include "gui/ComputerInterfaceMenus.h"
 #include "gui/ComputerInterfacePanel.h"
-#include "gui/AlePanel.h"
+#include "gui/NetworkControlPane.h"
 #include "gui/Notices.h"
 #include "gui/ProgressDialog.h"
 #include "gui/RadioController.h"
@@ -36,8 +36,8 @@ QString qs(std::string_view text)
 }
 
 // Panels this build has; the others come with their own pages.
-const std::vector<Panel> kBuiltPanels{Panel::ComputerInterface, Panel::Rss, Panel::RssAle,
-                                       Panel::Koral,             Panel::Ccir, Panel::Koral2E};
+const std::vector<Panel> kBuiltPanels{
+    Panel::ComputerInterface, Panel::Rss, Panel::RssAle, Panel::Koral, Panel::Ccir, Panel::Koral2E};
 
 } // namespace
 
@@ -173,11 +173,12 @@ void MainWindow::createActions()
         auto* action = new QAction(qs(info.menuText), this);
         action->setObjectName(QStringLiteral("panel%1").arg(int(info.panel)));
         action->setCheckable(true);
-        const QString label = info.panel == Panel::Rss      ? QStringLiteral("RSS")
-                              : info.panel == Panel::RssAle ? QStringLiteral("ALE")
-                              : info.panel == Panel::Ccir   ? QStringLiteral("CCIR")
+        const QString label = info.panel == Panel::Rss                 ? QStringLiteral("RSS")
+                              : info.panel == Panel::RssAle            ? QStringLiteral("ALE")
+                              : info.panel == Panel::Ccir              ? QStringLiteral("CCIR")
                               : info.panel == Panel::ComputerInterface ? QStringLiteral("CI")
-                                                            : QString::number(int(info.panel));
+                              : info.panel == Panel::Koral             ? QStringLiteral("HEAD")
+                                                                       : QStringLiteral("2E");
         action->setIcon(ToolbarImages::commandIcon(label, QColor(0xFF, 0xC8, 0x64)));
         const Panel panel = info.panel;
         connect(action, &QAction::triggered, this, [this, panel] { showPanel(panel); });
