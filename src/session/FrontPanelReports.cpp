@@ -13,7 +13,9 @@ FrontPanelReports::FrontPanelReports(std::function<bool()> canSend,
 void FrontPanelReports::setShown(bool shown)
 {
     m_shown = shown;
-    if (shown != m_asked)
+    // Every opening asks afresh, even when the radio was never told to stop (the link was busy
+    // then): it then sends the whole display, not only what changes from now on.
+    if (shown || m_asked)
         ask(shown);
 }
 

@@ -125,7 +125,7 @@ private slots:
         QTest::addColumn<bool>("radioTakes");
         QTest::addColumn<QList<int>>("sent"); // the enable byte of each request
         QTest::newRow("a page opens and closes") << "sh" << true << true << QList<int>{1, 0};
-        QTest::newRow("shown twice asks once") << "ss" << true << true << QList<int>{1};
+        QTest::newRow("every opening asks afresh") << "ss" << true << true << QList<int>{1, 1};
         QTest::newRow("asked again after a long command")
             << "sr" << true << true << QList<int>{1, 1};
         QTest::newRow("no page: a ready link asks nothing") << "r" << true << true << QList<int>{};
