@@ -3,8 +3,6 @@
 #include "gui/FrontPanelPage.h"
 #include "session/ControlCenterSession.h"
 
-#include <QTimer>
-
 namespace koral {
 
 FrontPanels::FrontPanels(ControlCenterSession& session,
@@ -47,18 +45,14 @@ FrontPanels::FrontPanels(ControlCenterSession& session,
         connect(page, &FrontPanelPage::shownChanged, this, &FrontPanels::updateDisplayOpen);
 }
 
-void FrontPanels::updateDisplayOpen()
+void FrontPanels::updateDisplayOpen(bool pageShown)
 {
-    m_session.dispatcher().setDisplayOpen(m_koral->isVisible() || m_koral2E->isVisible());
-    // Switching from one page to the other hides one and shows the other: the radio is asked
-    // once the switch is over, not told to stop in between.
-    if (m_reportsQueued)
-        return;
-    m_reportsQueued = true;
-    QTimer::singleShot(0, this, [this] {
-        m_reportsQueued = false;
-        m_reports.setShown(m_koral->isVisible() || m_koral2E->isVisible());
-    });
+    const bool anyShown = m_koral->isVisible() || m_koral2E->isVisible();
+    m_session.dispatcher().setDisplayOpen(anyShown);
+    // A page that opens asks the radio for its display; the radio is told to stop only when
+    // no page shows (switching from one page to the other hides one and shows the other).
+    if (pageShown || !anyShown)
+        m_reports.setShown(anyShown);
 }
 
 } // namespace koral

@@ -30,7 +30,7 @@ public:
     const FrontPanelReports& reports() const { return m_reports; }
 
 private:
-    void updateDisplayOpen();
+    void updateDisplayOpen(bool pageShown);
 
     ControlCenterSession& m_session;
     FrontPanelDisplay m_display;
@@ -38,7 +38,6 @@ private:
     FrontPanelReports m_reports;
     FrontPanelPage* m_koral;
     FrontPanelPage* m_koral2E;
-    bool m_reportsQueued = false;
 };
 
 } // namespace koral

@@ -146,10 +146,25 @@ private slots:
         QCOMPARE(shown(page(Panel::Koral2E)), shown(koral));
     }
 
-    // The display follows what the radio does on its own, with no key pressed.
+    // The display follows what the radio does on its own, with no key pressed: a page opens on
+    // what the radio shows now, and shows every change while it is open.
     void displayFollowsTheRadio()
     {
+        // The radio moves to another channel while no page shows.
+        m_window->showPanel(Panel::ComputerInterface);
+        const dbase& record = radio()->session().records().radio;
+        unsigned active = 0;
+        m_memory.onRadio([&](radiosim::VirtualRadio& r) { active = r.state().activeChannel; });
+        int channel = 1;
+        while (!record.channelNo(channel).isProgrammed() || unsigned(channel) == active)
+            ++channel;
+        m_memory.onRadio([channel](radiosim::VirtualRadio& r) {
+            r.play(radiosim::FrontPanelChannel{unsigned(channel)});
+        });
         FrontPanelPage* koral2E = show(Panel::Koral2E);
+        const QString heading = QStringLiteral("CH %1|").arg(channel, 3, 10, QLatin1Char('0'));
+        QTRY_VERIFY2_WITH_TIMEOUT(shown(koral2E).contains(heading), qPrintable(shown(koral2E)),
+                                  5000);
         const auto scan = [this](bool on) {
             m_memory.onRadio([on](radiosim::VirtualRadio& r) {
                 r.play(radiosim::FrontPanelScan{on, false, 0});
