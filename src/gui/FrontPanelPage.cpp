@@ -44,9 +44,11 @@ constexpr int kFlashMs = 120;
 } // namespace
 
 FrontPanelPage::FrontPanelPage(FrontPanelKeypad::Layout layout, const FrontPanelDisplay& display,
-                               const FrontPanelKeypad& keypad, QWidget* parent)
+                               const FrontPanelKeypad& keypad,
+                               FrontPanelCompanionPage::CommandLookup commands, QWidget* parent)
     : QWidget(parent), m_layout(layout), m_keypad(keypad),
-      m_screen(new FrontPanelScreen(display, this))
+      m_screen(new FrontPanelScreen(display, this)),
+      m_companion(new FrontPanelCompanionPage(layout, std::move(commands), this))
 {
     setObjectName(layout == FrontPanelKeypad::Layout::Full ? QStringLiteral("koralPanel")
                                                            : QStringLiteral("koral2ePanel"));
@@ -73,8 +75,10 @@ FrontPanelPage::FrontPanelPage(FrontPanelKeypad::Layout layout, const FrontPanel
     }
 
     auto* hint = new QLabel(layout == FrontPanelKeypad::Layout::Full
-                                ? tr("Keyboard: 0-9, Enter, Esc, F1-F4, *, #, M = MENU, G = GPS")
-                                : tr("Keyboard: 0-9, Enter, Esc, *, #, M = MENU"),
+                                ? tr("Keyboard: 0-9, Enter, Esc, F1-F4, *, #, M = MENU, G = GPS; "
+                                     "Ctrl+1-5 = SQL, MON, NB, ATT, CLP")
+                                : tr("Keyboard: 0-9, Enter, Esc, *, #, M = MENU; "
+                                     "Ctrl+1-5 = SQL, MON, NB, ATT, CLP"),
                             this);
     hint->setObjectName(QStringLiteral("shortcutHint"));
     hint->setAlignment(Qt::AlignCenter);
@@ -83,8 +87,14 @@ FrontPanelPage::FrontPanelPage(FrontPanelKeypad::Layout layout, const FrontPanel
     column->addStretch(1);
     column->addWidget(m_screen, 0, Qt::AlignHCenter);
     column->addSpacing(16);
-    column->addLayout(keys);
-    column->setAlignment(keys, Qt::AlignHCenter);
+    auto* head = new QHBoxLayout;
+    head->addStretch(1);
+    head->addLayout(keys);
+    head->setAlignment(keys, Qt::AlignTop);
+    head->addSpacing(24);
+    head->addWidget(m_companion, 0, Qt::AlignTop);
+    head->addStretch(1);
+    column->addLayout(head);
     column->addSpacing(8);
     column->addWidget(hint);
     column->addStretch(1);

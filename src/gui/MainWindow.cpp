@@ -175,12 +175,12 @@ void MainWindow::createActions()
         auto* action = new QAction(qs(info.menuText), this);
         action->setObjectName(QStringLiteral("panel%1").arg(int(info.panel)));
         action->setCheckable(true);
-        const QString label = info.panel == Panel::Rss      ? QStringLiteral("RSS")
-                              : info.panel == Panel::RssAle ? QStringLiteral("ALE")
-                              : info.panel == Panel::Ccir   ? QStringLiteral("CCIR")
-                              : info.panel == Panel::ComputerInterface
-                                  ? QStringLiteral("CI")
-                                  : QString::number(int(info.panel));
+        const QString label = info.panel == Panel::Rss                 ? QStringLiteral("RSS")
+                              : info.panel == Panel::RssAle            ? QStringLiteral("ALE")
+                              : info.panel == Panel::Ccir              ? QStringLiteral("CCIR")
+                              : info.panel == Panel::ComputerInterface ? QStringLiteral("CI")
+                              : info.panel == Panel::Koral             ? QStringLiteral("HEAD")
+                                                                       : QStringLiteral("2E");
         action->setIcon(ToolbarImages::commandIcon(label, QColor(0xFF, 0xC8, 0x64)));
         const Panel panel = info.panel;
         connect(action, &QAction::triggered, this, [this, panel] { showPanel(panel); });

@@ -14,7 +14,13 @@ namespace koral {
 
 void MainWindow::createFrontPanels()
 {
-    m_frontPanels = new FrontPanels(m_radio->session(), m_pages, this);
+    m_frontPanels = new FrontPanels(
+        m_radio->session(),
+        [this](std::string_view name) {
+            const auto it = m_commands.find(QString::fromUtf8(name.data(), qsizetype(name.size())));
+            return it == m_commands.end() ? nullptr : it->second;
+        },
+        m_pages, this);
     const auto c = [this](const char* name) { return m_commands[name]; };
     const std::pair<Panel, FrontPanelPage*> pages[] = {
         {Panel::Koral, m_frontPanels->koralPage()},

@@ -43,6 +43,7 @@ struct RadioState
     std::uint8_t scanNet = 0;
     std::uint8_t remoteMode = 0;
     bool specialReports = false; // unsolicited channel reports wanted
+    bool displayReports = false; // the display's lines wanted whenever they change
     bool programming = false;
     bool isbMode = false;
     bool sounding = false;

@@ -187,6 +187,12 @@ void VirtualRadio::onSpecialReport(const CRadioMessage& request)
 {
     if (request[8] == op::ChannelReport) {
         m_state.specialReports = request[7] != 0;
+    } else if (request[8] == op::DisplayReport) {
+        // A program showing the head: the display now, then every change of it.
+        m_state.displayReports = request[7] != 0;
+        if (m_state.displayReports) {
+            reportDisplay(true);
+        }
     }
 }
 

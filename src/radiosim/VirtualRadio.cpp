@@ -96,6 +96,7 @@ void VirtualRadio::powerCycle()
     m_transfers.clear();
     m_programmedMemory.reset();
     m_panel.reset();
+    m_reportedLines = {};
     const unsigned channel = m_state.activeChannel;
     m_state = RadioState{};
     const unsigned priority = readU16(m_db.radio, layout::kRadioOptions + layout::kOptionPriority);
@@ -108,9 +109,13 @@ void VirtualRadio::powerCycle()
 
 void VirtualRadio::restart()
 {
+    // What the program asked for stays: remote control, and its display if it shows one.
     const std::uint8_t remoteMode = m_state.remoteMode;
+    const bool displayReports = m_state.displayReports;
     powerCycle();
     m_state.remoteMode = remoteMode;
+    m_state.displayReports = displayReports;
+    refreshDisplay();
 }
 
 std::uint8_t VirtualRadio::configuredBaudIndex() const
@@ -206,6 +211,7 @@ void VirtualRadio::schedule(Activity activity, int steps, std::function<void()> 
     QTimer::singleShot(steps * m_stepMs, this, [this, activity, generation, action] {
         if (m_generation[std::size_t(activity)] == generation) {
             action();
+            refreshDisplay();
         }
     });
 }
@@ -232,6 +238,7 @@ void VirtualRadio::onMessage(const QByteArray& wire)
     } else {
         (this->*handler)(request);
     }
+    refreshDisplay();
     m_faults.requestAnswered();
     emit requestHandled(opcode);
 }
@@ -339,6 +346,7 @@ void VirtualRadio::scanStep()
     if (m_state.specialReports) {
         reportChannel(kScanning);
     }
+    refreshDisplay();
 }
 
 void VirtualRadio::setMonitor(bool on)
@@ -351,7 +359,7 @@ void VirtualRadio::setMonitor(bool on)
 
 void VirtualRadio::pressKey(int key)
 {
-    const FrontPanel::Request request = m_panel.press(key);
+    const FrontPanel::Request request = m_panel.press(key, {m_state, m_db, m_model});
     const unsigned c = m_state.activeChannel;
     switch (request.action) {
     case FrontPanel::Action::SelectChannel:
@@ -390,20 +398,45 @@ void VirtualRadio::pressKey(int key)
             }
         }
         break;
+    case FrontPanel::Action::ScanGroup:
+        m_state.scanGroup = static_cast<std::uint8_t>(request.value);
+        if (m_state.groupScanning) {
+            startGroupScan(request.value);
+        }
+        break;
+    case FrontPanel::Action::AleNet:
+        m_state.scanNet = static_cast<std::uint8_t>(request.value);
+        if (m_state.aleScanning) {
+            startAleScan(request.value);
+        }
+        break;
     case FrontPanel::Action::None:
         break;
     }
+    // A key is answered with the whole display; its release only ends the key.
     if (key != FrontPanel::kRelease) {
-        reportDisplay();
+        reportDisplay(true);
     }
 }
 
-void VirtualRadio::reportDisplay()
+void VirtualRadio::reportDisplay(bool whole)
 {
-    const auto lines = m_panel.display(m_state, m_db, m_model.ccirMode);
+    const auto lines = m_panel.display({m_state, m_db, m_model});
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        reportText(op::DisplayReport, static_cast<std::uint8_t>(op::display::FirstTextLine + i),
-                   lines[i]);
+        if (whole || lines[i] != m_reportedLines[i]) {
+            reportText(op::DisplayReport, static_cast<std::uint8_t>(op::display::FirstTextLine + i),
+                       lines[i]);
+        }
+    }
+    m_reportedLines = lines;
+}
+
+void VirtualRadio::refreshDisplay()
+{
+    // Only the lines that changed, and only while the program asked for them: a scan would
+    // otherwise fill the line with lines nobody shows.
+    if (m_state.displayReports) {
+        reportDisplay(false);
     }
 }
 
@@ -600,6 +633,7 @@ void VirtualRadio::play(const RadioEvent& event)
                    [this](const RemoteRequest&) { report(op::RemoteRequested, {}); },
                },
                event);
+    refreshDisplay();
 }
 
 QString VirtualRadio::execute(const ConsoleCommand& command)

@@ -139,7 +139,10 @@ private:
     void reportScanList();
     void setMonitor(bool on);
     void pressKey(int key);
-    void reportDisplay();
+    // Sends the display's lines: all of them, or those that changed since the last report.
+    void reportDisplay(bool whole);
+    // After anything that may change the display: the changed lines, when the program asked.
+    void refreshDisplay();
     void placeCall(int opcode, const CRadioMessage& request);
     void runLinkQuality(bool sounding, unsigned steps, std::vector<unsigned> channels);
     void runSelfTest(SelfTestType type);
@@ -199,6 +202,7 @@ private:
     FaultPlan m_faults;
     SelfTestPlan m_selfTestPlan;
     FrontPanel m_panel;
+    FrontPanel::Lines m_reportedLines;
     RadioTransfers m_transfers;
     // The memory being programmed; taken into use when programming stops.
     std::optional<std::array<std::uint8_t, RadioDatabases::kRadioSize>> m_programmedMemory;

@@ -6,6 +6,7 @@
 #include "RadioWindow.h"
 
 #include "common/Texts.h"
+#include "gui/FrontPanelCompanionPage.h"
 #include "gui/FrontPanelPage.h"
 #include "gui/FrontPanelScreen.h"
 #include "gui/FrontPanels.h"
@@ -90,9 +91,12 @@ private slots:
         QTest::addColumn<bool>("keyboard");
         QTest::addColumn<QStringList>("keys");
         QTest::addColumn<QString>("display");
-        QTest::newRow("MENU with the mouse") << 3 << false << QStringList{"MENU"} << "MENU 1/4";
-        QTest::newRow("MENU twice with the keyboard, short head")
-            << 5 << true << QStringList{"MENU", "MENU"} << "MENU 2/4|SQUELCH: ";
+        QTest::newRow("MENU with the mouse") << 3 << false << QStringList{"MENU"} << "MENU 1/7";
+        QTest::newRow("MENU, # and a digit with the keyboard, short head")
+            << 5 << true << QStringList{"MENU", "#", "#", "4"} << "MENU 4/7|MONITOR: OFF";
+        QTest::newRow("a group chosen in the menu with the mouse")
+            << 5 << false << QStringList{"MENU", "2", "Enter", "#", "Enter"}
+            << "MENU 2/7|SCAN GROUP: GROUP B";
         QTest::newRow("digits with the keyboard")
             << 5 << true << QStringList{"4", "2"} << "CHANNEL ENTRY|CH 42_";
         QTest::newRow("Esc with the mouse leaves the entry")
@@ -140,7 +144,64 @@ private slots:
         screenshot(m_window.get(), "koral-panel");
         show(Panel::Koral2E);
         QCOMPARE(shown(page(Panel::Koral2E)), shown(koral));
+    }
+
+    // The display follows what the radio does on its own, with no key pressed: a page opens on
+    // what the radio shows now, and shows every change while it is open.
+    void displayFollowsTheRadio()
+    {
+        // The radio moves to another channel while no page shows.
+        m_window->showPanel(Panel::ComputerInterface);
+        const dbase& record = radio()->session().records().radio;
+        unsigned active = 0;
+        m_memory.onRadio([&](radiosim::VirtualRadio& r) { active = r.state().activeChannel; });
+        int channel = 1;
+        while (!record.channelNo(channel).isProgrammed() || unsigned(channel) == active)
+            ++channel;
+        m_memory.onRadio([channel](radiosim::VirtualRadio& r) {
+            r.play(radiosim::FrontPanelChannel{unsigned(channel)});
+        });
+        FrontPanelPage* koral2E = show(Panel::Koral2E);
+        const QString heading = QStringLiteral("CH %1|").arg(channel, 3, 10, QLatin1Char('0'));
+        QTRY_VERIFY2_WITH_TIMEOUT(shown(koral2E).contains(heading), qPrintable(shown(koral2E)),
+                                  5000);
+        const auto scan = [this](bool on) {
+            m_memory.onRadio([on](radiosim::VirtualRadio& r) {
+                r.play(radiosim::FrontPanelScan{on, false, 0});
+            });
+        };
+        scan(true);
+        QTRY_VERIFY2_WITH_TIMEOUT(shown(koral2E).startsWith("SCAN GRP A"),
+                                  qPrintable(shown(koral2E)), 5000);
         screenshot(m_window.get(), "koral-2e-panel");
+        scan(false);
+        QTRY_VERIFY2_WITH_TIMEOUT(shown(koral2E).startsWith("CHAN "), qPrintable(shown(koral2E)),
+                                  5000);
+    }
+
+    // The short head's MORE puts the attenuator and the clipper on its switch keys; a switch
+    // key runs the program's command and lights with it, whichever way the command ran.
+    void companionSwitchKeys()
+    {
+        FrontPanelCompanionPage* companion = show(Panel::Koral2E)->companion();
+        QCOMPARE(companion->shownSwitches(), QStringList({"SQL", "MON", "NB"}));
+        QTest::mouseClick(companion->moreKey(), Qt::LeftButton);
+        QCOMPARE(companion->shownSwitches(), QStringList({"ATT", "CLP"}));
+        QPushButton* attenuator = companion->switchKey("ATT");
+        QVERIFY(attenuator->isEnabled() && !attenuator->isChecked());
+        QTest::mouseClick(attenuator, Qt::LeftButton);
+        QTRY_VERIFY(attenuator->isChecked());
+        bool on = false;
+        m_memory.onRadio([&](radiosim::VirtualRadio& r) { on = r.state().attenuator; });
+        QVERIFY(on);
+        // The window's shortcut for the same command reaches it from the page, and the key
+        // follows.
+        QTest::keyClick(page(Panel::Koral2E), Qt::Key_4, Qt::ControlModifier);
+        QTRY_VERIFY(!attenuator->isChecked());
+        m_memory.onRadio([&](radiosim::VirtualRadio& r) { on = r.state().attenuator; });
+        QVERIFY(!on);
+        QTest::mouseClick(companion->moreKey(), Qt::LeftButton);
+        QCOMPARE(companion->shownSwitches(), QStringList({"SQL", "MON", "NB"}));
     }
 
     void linkClosedShowsTheMessageOnce()

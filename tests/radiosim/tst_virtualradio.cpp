@@ -416,6 +416,35 @@ private slots:
         QVERIFY2(display.contains("CH 012") && display.contains("RX 5.81500"), display.constData());
     }
 
+    // Asked for its display, the radio sends it at once and then every line that changes,
+    // until it is told to stop; keys are answered either way.
+    void displayReportedWhileAsked()
+    {
+        const auto line = [this] {
+            const CRadioMessage report = waitFor(op::DisplayReport);
+            return QByteArray::number(report[6]) + ":" +
+                   QByteArray(reinterpret_cast<const char*>(report.bytes.data() + 7));
+        };
+        const auto ask = [this](int on) {
+            QVERIFY(send([on](CRadioMessage* m) {
+                return EnableDisableSpecialReport(m, 0, on, op::DisplayReport);
+            }));
+        };
+        ask(1);
+        QVERIFY(line().startsWith("0:CHAN"));
+        QVERIFY(line().startsWith("1:RX "));
+        QVERIFY(line().startsWith("2:SQL OFF"));
+        QVERIFY(send([](CRadioMessage* m) { return SetActiveChannel(m, 0, 12); }));
+        QCOMPARE(line(), QByteArray("0:CHAN        CH 012"));
+        QVERIFY(line().startsWith("1:RX 5.81500"));
+        ask(0);
+        QVERIFY(send([](CRadioMessage* m) { return SetRadioScanMode(m, 1, 1, 0); }));
+        QVERIFY(send([](CRadioMessage* m) { return ReportControlHeadKeyboard(m, 23); }));
+        // Nothing in between: the next line is the key's answer, the whole menu.
+        QCOMPARE(line(), QByteArray("0:MENU 1/7"));
+        QCOMPARE(line(), QByteArray("1:SCAN: ON"));
+    }
+
     // Without an answer, a request fails within its bound instead of hanging.
     void noAnswerFailsInTime()
     {

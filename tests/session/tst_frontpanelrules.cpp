@@ -1,11 +1,14 @@
 // The imitated control head without a window: the keys of both layouts, the press and release
-// exchange with its failure path, and the display lines taken from the radio's reports.
+// exchange with its failure path, the request that keeps the radio reporting its display, the
+// companion's switches, and the display lines taken from the radio's reports.
 
 #include "common/RecordingNotifier.h"
 #include "common/Texts.h"
 #include "koralapi/Opcodes.h"
+#include "session/FrontPanelCompanion.h"
 #include "session/FrontPanelDisplay.h"
 #include "session/FrontPanelKeypad.h"
+#include "session/FrontPanelReports.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -113,6 +116,76 @@ private slots:
                      std::string(text::byId(text::id::NoResponse)));
             QCOMPARE(notifier.entries().front().icon, Icon::Warning);
         }
+    }
+
+    void displayReports_data()
+    {
+        QTest::addColumn<QString>("steps"); // s: page shown, h: hidden, r: link ready, c: closed
+        QTest::addColumn<bool>("canSend");
+        QTest::addColumn<bool>("radioTakes");
+        QTest::addColumn<QList<int>>("sent"); // the enable byte of each request
+        QTest::newRow("a page opens and closes") << "sh" << true << true << QList<int>{1, 0};
+        QTest::newRow("every opening asks afresh") << "ss" << true << true << QList<int>{1, 1};
+        QTest::newRow("asked again after a long command")
+            << "sr" << true << true << QList<int>{1, 1};
+        QTest::newRow("no page: a ready link asks nothing") << "r" << true << true << QList<int>{};
+        QTest::newRow("link closed: nothing to tell on hiding")
+            << "sch" << true << true << QList<int>{1};
+        QTest::newRow("busy or closed: nothing goes out") << "shr" << false << true << QList<int>{};
+        QTest::newRow("refused: asked again on the next opening")
+            << "shs" << true << false << QList<int>{1, 1};
+    }
+    void displayReports()
+    {
+        QFETCH(QString, steps);
+        QFETCH(bool, canSend);
+        QFETCH(bool, radioTakes);
+        QFETCH(QList<int>, sent);
+        QList<int> enables;
+        FrontPanelReports reports([canSend] { return canSend; },
+                                  [&](const CRadioMessage& message) {
+                                      if (message[0] != 0x24 || message[5] != 3 ||
+                                          message.GetOpcode() != op::SpecialReport ||
+                                          message[8] != op::DisplayReport)
+                                          return 0;
+                                      enables << message[7];
+                                      return radioTakes ? 1 : 0;
+                                  });
+        for (QChar step : steps) {
+            if (step == 's' || step == 'h')
+                reports.setShown(step == 's');
+            else if (step == 'r')
+                reports.linkReady();
+            else
+                reports.linkClosed();
+        }
+        QCOMPARE(enables, sent);
+    }
+
+    // The full head carries every switch; the short one three at a time, MORE for the rest.
+    void companionSwitches_data()
+    {
+        QTest::addColumn<Layout>("layout");
+        QTest::addColumn<int>("more");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("full head") << Layout::Full << 1 << "SQL MON NB ATT CLP";
+        QTest::newRow("short head") << Layout::Short << 0 << "SQL MON NB";
+        QTest::newRow("short head, MORE") << Layout::Short << 1 << "ATT CLP";
+        QTest::newRow("short head, MORE twice: round again") << Layout::Short << 2 << "SQL MON NB";
+    }
+    void companionSwitches()
+    {
+        QFETCH(Layout, layout);
+        QFETCH(int, more);
+        QFETCH(QString, shown);
+        FrontPanelCompanion companion(layout);
+        QCOMPARE(companion.hasMore(), layout == Layout::Short);
+        for (int i = 0; i < more; ++i)
+            companion.more();
+        QStringList labels;
+        for (const auto& item : companion.shown())
+            labels << QString::fromUtf8(item.label.data(), qsizetype(item.label.size()));
+        QCOMPARE(labels.join(' '), shown);
     }
 
     void displayLines_data()
