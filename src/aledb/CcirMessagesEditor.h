@@ -33,8 +33,9 @@ public:
         int low;
         int high;
     };
-    // The preamble is a length the radio counts in whole units (the file's default is 6);
-    // two digits leave room beyond any value seen. Beacon and alarm are switches.
+    // Each setting is one byte of the record. The preamble's default is 6: two digits leave
+    // room well above it and refuse the large values that are more likely a slip than a
+    // setting. Beacon and alarm are switches, 0 off and 1 on.
     static constexpr Range range(Setting setting)
     {
         return setting == Setting::Preamble ? Range{0, 99} : Range{0, 1};
