@@ -246,6 +246,20 @@ inline constexpr std::string_view kCcirFileFilter = "CCIR files (*.ccr);;All fil
 inline constexpr std::string_view kNotCcirFile = "%s does not look like a CCIR database file: it has none of the sections of one. Open it anyway?";
 inline constexpr std::string_view kDuplicateMember = "'%s' is member %d and member %d.";
 inline constexpr std::string_view kCcirIdentityDigits = "'%s' is not an identity of %d digits (0 to 9, not all zeros).";
+// The "CCIR Messages and Settings" dialog.
+inline constexpr std::string_view kCcirMessagesTitle = "CCIR Messages and Settings";
+inline constexpr std::string_view kCcirMessagesGroup = "Messages";
+inline constexpr std::string_view kCcirSettingsGroup = "Settings";
+inline constexpr std::string_view kCcirMessageLabel = "Message %d";
+inline constexpr std::string_view kCcirPreamble = "Preamble";
+inline constexpr std::string_view kCcirBeacon = "Beacon";
+inline constexpr std::string_view kCcirAlarm = "Alarm";
+inline constexpr std::string_view kCcirPreambleRange = "0 to 99";
+inline constexpr std::string_view kCcirOffOn = "0 = off, 1 = on";
+inline constexpr std::string_view kCcirMessageTooLong = "Message %d has %d characters: at most %d fit.";
+inline constexpr std::string_view kCcirMessageCharacter = "Message %d holds %s, which the radio cannot send: use capitals, digits, the blank and punctuation.";
+inline constexpr std::string_view kCharacterCode = "character code %d";
+inline constexpr std::string_view kCcirSettingRange = "%s must be a number from %d to %d, not '%s'.";
 
 // --- built-in test ---
 inline constexpr std::string_view kConnectDummyLoad = "Connect a dummy load";

@@ -2,9 +2,11 @@
 
 #include "aledb/CcirDirectoryEditor.h"
 #include "aledb/CcirIdentity.h"
+#include "aledb/CcirMessagesEditor.h"
 #include "aledb/CcirSelfAddressEditor.h"
 #include "common/Texts.h"
 #include "gui/CcirFileIo.h"
+#include "gui/CcirMessagesDialog.h"
 #include "gui/CcirSelfAddressDialog.h"
 #include "gui/DirectoryListDialog.h"
 #include "gui/PanelGrids.h"
@@ -63,7 +65,14 @@ CcirPanel::CcirPanel(Notifier& notifier, QWidget* parent)
     layout->addWidget(splitter);
     m_document.markClean();
     refresh();
-    connect(m_identities, &QTableWidget::cellDoubleClicked, this, [this] { editSelfAddress(); });
+    // The first two lines are the self identities, the others the settings.
+    connect(m_identities, &QTableWidget::cellDoubleClicked, this, [this](int row) {
+        if (row < 2)
+            editSelfAddress();
+        else
+            editMessages();
+    });
+    connect(m_messages, &QTableWidget::cellDoubleClicked, this, [this] { editMessages(); });
     connect(m_directory, &QTableWidget::cellDoubleClicked, this, [this] { editDirectory(); });
 }
 
@@ -109,6 +118,14 @@ void CcirPanel::editSelfAddress()
 {
     CcirSelfAddressEditor editor(m_document.record);
     CcirSelfAddressDialog dialog(editor, window());
+    if (execDialog(dialog) == QDialog::Accepted)
+        recordEdited(editor.record());
+}
+
+void CcirPanel::editMessages()
+{
+    CcirMessagesEditor editor(m_document.record);
+    CcirMessagesDialog dialog(editor, window());
     if (execDialog(dialog) == QDialog::Accepted)
         recordEdited(editor.record());
 }

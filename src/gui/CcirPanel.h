@@ -32,6 +32,7 @@ public:
     // The dialogs of the database; each edits a copy that OK takes into the document.
     void editDirectory();
     void editSelfAddress();
+    void editMessages();
 
     QTableWidget* identitiesGrid() const { return m_identities; }
     QTableWidget* directoryGrid() const { return m_directory; }

@@ -23,6 +23,7 @@ void MainWindow::createCcirPanel()
          QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E)},
         {"ccirDirectory", "CCIR &Directory Configuration...", QKeySequence(Qt::CTRL | Qt::Key_D)},
         {"ccirSelfAddress", "&Self Address Configuration...", QKeySequence()},
+        {"ccirMessages", "CCIR &Messages and Settings...", QKeySequence()},
     };
     addCommands(specs);
 
@@ -40,6 +41,7 @@ void MainWindow::createCcirPanel()
     bind("exportCcirReport", [this] { m_ccir->exportReportPdf(); });
     bind("ccirDirectory", [this] { m_ccir->editDirectory(); });
     bind("ccirSelfAddress", [this] { m_ccir->editSelfAddress(); });
+    bind("ccirMessages", [this] { m_ccir->editMessages(); });
     // The channel numbers belong to the radio database: the panel shows the RSS panel's.
     const auto showNumbers = [this] { m_ccir->setChannelNumbers(m_rss->document().ccirNumbers); };
     connect(m_rss, &DocumentPanel::documentChanged, m_ccir, showNumbers);
@@ -59,7 +61,7 @@ void MainWindow::createCcirPanel()
     file->addAction(c("exit"));
 
     auto* configuration = new QMenu(tr("&Configuration"), this);
-    configuration->addActions({c("ccirSelfAddress"), c("ccirDirectory")});
+    configuration->addActions({c("ccirSelfAddress"), c("ccirDirectory"), c("ccirMessages")});
 
     m_menus[Panel::Ccir] = {file, createRadioMenu(), configuration, createViewMenu({}),
                             createHelpMenu()};

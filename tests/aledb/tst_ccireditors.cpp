@@ -1,13 +1,17 @@
 #include "aledb/CcirDirectoryEditor.h"
 #include "aledb/CcirIdentity.h"
+#include "aledb/CcirMessagesEditor.h"
 #include "aledb/CcirSelfAddressEditor.h"
 
 #include <QtTest>
 
+#include <cstring>
+
 using namespace koral;
 
 // Identities typed with their digits counted, the warning that holds OK while a self
-// address is not one, and the directory's ADD and DELETE that keep the other slots in place.
+// address is not one, the directory's ADD and DELETE that keep the other slots in place, and
+// the messages and settings held to what the radio can send.
 class CcirEditorsTest : public QObject
 {
     Q_OBJECT
@@ -92,6 +96,105 @@ private slots:
             QCOMPARE(editor.record().directory[2].get(), 0u);
             QCOMPARE(editor.record().directory[0].get(), 401000u);
         }
+    }
+
+    void messagesAndSettings_data()
+    {
+        // field: 1 and 2 are the messages, 3 to 5 preamble, beacon and alarm.
+        QTest::addColumn<int>("field");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("stored");
+        QTest::addColumn<QString>("warning");
+        const QString full(32, 'Z');
+        QTest::newRow("message of 32 capitals, digits, punctuation") << 1 << "QRU 1800, ALL _?"
+                                                                     << "QRU 1800, ALL _?"
+                                                                     << "";
+        QTest::newRow("message of 32") << 2 << full << full << "";
+        QTest::newRow("message of 33") << 1 << full + "Z"
+                                       << "QRU NIL"
+                                       << "Message 1 has 33 characters: at most 32 fit.";
+        QTest::newRow("lower case")
+            << 2 << "Returning"
+            << "RETURNING TO PORT"
+            << "Message 2 holds 'e', which the radio cannot send: use capitals, digits, the "
+               "blank and punctuation.";
+        QTest::newRow("tab")
+            << 1 << "QRU\tNIL"
+            << "QRU NIL"
+            << "Message 1 holds character code 9, which the radio cannot send: use capitals, "
+               "digits, the blank and punctuation.";
+        QTest::newRow("empty message") << 2 << ""
+                                       << ""
+                                       << "";
+        QTest::newRow("preamble 0") << 3 << "0"
+                                    << "0"
+                                    << "";
+        QTest::newRow("preamble 99") << 3 << "99"
+                                     << "99"
+                                     << "";
+        QTest::newRow("preamble 100") << 3 << "100"
+                                      << "6"
+                                      << "Preamble must be a number from 0 to 99, not '100'.";
+        QTest::newRow("preamble empty") << 3 << ""
+                                        << "6"
+                                        << "Preamble must be a number from 0 to 99, not ''.";
+        QTest::newRow("beacon on") << 4 << "1"
+                                   << "1"
+                                   << "";
+        QTest::newRow("beacon 2") << 4 << "2"
+                                  << "0"
+                                  << "Beacon must be a number from 0 to 1, not '2'.";
+        QTest::newRow("alarm off") << 5 << "0"
+                                   << "0"
+                                   << "";
+        QTest::newRow("alarm negative") << 5 << "-1"
+                                        << "1"
+                                        << "Alarm must be a number from 0 to 1, not '-1'.";
+    }
+    void messagesAndSettings()
+    {
+        QFETCH(int, field);
+        QFETCH(QString, typed);
+        QFETCH(QString, stored);
+        QFETCH(QString, warning);
+        ccir_dbase record{};
+        std::memcpy(record.message1.data(), "QRU NIL", 7);
+        std::memcpy(record.message2.data(), "RETURNING TO PORT", 17);
+        record.preamble = 6;
+        record.alarm = 1;
+        CcirMessagesEditor editor(record);
+        QVERIFY(editor.okEnabled());
+        using Setting = CcirMessagesEditor::Setting;
+        const auto setting = Setting(field - 3);
+        if (field <= 2)
+            editor.setMessage(field, typed.toStdString());
+        else
+            editor.setSettingText(setting, typed.toStdString());
+        QCOMPARE(QString::fromStdString(editor.warning()), warning);
+        QCOMPARE(editor.okEnabled(), warning.isEmpty());
+        const ccir_dbase& after = editor.record();
+        const std::uint8_t settings[] = {after.preamble, after.beacon, after.alarm};
+        QCOMPARE(field == 1   ? QString(after.message1.data())
+                 : field == 2 ? QString(after.message2.data())
+                              : QString::number(settings[field - 3]),
+                 stored);
+        // The other message stays as it was, byte for byte.
+        QCOMPARE(field == 1 ? after.message2 : after.message1,
+                 field == 1 ? record.message2 : record.message1);
+    }
+
+    void messageTheRadioCannotSendIsShownAtOnce()
+    {
+        ccir_dbase record{};
+        std::memcpy(record.message1.data(), "qru", 3);
+        record.preamble = 120;
+        CcirMessagesEditor editor(record);
+        QVERIFY(!editor.okEnabled());
+        QCOMPARE(editor.message(1), std::string("qru"));
+        QCOMPARE(editor.settingText(CcirMessagesEditor::Setting::Preamble), std::string("120"));
+        editor.setMessage(1, "QRU");
+        QCOMPARE(editor.warning(),
+                 std::string("Preamble must be a number from 0 to 99, not '120'."));
     }
 
     void fullDirectoryTakesNoMore()

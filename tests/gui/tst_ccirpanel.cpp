@@ -3,6 +3,7 @@
 
 #include "PanelWindow.h"
 
+#include "gui/CcirMessagesDialog.h"
 #include "gui/CcirSelfAddressDialog.h"
 #include "gui/DirectoryListDialog.h"
 #include "gui/InformationDialogs.h"
@@ -100,6 +101,54 @@ private slots:
         QCOMPARE(panel()->directoryGrid()->item(11, 0)->text(), QStringLiteral("402200"));
         QVERIFY(panel()->isModified());
         panel()->document().markClean();
+    }
+
+    void messageAndSettingEditedAndSaved()
+    {
+        using Setting = CcirMessagesEditor::Setting;
+        QVERIFY(open(QStringLiteral(KORAL_EXAMPLES_DIR "/radio.ccr")));
+        // Cancel keeps the document as it was, whatever was typed.
+        bool shown = false;
+        onNextDialog<CcirMessagesDialog>([&shown](CcirMessagesDialog* dialog) {
+            shown = true;
+            dialog->settingEdit(Setting::Preamble)->selectAll();
+            QTest::keyClicks(dialog->settingEdit(Setting::Preamble), "9");
+            dialog->reject();
+        });
+        // The preamble's line of the grid opens this dialog, not the self address's.
+        emit panel()->identitiesGrid()->cellDoubleClicked(2, 0);
+        QVERIFY(shown);
+        QCOMPARE(panel()->identitiesGrid()->item(2, 0)->text(), QStringLiteral("6"));
+        QVERIFY(!panel()->isModified());
+
+        onNextDialog<CcirMessagesDialog>([](CcirMessagesDialog* dialog) {
+            QPushButton* ok = dialog->buttons()->button(QDialogButtonBox::Ok);
+            QLineEdit* message = dialog->messageEdit(1);
+            QCOMPARE(message->text(), QStringLiteral("QRU NIL"));
+            message->selectAll();
+            QTest::keyClicks(message, "QRV 0800 ch");
+            QVERIFY(dialog->warning()->isVisible() && !ok->isEnabled());
+            QTest::keyClick(message, Qt::Key_Backspace);
+            QTest::keyClick(message, Qt::Key_Backspace);
+            QTest::keyClicks(message, "CH 12");
+            dialog->settingEdit(Setting::Beacon)->selectAll();
+            QTest::keyClicks(dialog->settingEdit(Setting::Beacon), "1");
+            QVERIFY(!dialog->warning()->isVisible() && ok->isEnabled());
+            screenshot(dialog, "ccir-messages");
+            ok->click();
+        });
+        m_window->command("ccirMessages")->trigger();
+        QCOMPARE(panel()->messagesGrid()->item(0, 0)->text(), QStringLiteral("QRV 0800 CH 12"));
+        QCOMPARE(panel()->identitiesGrid()->item(3, 0)->text(), QStringLiteral("1"));
+        QVERIFY(panel()->isModified());
+        QVERIFY(saveAs(path("messages.ccr")));
+        QVERIFY(bytesOf(path("messages.ccr")).contains("Ccir Beacon=1"));
+        QVERIFY(open(path("messages.ccr")));
+        QCOMPARE(panel()->messagesGrid()->item(0, 0)->text(), QStringLiteral("QRV 0800 CH 12"));
+        QCOMPARE(panel()->messagesGrid()->item(1, 0)->text(),
+                 QStringLiteral("RETURNING TO PORT 1800"));
+        QCOMPARE(panel()->identitiesGrid()->item(3, 0)->text(), QStringLiteral("1"));
+        QCOMPARE(panel()->identitiesGrid()->item(2, 0)->text(), QStringLiteral("6"));
     }
 
     void fileInformationTravelsWithTheFile()
