@@ -13,6 +13,7 @@ int runRead(const Invocation& invocation);
 int runWrite(const Invocation& invocation);
 int runBite(const Invocation& invocation);
 int runServe(const Invocation& invocation);
+int runDiff(const Invocation& invocation);
 
 namespace {
 
@@ -48,6 +49,14 @@ constexpr std::array kCommands{
             "programmed channels, or all 200 with --all. The \"Ch. Num.\" column is there when\n"
             "the file carries CCIR channel numbers.\n",
             kSummaryFlags, 1, 1, runSummary},
+    Command{"diff", "A B | --port P [--baud B] B",
+            "Prints what differs between A and B, one line per difference named as the\n"
+            "application names the field (\"Channel 12 Rx. Freq.: 7.10000 -> 7.20000\",\n"
+            "\"Group B: +14 -15\", \"Net 3 Self Address: BASE -> CAMP\"), A's value first.\n"
+            "A and B are files of one kind (.rss, .ale or .ccr); with --port P, A is what the\n"
+            "radio on port P holds, so the lines tell what writing B would change. Prints\n"
+            "nothing and exits 0 when they are the same, exits 1 when they differ.\n",
+            kLinkFlags, 1, 2, runDiff},
     Command{"probe", "--port P [--baud B]",
             "Asks the radio on port P (a port number, a device path or tcp:HOST:PORT; port 1 is\n"
             "the built-in virtual radio) for its program word, software versions, operation\n"

@@ -1,6 +1,7 @@
 // koralctl's commands that talk to a radio: probe, read, write and bite.
 
 #include "cli/Command.h"
+#include "cli/RadioImage.h"
 
 #include "aledb/AleFile.h"
 #include "aledb/CcirFile.h"
@@ -44,23 +45,6 @@ using Clock = std::chrono::steady_clock;
 constexpr int kPatience = 10;
 constexpr int kBarWidth = 30;
 constexpr auto kBiteSilence = std::chrono::seconds(10);
-
-// What the radio says about itself before a transfer.
-struct Capabilities
-{
-    bool ccir = false;
-    bool globalAndExtra = false;
-};
-
-// All databases as the radio holds them (host order), the way Read Device collects them.
-struct RadioImage
-{
-    dbase radio{};
-    AleProgramme ale{};
-    ccir_dbase ccir{}; // radio order, as every CCIR record outside its file
-    std::array<std::uint8_t, record::kChannelNameSize> channelNames{};
-    bool isb = false;
-};
 
 // The progress of a transfer: a bar on a terminal, plain lines otherwise.
 class ProgressPrinter
@@ -239,11 +223,7 @@ bool readImage(RadioConnection& link, const Capabilities& caps, RadioImage& imag
 
 CcirChannelNumbers channelNumbersOf(const RadioImage& image)
 {
-    CcirChannelNumbers numbers{};
-    for (std::size_t i = 0; i < numbers.size(); ++i)
-        numbers[i] = static_cast<std::uint16_t>((image.channelNames[2 * i] << 8) |
-                                                image.channelNames[2 * i + 1]);
-    return numbers;
+    return image.channelNumbers();
 }
 
 // Saves BASE.rss and BASE.ale (or the CCIR files); prints why not.
@@ -329,6 +309,28 @@ std::optional<std::string> firstDifference(const RadioImage& wanted, const Radio
 }
 
 } // namespace
+
+CcirChannelNumbers RadioImage::channelNumbers() const
+{
+    CcirChannelNumbers numbers{};
+    for (std::size_t i = 0; i < numbers.size(); ++i)
+        numbers[i] =
+            static_cast<std::uint16_t>((channelNames[2 * i] << 8) | channelNames[2 * i + 1]);
+    return numbers;
+}
+
+std::optional<Capabilities> readRadioImage(const Invocation& invocation, RadioImage& image)
+{
+    RadioConnection link(invocation);
+    if (!link.open())
+        return std::nullopt;
+    const auto caps = link.capabilities();
+    if (!readImage(link, *caps, image, invocation.err)) {
+        fail(invocation.err, text::format(text::kCliTransferFailed.data(), link.port().c_str()));
+        return std::nullopt;
+    }
+    return caps;
+}
 
 int runProbe(const Invocation& invocation)
 {

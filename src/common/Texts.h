@@ -299,6 +299,7 @@ inline constexpr std::string_view kCliNotInCcirMode = "%s: the radio does not wo
 inline constexpr std::string_view kCliNoChannelNumbers = "%s holds no CCIR channel numbers, but the radio works in CCIR mode";
 inline constexpr std::string_view kCliVerifyFailed = "the radio holds something else than was written: %s";
 inline constexpr std::string_view kCliExtraOptions = "Extra Options";
+inline constexpr std::string_view kCliDiffKinds = "%s and %s are not files of one kind";
 inline constexpr std::string_view kCliWritten = "written to the radio on %s and verified\n";
 inline constexpr std::string_view kCliBadTestType = "unknown test type '%s' (full, channel or lowrf)";
 inline constexpr std::string_view kCliProbePort = "Port: %s at %d baud\n";

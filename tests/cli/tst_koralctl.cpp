@@ -73,6 +73,9 @@ private slots:
         QTest::newRow("missing CCIR file")
             << QStringList{"normalize", "/nonexistent/a.ccr", "b.ccr"}
             << "koralctl: Cannot read the file /nonexistent/a.ccr: No such file or directory\n";
+        QTest::newRow("diff of two kinds")
+            << QStringList{"diff", kExample, "b.ale"}
+            << "koralctl: " + kExample + " and b.ale are not files of one kind\n";
         QTest::newRow("normalize of an unknown kind")
             << QStringList{"normalize", "plan.txt", "out.txt"}
             << "koralctl: plan.txt: unknown file kind (expected .rss, .ale or .ccr)\n";
@@ -208,6 +211,45 @@ private slots:
         QVERIFY(!saved.contains("Ccir Directory8"));
         QCOMPARE(koralctl({"normalize", path("calls.ccr"), path("calls2.ccr")}).exitCode, 0);
         QCOMPARE(readAll(path("calls2.ccr")), saved);
+    }
+
+    // A file against itself prints nothing; a change is named with both values.
+    void diff_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("from");
+        QTest::addColumn<QString>("to");
+        QTest::addColumn<QStringList>("lines");
+        QTest::newRow("same radio database") << "radio.rss"
+                                             << ""
+                                             << "" << QStringList{};
+        QTest::newRow("same ALE programme") << "radio.ale"
+                                            << ""
+                                            << "" << QStringList{};
+        QTest::newRow("a frequency and a scan rate")
+            << "radio.rss"
+            << "Channel1=High,USB,2182000,2182000"
+            << "Channel1=High,USB,2182000,2187000"
+            << QStringList{"Channel 1 Rx. Freq.: 2.18200 -> 2.18700"};
+        QTest::newRow("a CCIR identity")
+            << "radio.ccr"
+            << "Ccir 4 Digits Id=4117"
+            << "Ccir 4 Digits Id=4118" << QStringList{"Ccir 4 Digits Id: 4117 -> 4118"};
+    }
+    void diff()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, from);
+        QFETCH(QString, to);
+        QFETCH(QStringList, lines);
+        const QString example = QStringLiteral(KORAL_EXAMPLES_DIR "/") + name;
+        QByteArray changed = readAll(example);
+        changed.replace(from.toUtf8(), to.toUtf8());
+        writeFile(path("changed-" + name), changed);
+        const Outcome outcome = koralctl({"diff", example, path("changed-" + name)});
+        QCOMPARE(outcome.err, QString());
+        QCOMPARE(outcome.outLines(), lines);
+        QCOMPARE(outcome.exitCode, lines.isEmpty() ? cli::kExitOk : cli::kExitProblems);
     }
 
     void normalizeRepairsAndIsStable()

@@ -61,6 +61,14 @@ private slots:
         rss.replace(at, end - at, "\nChannel2=Max,USB,2639000,2640000,Slow,SSB,2700");
         std::ofstream(path("changed.rss"), std::ios::binary) << rss;
 
+        // A fresh radio holds what was read, so only channel 2 differs from the changed file.
+        r = koralctl({"diff", "--port", "1", path("changed.rss")});
+        QCOMPARE(r.code, 1);
+        QVERIFY(r.out.starts_with("Channel 2 Tx. Freq.: "));
+        QVERIFY(r.out.find("\nChannel 2 Rx. Freq.: ") != std::string::npos);
+        QVERIFY(r.out.find(" -> 2.64000\n") != std::string::npos);
+        QCOMPARE(r.out.find("\nChannel 3"), std::string::npos);
+
         r = koralctl(
             {"write", "--port", "1", "--baud", "9600", path("changed.rss"), base + ".ale"});
         QCOMPARE(r.code, 0);
