@@ -14,6 +14,7 @@ int runWrite(const Invocation& invocation);
 int runBite(const Invocation& invocation);
 int runServe(const Invocation& invocation);
 int runDiff(const Invocation& invocation);
+int runCsv(const Invocation& invocation);
 
 namespace {
 
@@ -57,6 +58,19 @@ constexpr std::array kCommands{
             "radio on port P holds, so the lines tell what writing B would change. Prints\n"
             "nothing and exits 0 when they are the same, exits 1 when they differ.\n",
             kLinkFlags, 1, 2, runDiff},
+    Command{"csv",
+            "export RADIO.rss OUT.csv | import IN.csv RADIO.rss",
+            "export writes the channel plan of RADIO.rss as a CSV file for a spreadsheet: one\n"
+            "row per channel in use with the channel grid's columns, the CCIR channel number\n"
+            "and the groups the channel belongs to. import replaces the channels, CCIR channel\n"
+            "numbers and group memberships of RADIO.rss by those of IN.csv (comma- or\n"
+            "semicolon-separated) and saves it. Every row is checked as the Channel\n"
+            "Configuration dialog checks a channel; each bad row is printed with its line\n"
+            "number and the reason, and then RADIO.rss is left as it was (exit code 1).\n",
+            {},
+            3,
+            3,
+            runCsv},
     Command{"probe", "--port P [--baud B]",
             "Asks the radio on port P (a port number, a device path or tcp:HOST:PORT; port 1 is\n"
             "the built-in virtual radio) for its program word, software versions, operation\n"

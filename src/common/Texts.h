@@ -96,6 +96,18 @@ inline constexpr std::string_view kTxFrequencyOutOfRange = " is out of range. TX
 inline constexpr std::string_view kRxFrequencyOutOfRange = " is out of range. RX frequency range is 0.1 to 30Mhz.";
 inline constexpr std::string_view kBothFrequenciesZero = "Tx Frequency and Rx Frequency can't be both zero at the same time.";
 inline constexpr std::string_view kDuplexFrequenciesEqual = "Transmit frequency should differ from Receive frequency.";
+
+// --- channel plans as CSV ---
+inline constexpr std::string_view kCsvGroupsColumn = "Groups";
+inline constexpr std::string_view kCsvLine = "line %d: %s";
+inline constexpr std::string_view kCsvNoHeader = "the file holds no header row";
+inline constexpr std::string_view kCsvMissingColumn = "the column \"%s\" is missing";
+inline constexpr std::string_view kCsvBadChannelNumber = "\"%s\" is no channel number (1 to 200)";
+inline constexpr std::string_view kCsvDuplicateChannel = "channel %d is already on line %d";
+inline constexpr std::string_view kCsvBadValue = "%s \"%s\" is none of %s";
+inline constexpr std::string_view kCsvBadCcirNumber = "Ch. Num. \"%s\" is no number from 1 to 500";
+inline constexpr std::string_view kCsvBadGroups = "Groups \"%s\" names a group other than A to E";
+inline constexpr std::string_view kCsvTooLong = "%s \"%s\" is longer than 8 characters";
 inline constexpr std::string_view kRssConfigErrorUndefined = "Rss Config Error is not defined!";
 inline constexpr std::string_view kChannelColorIncorrect = "Channel Color is not correct!";
 inline constexpr std::string_view kUnknownMouseButton = "Unknown mouse button!";

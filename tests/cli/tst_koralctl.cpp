@@ -252,6 +252,25 @@ private slots:
         QCOMPARE(outcome.exitCode, lines.isEmpty() ? cli::kExitOk : cli::kExitProblems);
     }
 
+    // The example through a CSV file and back is what normalize makes of it; a bad row is
+    // reported with its line and leaves the database as it was.
+    void csvRoundTripAndBadRow()
+    {
+        QCOMPARE(koralctl({"normalize", kExample, path("normal.rss")}).exitCode, 0);
+        QVERIFY(QFile::copy(kExample, path("plan.rss")));
+        QCOMPARE(koralctl({"csv", "export", kExample, path("plan.csv")}).exitCode, 0);
+        QCOMPARE(koralctl({"csv", "import", path("plan.csv"), path("plan.rss")}).exitCode, 0);
+        QCOMPARE(readAll(path("plan.rss")), readAll(path("normal.rss")));
+
+        QByteArray csv = readAll(path("plan.csv"));
+        csv.replace("\r\n3,3.023,3.023,", "\r\n3,3.023,3.023x,");
+        writeFile(path("bad.csv"), csv);
+        const Outcome outcome = koralctl({"csv", "import", path("bad.csv"), path("plan.rss")});
+        QCOMPARE(outcome.exitCode, cli::kExitProblems);
+        QCOMPARE(outcome.err, path("bad.csv") + ": line 4: 3.023x is an invalid frequency\n");
+        QCOMPARE(readAll(path("plan.rss")), readAll(path("normal.rss")));
+    }
+
     void normalizeRepairsAndIsStable()
     {
         writeFile(path("messy.rss"),
