@@ -1,10 +1,10 @@
 #include "gui/MainWindow.h"
 
 #include "common/Texts.h"
-#include "gui/NetworkControlPane.h"
+#include "gui/AlePanel.h"
 #include "gui/ComputerInterfaceMenus.h"
 #include "gui/ComputerInterfacePanel.h"
-#include "gui/AlePanel.h"
+#include "gui/NetworkControlPane.h"
 #include "gui/Notices.h"
 #include "gui/ProgressDialog.h"
 #include "gui/RadioController.h"
@@ -36,8 +36,8 @@ QString qs(std::string_view text)
 }
 
 // Panels this build has; the others come with their own pages.
-const std::vector<Panel> kBuiltPanels{Panel::ComputerInterface, Panel::Rss, Panel::RssAle,
-                                       Panel::Koral,             Panel::Ccir, Panel::Koral2E};
+const std::vector<Panel> kBuiltPanels{
+    Panel::ComputerInterface, Panel::Rss, Panel::RssAle, Panel::Koral, Panel::Ccir, Panel::Koral2E};
 
 } // namespace
 
@@ -130,6 +130,8 @@ void MainWindow::createActions()
         {"exportReport", "Export R&eport to PDF...",
          QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E)},
         {"fileInfo", "File &Information...", QKeySequence()},
+        {"exportCsv", "Export Channels to &CSV...", QKeySequence()},
+        {"importCsv", "I&mport Channels from CSV...", QKeySequence()},
         {"exit", "E&xit", QKeySequence::Quit},
         {"readDevice", "&Read Device", QKeySequence(Qt::Key_F5)},
         {"writeDevice", "&Write Device", QKeySequence(Qt::Key_F6)},
@@ -176,8 +178,9 @@ void MainWindow::createActions()
         const QString label = info.panel == Panel::Rss      ? QStringLiteral("RSS")
                               : info.panel == Panel::RssAle ? QStringLiteral("ALE")
                               : info.panel == Panel::Ccir   ? QStringLiteral("CCIR")
-                              : info.panel == Panel::ComputerInterface ? QStringLiteral("CI")
-                                                            : QString::number(int(info.panel));
+                              : info.panel == Panel::ComputerInterface
+                                  ? QStringLiteral("CI")
+                                  : QString::number(int(info.panel));
         action->setIcon(ToolbarImages::commandIcon(label, QColor(0xFF, 0xC8, 0x64)));
         const Panel panel = info.panel;
         connect(action, &QAction::triggered, this, [this, panel] { showPanel(panel); });
@@ -227,6 +230,8 @@ void MainWindow::createRssPanel()
     bind("printReport", [this] { m_rss->printReport(); });
     bind("exportReport", [this] { m_rss->exportReportPdf(); });
     bind("fileInfo", [this] { m_rss->editFileInformation(); });
+    bind("exportCsv", [this] { m_rss->exportChannelsCsv(); });
+    bind("importCsv", [this] { m_rss->importChannelsCsv(); });
     bind("channelConfig", [this] { m_rss->editChannels(); });
     bind("groups", [this] { m_rss->editGroups(); });
     bind("radioOptions", [this] { m_rss->editRadioOptions(); });
@@ -241,6 +246,8 @@ void MainWindow::createRssPanel()
     file->addActions({c("saveRss"), c("saveRssAs")});
     file->addSeparator();
     file->addActions({c("printRss"), c("exportPdf"), c("printReport"), c("exportReport")});
+    file->addSeparator();
+    file->addActions({c("exportCsv"), c("importCsv")});
     file->addSeparator();
     file->addAction(c("fileInfo"));
     file->addSeparator();
