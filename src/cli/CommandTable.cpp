@@ -22,6 +22,8 @@ constexpr std::array<std::string_view, 1> kSummaryFlags{"--all"};
 constexpr std::array<std::string_view, 1> kNormalizeFlags{kNoGlobalMembersFlag};
 constexpr std::array<std::string_view, 2> kLinkFlags{"--port=", "--baud="};
 constexpr std::array<std::string_view, 3> kReadFlags{"--port=", "--baud=", "-o="};
+constexpr std::array<std::string_view, 4> kWriteFlags{
+    "--port=", "--baud=", "--backups=", "--keep-backups="};
 constexpr std::array<std::string_view, 3> kBiteFlags{"--port=", "--baud=", "--type="};
 constexpr std::array<std::string_view, 4> kServeFlags{
     "--port=", "--baud=", "--listen=", "--scratch="};
@@ -80,11 +82,14 @@ constexpr std::array kCommands{
             "Reads the radio's databases as the application's Read Device does and saves\n"
             "BASE.rss and BASE.ale (BASE.ccr in CCIR mode). Progress goes to standard error.\n",
             kReadFlags, 0, 0, runRead},
-    Command{"write", "--port P [--baud B] BASE.rss [BASE.ale|BASE.ccr]",
-            "Saves what the radio holds as BASE.before-write.rss and .ale first, writes the\n"
-            "files into the radio, reads it back and compares; a difference is an error that\n"
-            "names the section.\n",
-            kLinkFlags, 1, 2, runWrite},
+    Command{"write",
+            "--port P [--baud B] [--backups DIR] [--keep-backups N] BASE.rss [BASE.ale|BASE.ccr]",
+            "Saves what the radio holds as BASE.before-write.rss and .ale first, and as a dated\n"
+            "backup (date, time and the radio's serial number) in DIR, the application's\n"
+            "backup folder unless given, where the newest N (default 20) are kept. Then writes\n"
+            "the files into the radio, reads it back and compares; a difference is an error\n"
+            "that names the section.\n",
+            kWriteFlags, 1, 2, runWrite},
     Command{"bite", "--port P [--baud B] --type full|channel|lowrf",
             "Runs the radio's built-in test and prints each item's result and the summary.\n"
             "Exit code 1 when an item failed or could not be performed.\n",

@@ -12,10 +12,13 @@
 #include "session/BaudRate.h"
 #include "session/BiteResults.h"
 #include "session/ProgressCaption.h"
+#include "session/RadioBackups.h"
 
 #include <QCoreApplication>
+#include <QStandardPaths>
 
 #include <chrono>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <iostream>
@@ -308,6 +311,46 @@ std::optional<std::string> firstDifference(const RadioImage& wanted, const Radio
     return std::nullopt;
 }
 
+// Where koralctl keeps its backups: beside the application's, unless --backups names a folder.
+std::filesystem::path backupFolder(const Invocation& invocation)
+{
+    if (const auto folder = invocation.option("--backups"))
+        return *folder;
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    return std::filesystem::path(data.toStdString()) / "KORAL" / "koral-control-center" / "backups";
+}
+
+// The radio's contents as they were before the write, kept among the dated backups.
+bool saveBackup(const Invocation& invocation, const RadioImage& image, const Capabilities& caps)
+{
+    int keep = RadioBackups::kDefaultKeep;
+    if (const auto text = invocation.option("--keep-backups")) {
+        keep = std::atoi(text->c_str());
+        if (keep < 1) {
+            fail(invocation.err, text::format(text::kCliBadKeep.data(), text->c_str()));
+            return false;
+        }
+    }
+    RadioBackups backups(backupFolder(invocation), keep);
+    const CcirChannelNumbers numbers = image.channelNumbers();
+    RadioBackups::Contents contents{.radio = &image.radio, .isb = image.isb};
+    if (caps.ccir) {
+        contents.ccirNumbers = &numbers;
+        contents.ccir = &image.ccir;
+    } else {
+        contents.ale = &image.ale;
+        contents.aleSettings.globalMembers = caps.globalAndExtra;
+    }
+    std::string error;
+    const auto saved = backups.save(contents, std::chrono::system_clock::now(), error);
+    if (!saved) {
+        fail(invocation.err, error);
+        return false;
+    }
+    invocation.out << saved->string() << '\n';
+    return true;
+}
+
 } // namespace
 
 CcirChannelNumbers RadioImage::channelNumbers() const
@@ -448,6 +491,8 @@ int runWrite(const Invocation& invocation)
         return fail(invocation.err,
                     text::format(text::kCliTransferFailed.data(), link.port().c_str()));
     if (!saveImage(*before, *caps, base + ".before-write", invocation.out, invocation.err))
+        return kExitError;
+    if (!saveBackup(invocation, *before, *caps))
         return kExitError;
     if (!aleGiven)
         wanted->ale = before->ale;

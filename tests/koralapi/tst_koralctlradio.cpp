@@ -2,6 +2,7 @@
 
 #include "cli/Command.h"
 
+#include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -69,9 +70,16 @@ private slots:
         QVERIFY(r.out.find(" -> 2.64000\n") != std::string::npos);
         QCOMPARE(r.out.find("\nChannel 3"), std::string::npos);
 
-        r = koralctl(
-            {"write", "--port", "1", "--baud", "9600", path("changed.rss"), base + ".ale"});
+        r = koralctl({"write", "--port", "1", "--baud", "9600", "--backups", path("backups"),
+                      path("changed.rss"), base + ".ale"});
         QCOMPARE(r.code, 0);
+        // The dated backup holds the radio's contents too.
+        const QStringList backups =
+            QDir(QString::fromStdString(path("backups"))).entryList(QDir::Files, QDir::Name);
+        QCOMPARE(backups.size(), 2);
+        QVERIFY(backups[0].endsWith(".ale") && backups[1].endsWith(".rss"));
+        QCOMPARE(readFile(path("backups") + "/" + backups[1].toStdString()),
+                 readFile(base + ".rss"));
         QVERIFY(QFile::exists(QString::fromStdString(path("changed.before-write.rss"))));
         QVERIFY(QFile::exists(QString::fromStdString(path("changed.before-write.ale"))));
         // Each opening of port 1 is a fresh radio, so the round trip is checked on the same
