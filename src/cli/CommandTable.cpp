@@ -13,6 +13,8 @@ int runRead(const Invocation& invocation);
 int runWrite(const Invocation& invocation);
 int runBite(const Invocation& invocation);
 int runServe(const Invocation& invocation);
+int runDiff(const Invocation& invocation);
+int runCsv(const Invocation& invocation);
 
 namespace {
 
@@ -20,6 +22,8 @@ constexpr std::array<std::string_view, 1> kSummaryFlags{"--all"};
 constexpr std::array<std::string_view, 1> kNormalizeFlags{kNoGlobalMembersFlag};
 constexpr std::array<std::string_view, 2> kLinkFlags{"--port=", "--baud="};
 constexpr std::array<std::string_view, 3> kReadFlags{"--port=", "--baud=", "-o="};
+constexpr std::array<std::string_view, 4> kWriteFlags{
+    "--port=", "--baud=", "--backups=", "--keep-backups="};
 constexpr std::array<std::string_view, 3> kBiteFlags{"--port=", "--baud=", "--type="};
 constexpr std::array<std::string_view, 4> kServeFlags{
     "--port=", "--baud=", "--listen=", "--scratch="};
@@ -48,6 +52,27 @@ constexpr std::array kCommands{
             "programmed channels, or all 200 with --all. The \"Ch. Num.\" column is there when\n"
             "the file carries CCIR channel numbers.\n",
             kSummaryFlags, 1, 1, runSummary},
+    Command{"diff", "A B | --port P [--baud B] B",
+            "Prints what differs between A and B, one line per difference named as the\n"
+            "application names the field (\"Channel 12 Rx. Freq.: 7.10000 -> 7.20000\",\n"
+            "\"Group B: +14 -15\", \"Net 3 Self Address: BASE -> CAMP\"), A's value first.\n"
+            "A and B are files of one kind (.rss, .ale or .ccr); with --port P, A is what the\n"
+            "radio on port P holds, so the lines tell what writing B would change. Prints\n"
+            "nothing and exits 0 when they are the same, exits 1 when they differ.\n",
+            kLinkFlags, 1, 2, runDiff},
+    Command{"csv",
+            "export RADIO.rss OUT.csv | import IN.csv RADIO.rss",
+            "export writes the channel plan of RADIO.rss as a CSV file for a spreadsheet: one\n"
+            "row per channel in use with the channel grid's columns, the CCIR channel number\n"
+            "and the groups the channel belongs to. import replaces the channels, CCIR channel\n"
+            "numbers and group memberships of RADIO.rss by those of IN.csv (comma- or\n"
+            "semicolon-separated) and saves it. Every row is checked as the Channel\n"
+            "Configuration dialog checks a channel; each bad row is printed with its line\n"
+            "number and the reason, and then RADIO.rss is left as it was (exit code 1).\n",
+            {},
+            3,
+            3,
+            runCsv},
     Command{"probe", "--port P [--baud B]",
             "Asks the radio on port P (a port number, a device path or tcp:HOST:PORT; port 1 is\n"
             "the built-in virtual radio) for its program word, software versions, operation\n"
@@ -57,11 +82,14 @@ constexpr std::array kCommands{
             "Reads the radio's databases as the application's Read Device does and saves\n"
             "BASE.rss and BASE.ale (BASE.ccr in CCIR mode). Progress goes to standard error.\n",
             kReadFlags, 0, 0, runRead},
-    Command{"write", "--port P [--baud B] BASE.rss [BASE.ale|BASE.ccr]",
-            "Saves what the radio holds as BASE.before-write.rss and .ale first, writes the\n"
-            "files into the radio, reads it back and compares; a difference is an error that\n"
-            "names the section.\n",
-            kLinkFlags, 1, 2, runWrite},
+    Command{"write",
+            "--port P [--baud B] [--backups DIR] [--keep-backups N] BASE.rss [BASE.ale|BASE.ccr]",
+            "Saves what the radio holds as BASE.before-write.rss and .ale first, and as a dated\n"
+            "backup (date, time and the radio's serial number) in DIR, the application's\n"
+            "backup folder unless given, where the newest N (default 20) are kept. Then writes\n"
+            "the files into the radio, reads it back and compares; a difference is an error\n"
+            "that names the section.\n",
+            kWriteFlags, 1, 2, runWrite},
     Command{"bite", "--port P [--baud B] --type full|channel|lowrf",
             "Runs the radio's built-in test and prints each item's result and the summary.\n"
             "Exit code 1 when an item failed or could not be performed.\n",

@@ -1,6 +1,7 @@
 // koralctl's commands that talk to a radio: probe, read, write and bite.
 
 #include "cli/Command.h"
+#include "cli/RadioImage.h"
 
 #include "aledb/AleFile.h"
 #include "aledb/CcirFile.h"
@@ -11,10 +12,13 @@
 #include "session/BaudRate.h"
 #include "session/BiteResults.h"
 #include "session/ProgressCaption.h"
+#include "session/RadioBackups.h"
 
 #include <QCoreApplication>
+#include <QStandardPaths>
 
 #include <chrono>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <iostream>
@@ -44,23 +48,6 @@ using Clock = std::chrono::steady_clock;
 constexpr int kPatience = 10;
 constexpr int kBarWidth = 30;
 constexpr auto kBiteSilence = std::chrono::seconds(10);
-
-// What the radio says about itself before a transfer.
-struct Capabilities
-{
-    bool ccir = false;
-    bool globalAndExtra = false;
-};
-
-// All databases as the radio holds them (host order), the way Read Device collects them.
-struct RadioImage
-{
-    dbase radio{};
-    AleProgramme ale{};
-    ccir_dbase ccir{}; // radio order, as every CCIR record outside its file
-    std::array<std::uint8_t, record::kChannelNameSize> channelNames{};
-    bool isb = false;
-};
 
 // The progress of a transfer: a bar on a terminal, plain lines otherwise.
 class ProgressPrinter
@@ -239,11 +226,7 @@ bool readImage(RadioConnection& link, const Capabilities& caps, RadioImage& imag
 
 CcirChannelNumbers channelNumbersOf(const RadioImage& image)
 {
-    CcirChannelNumbers numbers{};
-    for (std::size_t i = 0; i < numbers.size(); ++i)
-        numbers[i] = static_cast<std::uint16_t>((image.channelNames[2 * i] << 8) |
-                                                image.channelNames[2 * i + 1]);
-    return numbers;
+    return image.channelNumbers();
 }
 
 // Saves BASE.rss and BASE.ale (or the CCIR files); prints why not.
@@ -328,7 +311,69 @@ std::optional<std::string> firstDifference(const RadioImage& wanted, const Radio
     return std::nullopt;
 }
 
+// Where koralctl keeps its backups: beside the application's, unless --backups names a folder.
+std::filesystem::path backupFolder(const Invocation& invocation)
+{
+    if (const auto folder = invocation.option("--backups"))
+        return *folder;
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    return std::filesystem::path(data.toStdString()) / "KORAL" / "koral-control-center" / "backups";
+}
+
+// The radio's contents as they were before the write, kept among the dated backups.
+bool saveBackup(const Invocation& invocation, const RadioImage& image, const Capabilities& caps)
+{
+    int keep = RadioBackups::kDefaultKeep;
+    if (const auto text = invocation.option("--keep-backups")) {
+        keep = std::atoi(text->c_str());
+        if (keep < 1) {
+            fail(invocation.err, text::format(text::kCliBadKeep.data(), text->c_str()));
+            return false;
+        }
+    }
+    RadioBackups backups(backupFolder(invocation), keep);
+    const CcirChannelNumbers numbers = image.channelNumbers();
+    RadioBackups::Contents contents{.radio = &image.radio, .isb = image.isb};
+    if (caps.ccir) {
+        contents.ccirNumbers = &numbers;
+        contents.ccir = &image.ccir;
+    } else {
+        contents.ale = &image.ale;
+        contents.aleSettings.globalMembers = caps.globalAndExtra;
+    }
+    std::string error;
+    const auto saved = backups.save(contents, std::chrono::system_clock::now(), error);
+    if (!saved) {
+        fail(invocation.err, error);
+        return false;
+    }
+    invocation.out << saved->string() << '\n';
+    return true;
+}
+
 } // namespace
+
+CcirChannelNumbers RadioImage::channelNumbers() const
+{
+    CcirChannelNumbers numbers{};
+    for (std::size_t i = 0; i < numbers.size(); ++i)
+        numbers[i] =
+            static_cast<std::uint16_t>((channelNames[2 * i] << 8) | channelNames[2 * i + 1]);
+    return numbers;
+}
+
+std::optional<Capabilities> readRadioImage(const Invocation& invocation, RadioImage& image)
+{
+    RadioConnection link(invocation);
+    if (!link.open())
+        return std::nullopt;
+    const auto caps = link.capabilities();
+    if (!readImage(link, *caps, image, invocation.err)) {
+        fail(invocation.err, text::format(text::kCliTransferFailed.data(), link.port().c_str()));
+        return std::nullopt;
+    }
+    return caps;
+}
 
 int runProbe(const Invocation& invocation)
 {
@@ -446,6 +491,8 @@ int runWrite(const Invocation& invocation)
         return fail(invocation.err,
                     text::format(text::kCliTransferFailed.data(), link.port().c_str()));
     if (!saveImage(*before, *caps, base + ".before-write", invocation.out, invocation.err))
+        return kExitError;
+    if (!saveBackup(invocation, *before, *caps))
         return kExitError;
     if (!aleGiven)
         wanted->ale = before->ale;

@@ -132,6 +132,8 @@ void MainWindow::createActions()
         {"exportReport", "Export R&eport to PDF...",
          QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E)},
         {"fileInfo", "File &Information...", QKeySequence()},
+        {"exportCsv", "Export Channels to &CSV...", QKeySequence()},
+        {"importCsv", "I&mport Channels from CSV...", QKeySequence()},
         {"exit", "E&xit", QKeySequence::Quit},
         {"readDevice", "&Read Device", QKeySequence(Qt::Key_F5)},
         {"writeDevice", "&Write Device", QKeySequence(Qt::Key_F6)},
@@ -235,6 +237,8 @@ void MainWindow::createRssPanel()
     bind("exportPdf", [this] { m_rss->exportPdf(); });
     bind("printReport", [this] { m_rss->printReport(); });
     bind("exportReport", [this] { m_rss->exportReportPdf(); });
+    bind("exportCsv", [this] { m_rss->exportChannelsCsv(); });
+    bind("importCsv", [this] { m_rss->importChannelsCsv(); });
     bind("channelConfig", [this] { m_rss->editChannels(); });
     bind("groups", [this] { m_rss->editGroups(); });
     bind("radioOptions", [this] { m_rss->editRadioOptions(); });
@@ -249,6 +253,8 @@ void MainWindow::createRssPanel()
     file->addActions({c("saveRss"), c("saveRssAs")});
     file->addSeparator();
     file->addActions({c("printRss"), c("exportPdf"), c("printReport"), c("exportReport")});
+    file->addSeparator();
+    file->addActions({c("exportCsv"), c("importCsv")});
     file->addSeparator();
     file->addAction(c("fileInfo"));
     file->addSeparator();

@@ -58,6 +58,11 @@ public:
     // The configuration check's lines for the document.
     QStringList checkLines() const;
 
+    // The channel plan to and from a CSV file the operator picks (ChannelCsv.h); an import
+    // with a bad row shows every bad row and changes nothing.
+    bool exportChannelsCsv();
+    bool importChannelsCsv();
+
     // The channel commands of the channel view's context menu, on the selected channel.
     void clearChannel();
     void copyChannel();

@@ -319,6 +319,24 @@ bool ProfileFile::hasSection(std::string_view section) const
     return findSection(section) != nullptr;
 }
 
+std::vector<ProfileFile::Entry> ProfileFile::entries() const
+{
+    std::vector<Entry> result;
+    for (const Section& section : m_sections) {
+        std::string_view name;
+        if (!section.hasHeader || !sectionName(section.lines[0].text, name) ||
+            findSection(name) != &section)
+            continue;
+        for (std::size_t i = 1; i < section.lines.size(); ++i) {
+            const KeyLine line = splitKeyLine(section.lines[i].text);
+            if (line.hasValue && section.indexOf(folded(line.key)) == i)
+                result.push_back(
+                    {std::string(name), std::string(line.key), std::string(unquoted(line.value))});
+        }
+    }
+    return result;
+}
+
 // The line before an appended one must be ended first.
 void ProfileFile::endLastLine()
 {

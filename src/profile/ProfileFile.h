@@ -73,6 +73,17 @@ public:
     // True when the section exists.
     bool hasSection(std::string_view section) const;
 
+    // One key as read() finds it, with the spelling of its section header and key line.
+    struct Entry
+    {
+        std::string section;
+        std::string key;
+        std::string value;
+    };
+    // Every key that read() finds, in file order: keys without '=' and the duplicates of a
+    // section or key that reading never reaches are left out.
+    std::vector<Entry> entries() const;
+
     // Sets `key` in `section` to `value`, creating the key or the section as needed. A value
     // with blanks at an end, or one that starts and ends with the same quote, is stored in
     // double quotes, so that read() (and the original system) gives it back unchanged. The

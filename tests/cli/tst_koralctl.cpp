@@ -73,6 +73,9 @@ private slots:
         QTest::newRow("missing CCIR file")
             << QStringList{"normalize", "/nonexistent/a.ccr", "b.ccr"}
             << "koralctl: Cannot read the file /nonexistent/a.ccr: No such file or directory\n";
+        QTest::newRow("diff of two kinds")
+            << QStringList{"diff", kExample, "b.ale"}
+            << "koralctl: " + kExample + " and b.ale are not files of one kind\n";
         QTest::newRow("normalize of an unknown kind")
             << QStringList{"normalize", "plan.txt", "out.txt"}
             << "koralctl: plan.txt: unknown file kind (expected .rss, .ale or .ccr)\n";
@@ -208,6 +211,64 @@ private slots:
         QVERIFY(!saved.contains("Ccir Directory8"));
         QCOMPARE(koralctl({"normalize", path("calls.ccr"), path("calls2.ccr")}).exitCode, 0);
         QCOMPARE(readAll(path("calls2.ccr")), saved);
+    }
+
+    // A file against itself prints nothing; a change is named with both values.
+    void diff_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("from");
+        QTest::addColumn<QString>("to");
+        QTest::addColumn<QStringList>("lines");
+        QTest::newRow("same radio database") << "radio.rss"
+                                             << ""
+                                             << "" << QStringList{};
+        QTest::newRow("same ALE programme") << "radio.ale"
+                                            << ""
+                                            << "" << QStringList{};
+        QTest::newRow("a frequency and a scan rate")
+            << "radio.rss"
+            << "Channel1=High,USB,2182000,2182000"
+            << "Channel1=High,USB,2182000,2187000"
+            << QStringList{"Channel 1 Rx. Freq.: 2.18200 -> 2.18700"};
+        QTest::newRow("a CCIR identity")
+            << "radio.ccr"
+            << "Ccir 4 Digits Id=4117"
+            << "Ccir 4 Digits Id=4118" << QStringList{"Ccir 4 Digits Id: 4117 -> 4118"};
+    }
+    void diff()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, from);
+        QFETCH(QString, to);
+        QFETCH(QStringList, lines);
+        const QString example = QStringLiteral(KORAL_EXAMPLES_DIR "/") + name;
+        QByteArray changed = readAll(example);
+        changed.replace(from.toUtf8(), to.toUtf8());
+        writeFile(path("changed-" + name), changed);
+        const Outcome outcome = koralctl({"diff", example, path("changed-" + name)});
+        QCOMPARE(outcome.err, QString());
+        QCOMPARE(outcome.outLines(), lines);
+        QCOMPARE(outcome.exitCode, lines.isEmpty() ? cli::kExitOk : cli::kExitProblems);
+    }
+
+    // The example through a CSV file and back is what normalize makes of it; a bad row is
+    // reported with its line and leaves the database as it was.
+    void csvRoundTripAndBadRow()
+    {
+        QCOMPARE(koralctl({"normalize", kExample, path("normal.rss")}).exitCode, 0);
+        QVERIFY(QFile::copy(kExample, path("plan.rss")));
+        QCOMPARE(koralctl({"csv", "export", kExample, path("plan.csv")}).exitCode, 0);
+        QCOMPARE(koralctl({"csv", "import", path("plan.csv"), path("plan.rss")}).exitCode, 0);
+        QCOMPARE(readAll(path("plan.rss")), readAll(path("normal.rss")));
+
+        QByteArray csv = readAll(path("plan.csv"));
+        csv.replace("\r\n3,3.023,3.023,", "\r\n3,3.023,3.023x,");
+        writeFile(path("bad.csv"), csv);
+        const Outcome outcome = koralctl({"csv", "import", path("bad.csv"), path("plan.rss")});
+        QCOMPARE(outcome.exitCode, cli::kExitProblems);
+        QCOMPARE(outcome.err, path("bad.csv") + ": line 4: 3.023x is an invalid frequency\n");
+        QCOMPARE(readAll(path("plan.rss")), readAll(path("normal.rss")));
     }
 
     void normalizeRepairsAndIsStable()

@@ -262,6 +262,47 @@ private slots:
         QVERIFY(file.size() > 2000);
     }
 
+    // From the File menu: the plan goes out, a bad edit is refused whole, a good one shows.
+    void channelsThroughCsv()
+    {
+        FileDialogs::queueFileName(example());
+        QVERIFY(panel()->openFile());
+        const QString csv = m_dir.filePath("plan.csv");
+        FileDialogs::queueFileName(csv);
+        m_window->findChild<QAction*>("exportCsv")->trigger();
+        QFile file(csv);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QByteArray plan = file.readAll();
+        file.close();
+        QVERIFY(plan.contains("\r\n1,2.182,2.182,HIGH,USB,SSB,Slow,2.7,401,A\r\n"));
+
+        const dbase before = panel()->document().record;
+        QByteArray bad = plan;
+        bad.replace("\r\n1,2.182,2.182,HIGH", "\r\n1,2.182,2.182,HUGE");
+        const QString badPath = m_dir.filePath("bad.csv");
+        QFile badFile(badPath);
+        QVERIFY(badFile.open(QIODevice::WriteOnly));
+        badFile.write(bad);
+        badFile.close();
+        FileDialogs::queueFileName(badPath);
+        QVERIFY(!panel()->importChannelsCsv());
+        QVERIFY(MessageBoxNotifier::shownTexts().last().contains(
+            "line 2: Tx Power \"HUGE\" is none of LOW, MED, HIGH, MAX"));
+        QVERIFY(!panel()->document().isModified());
+
+        plan.replace("\r\n1,2.182,2.182,HIGH", "\r\n1,2.182,2.19,HIGH");
+        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write(plan);
+        file.close();
+        FileDialogs::queueFileName(csv);
+        m_window->findChild<QAction*>("importCsv")->trigger();
+        QCOMPARE(panel()->document().record.channelNo(1).rxFrequency.get(), 2'190'000u);
+        QVERIFY(panel()->document().isModified());
+        QCOMPARE(panel()->channelView()->model()->index(0, 2).data().toString(), QString("2.19"));
+        QVERIFY(std::memcmp(&before.groups, &panel()->document().record.groups,
+                            sizeof before.groups) == 0);
+    }
+
     void saveGoesToTheCurrentFileAndSaveAsAsks()
     {
         const QString path = m_window.path("plan.rss");

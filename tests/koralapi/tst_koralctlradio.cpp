@@ -2,6 +2,7 @@
 
 #include "support/KoralctlRunner.h"
 
+#include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -49,9 +50,25 @@ private slots:
         rss.replace(at, end - at, "\nChannel2=Max,USB,2639000,2640000,Slow,SSB,2700");
         std::ofstream(path("changed.rss"), std::ios::binary) << rss;
 
-        r = runKoralctl({"write", "--port", "1", "--baud", "9600", dir.filePath("changed.rss"),
+        // A fresh radio holds what was read, so only channel 2 differs from the changed file.
+        r = runKoralctl({"diff", "--port", "1", dir.filePath("changed.rss")});
+        QCOMPARE(r.exitCode, 1);
+        QVERIFY(r.out.startsWith("Channel 2 Tx. Freq.: "));
+        QVERIFY(r.out.contains("\nChannel 2 Rx. Freq.: "));
+        QVERIFY(r.out.contains(" -> 2.64000\n"));
+        QVERIFY(!r.out.contains("\nChannel 3"));
+
+        r = runKoralctl({"write", "--port", "1", "--baud", "9600", "--backups",
+                         dir.filePath("backups"), dir.filePath("changed.rss"),
                          QString::fromStdString(base + ".ale")});
         QCOMPARE(r.exitCode, 0);
+        // The dated backup holds the radio's contents too.
+        const QStringList backups =
+            QDir(dir.filePath("backups")).entryList(QDir::Files, QDir::Name);
+        QCOMPARE(backups.size(), 2);
+        QVERIFY(backups[0].endsWith(".ale") && backups[1].endsWith(".rss"));
+        QCOMPARE(readFile(path("backups") + "/" + backups[1].toStdString()),
+                 readFile(base + ".rss"));
         QVERIFY(QFile::exists(QString::fromStdString(path("changed.before-write.rss"))));
         QVERIFY(QFile::exists(QString::fromStdString(path("changed.before-write.ale"))));
         // Each opening of port 1 is a fresh radio, so the round trip is checked on the same
