@@ -267,7 +267,7 @@ private slots:
     {
         FileDialogs::queueFileName(example());
         QVERIFY(panel()->openFile());
-        const QString csv = m_dir.filePath("plan.csv");
+        const QString csv = m_window.path("plan.csv");
         FileDialogs::queueFileName(csv);
         m_window->findChild<QAction*>("exportCsv")->trigger();
         QFile file(csv);
@@ -279,7 +279,7 @@ private slots:
         const dbase before = panel()->document().record;
         QByteArray bad = plan;
         bad.replace("\r\n1,2.182,2.182,HIGH", "\r\n1,2.182,2.182,HUGE");
-        const QString badPath = m_dir.filePath("bad.csv");
+        const QString badPath = m_window.path("bad.csv");
         QFile badFile(badPath);
         QVERIFY(badFile.open(QIODevice::WriteOnly));
         badFile.write(bad);
