@@ -5,6 +5,7 @@
 #include "gui/DspSliderDialog.h"
 #include "gui/IncomingCallDialog.h"
 #include "session/ControlCenterSession.h"
+#include "session/ViewStatus.h"
 
 #include <QAction>
 #include <QApplication>
@@ -431,6 +432,12 @@ void ComputerInterfacePanel::bind(ControlCenterSession& session)
         if (m_incoming)
             m_incoming->reject();
     });
+    // The call state moves with the radio's reports and with the calls placed from the tabs;
+    // the dispatch of a report has run by the time this connection is called.
+    connect(&session.link(), &RadioLink::incomingMessage, this,
+            &ComputerInterfacePanel::refreshState);
+    connect(m_ale, &AleCallController::changed, this, &ComputerInterfacePanel::refreshState);
+    connect(m_lq, &LinkQualityController::changed, this, &ComputerInterfacePanel::refreshState);
     refresh();
 }
 
@@ -646,12 +653,21 @@ void ComputerInterfacePanel::refresh()
                                : text::kScanNetHint));
     m_scanChannel->setText(QString::fromStdString(c.channelStateText()));
 
+    refreshAle();
+    refreshState();
+}
+
+void ComputerInterfacePanel::refreshState()
+{
+    if (!m_controller)
+        return;
+    const ChannelController& c = *m_controller;
+    const ViewState& view = m_session->view();
     m_stateChannel->setText(QString::fromStdString(c.channelStateText()));
     m_stateScan->setText(QString::fromStdString(c.scanStateText()));
-    m_stateCall->setText(QString::fromStdString(c.callStateText()));
+    m_stateCall->setText(qs(callStateText(view.callState, view.linked, m_lq->soundingActive())));
     m_stateLink->setText(QString::fromStdString(c.linkStateText()));
     m_callStatus->setText(QString::fromStdString(m_session->commands().callStatus()));
-    refreshAle();
     emit stateSummaryChanged(stateSummary());
 }
 
