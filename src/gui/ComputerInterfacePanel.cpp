@@ -24,6 +24,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace koral {
 
 namespace {
@@ -85,6 +87,13 @@ QWidget* ComputerInterfacePanel::createStatusBox()
     m_stateScan = stateLabel(box, "stateScan");
     m_stateCall = stateLabel(box, "stateCall");
     m_stateLink = stateLabel(box, "stateLink");
+    // The call's texts vary most in length: its pane fits the longest, so that the line does
+    // not jump or cut as the call goes on.
+    int widest = 0;
+    for (int state : {31, 32, 33, 37, 38, 39, 55, 62})
+        widest = std::max(widest, m_stateCall->fontMetrics().horizontalAdvance(
+                                      qs(callStateText(state, false, true))));
+    m_stateCall->setMinimumWidth(widest + 2 * m_stateCall->frameWidth() + 8);
     for (QLabel* label : {m_stateChannel, m_stateScan, m_stateCall, m_stateLink})
         row->addWidget(label);
     m_callStatus = new QLabel(box);
