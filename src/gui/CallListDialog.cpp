@@ -9,6 +9,8 @@
 #include <QTableWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace koral {
 
 namespace {
@@ -24,6 +26,10 @@ int pixelsOfTwips(int twips, const QFontMetrics& metrics)
 {
     return twips * metrics.averageCharWidth() / (15 * 5);
 }
+
+// Net names run longer than the width this column was made for.
+constexpr int kNetColumn = 6;
+static_assert(CallListEditor::kColumns[kNetColumn].header == "Net");
 
 } // namespace
 
@@ -109,6 +115,11 @@ void CallListDialog::fill()
         for (int c = 0; c < int(CallListEditor::kColumns.size()); ++c)
             m_grid->setItem(r - 1, c,
                             new QTableWidgetItem(QString::fromStdString(m_editor.cell(r, c))));
+    // The net column shows its longest name whole, and is never narrower than it was made.
+    const int made =
+        pixelsOfTwips(CallListEditor::kColumns[kNetColumn].widthTwips, m_grid->fontMetrics());
+    m_grid->resizeColumnToContents(kNetColumn);
+    m_grid->setColumnWidth(kNetColumn, std::max(made, m_grid->columnWidth(kNetColumn)));
 }
 
 } // namespace koral

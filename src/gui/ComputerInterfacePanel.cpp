@@ -5,6 +5,7 @@
 #include "gui/DspSliderDialog.h"
 #include "gui/IncomingCallDialog.h"
 #include "session/ControlCenterSession.h"
+#include "session/ViewStatus.h"
 
 #include <QAction>
 #include <QApplication>
@@ -22,6 +23,8 @@
 #include <QTabWidget>
 #include <QTimer>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace koral {
 
@@ -84,6 +87,13 @@ QWidget* ComputerInterfacePanel::createStatusBox()
     m_stateScan = stateLabel(box, "stateScan");
     m_stateCall = stateLabel(box, "stateCall");
     m_stateLink = stateLabel(box, "stateLink");
+    // The call's texts vary most in length: its pane fits the longest, so that the line does
+    // not jump or cut as the call goes on.
+    int widest = 0;
+    for (int state : {31, 32, 33, 37, 38, 39, 55, 62})
+        widest = std::max(widest, m_stateCall->fontMetrics().horizontalAdvance(
+                                      qs(callStateText(state, false, true))));
+    m_stateCall->setMinimumWidth(widest + 2 * m_stateCall->frameWidth() + 8);
     for (QLabel* label : {m_stateChannel, m_stateScan, m_stateCall, m_stateLink})
         row->addWidget(label);
     m_callStatus = new QLabel(box);
@@ -431,6 +441,12 @@ void ComputerInterfacePanel::bind(ControlCenterSession& session)
         if (m_incoming)
             m_incoming->reject();
     });
+    // The call state moves with the radio's reports and with the calls placed from the tabs;
+    // the dispatch of a report has run by the time this connection is called.
+    connect(&session.link(), &RadioLink::incomingMessage, this,
+            &ComputerInterfacePanel::refreshState);
+    connect(m_ale, &AleCallController::changed, this, &ComputerInterfacePanel::refreshState);
+    connect(m_lq, &LinkQualityController::changed, this, &ComputerInterfacePanel::refreshState);
     refresh();
 }
 
@@ -646,12 +662,21 @@ void ComputerInterfacePanel::refresh()
                                : text::kScanNetHint));
     m_scanChannel->setText(QString::fromStdString(c.channelStateText()));
 
+    refreshAle();
+    refreshState();
+}
+
+void ComputerInterfacePanel::refreshState()
+{
+    if (!m_controller)
+        return;
+    const ChannelController& c = *m_controller;
+    const ViewState& view = m_session->view();
     m_stateChannel->setText(QString::fromStdString(c.channelStateText()));
     m_stateScan->setText(QString::fromStdString(c.scanStateText()));
-    m_stateCall->setText(QString::fromStdString(c.callStateText()));
+    m_stateCall->setText(qs(callStateText(view.callState, view.linked, m_lq->soundingActive())));
     m_stateLink->setText(QString::fromStdString(c.linkStateText()));
     m_callStatus->setText(QString::fromStdString(m_session->commands().callStatus()));
-    refreshAle();
     emit stateSummaryChanged(stateSummary());
 }
 

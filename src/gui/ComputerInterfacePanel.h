@@ -99,6 +99,8 @@ private:
     QWidget* createAlePage();
     void bindAle(AleCallController& ale);
     void refresh();
+    // The radio's state line: channel, scan, call, link and the call status.
+    void refreshState();
     void refreshAle();
     void showIncomingCall(const IncomingCall& call);
     QWidget* createLinkQualityPage();

@@ -301,7 +301,7 @@ void VirtualRadio::startAleScan(unsigned net)
 {
     m_state.groupScanning = false;
     m_state.aleScanning = true;
-    m_state.aleOn = true;
+    setAleOn(true);
     m_state.scanNet = static_cast<std::uint8_t>(net);
     const unsigned rate = m_db.ale[net * layout::kNetSize + layout::kNetScanRate] == 5 ? 5 : 2;
     m_scanTimer.start(1000 / int(rate));
@@ -310,6 +310,15 @@ void VirtualRadio::startAleScan(unsigned net)
     }
     reportChannel(kScanning);
     reportScanList();
+}
+
+void VirtualRadio::setAleOn(bool on)
+{
+    if (m_state.aleOn == on) {
+        return;
+    }
+    m_state.aleOn = on;
+    report(op::AleOnOff, {static_cast<std::uint8_t>(on ? 1 : 0)});
 }
 
 void VirtualRadio::stopScan()
@@ -392,10 +401,11 @@ void VirtualRadio::pressKey(int key)
         break;
     case FrontPanel::Action::ToggleAle:
         if (!m_model.ccirMode) {
-            m_state.aleOn = !m_state.aleOn;
-            if (!m_state.aleOn && m_state.aleScanning) {
+            // The scan stops before the radio tells its new ALE state.
+            if (m_state.aleOn && m_state.aleScanning) {
                 stopScan();
             }
+            setAleOn(!m_state.aleOn);
         }
         break;
     case FrontPanel::Action::ScanGroup:
@@ -666,6 +676,9 @@ QString VirtualRadio::execute(const ConsoleCommand& command)
                           [this](const SetMode& mode) {
                               m_model.ccirMode = mode.ccir;
                               powerCycle();
+                              // The radio comes back in its new mode and says so.
+                              report(op::CcirMode, {static_cast<std::uint8_t>(mode.ccir ? 1 : 0),
+                                                    static_cast<std::uint8_t>(m_state.aleOn)});
                               return toQString(text::format(text::kSimRestarted.data(),
                                                             mode.ccir ? "CCIR" : "ALE"));
                           },

@@ -131,6 +131,8 @@ private:
     bool selectChannel(unsigned channel);
     void startGroupScan(unsigned group);
     void startAleScan(unsigned net);
+    // Switches the ALE on or off and, when that changes it, tells the program (88).
+    void setAleOn(bool on);
     void stopScan();
     void scanStep();
     bool scanMember(unsigned channel) const;

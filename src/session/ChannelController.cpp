@@ -161,12 +161,26 @@ void ChannelController::onChannelReport(const CRadioMessage& message)
             m_scanState = kNotScanning;
             m_scanActive = false;
         }
+        m_scanMode = reportedScanMode();
         followActiveChannel(number);
         emit changed();
         break;
     default:
         break;
     }
+}
+
+ChannelController::ScanMode ChannelController::reportedScanMode() const
+{
+    return m_flags.aleState == 1 ? ScanMode::Ale : ScanMode::Groups;
+}
+
+void ChannelController::followAleState()
+{
+    if (m_scanState == kScanning || m_scanMode == reportedScanMode())
+        return;
+    m_scanMode = reportedScanMode();
+    emit changed();
 }
 
 float ChannelController::mhzOf(const std::string& text)
@@ -336,7 +350,7 @@ int ChannelController::queryOperationMode()
     if (!m_link.query(&ReportAleON_OFF, op::AleOnOff, reply))
         return 0;
     m_flags.aleState = reply[6];
-    m_scanMode = reply[6] == 1 ? ScanMode::Ale : ScanMode::Groups;
+    m_scanMode = reportedScanMode();
     if ((m_view.operationMode == 1 || m_view.operationMode == 4) && m_firstQuery == 0)
         m_firstQuery = 1;
     return 1;
@@ -453,19 +467,6 @@ std::string ChannelController::scanStateText() const
     return m_scanMode == ScanMode::Groups
                ? text::format(text::kStateScanGroup.data(), 'A' + m_group)
                : text::format(text::kStateScanNet.data(), m_net + 1);
-}
-
-std::string ChannelController::callStateText() const
-{
-    switch (m_view.callState) {
-    case 31:
-        // A call that got its link stays in this state until the link ends.
-        return std::string(m_view.linked ? text::kStateCallIdle : text::kStateCalling);
-    case 55:
-        return std::string(text::kStateIncoming);
-    default:
-        return std::string(text::kStateCallIdle);
-    }
 }
 
 std::string ChannelController::linkStateText() const

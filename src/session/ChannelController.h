@@ -61,6 +61,9 @@ public:
     void takeRadioState();
     // The radio reported a channel or scan change (46): the panel follows it.
     void onChannelReport(const CRadioMessage& message);
+    // The radio reported its ALE state: outside a scan the scan mode (and with it the ALE
+    // tabs) follows it at once; a running scan keeps its mode until it stops.
+    void followAleState();
 
     // --- the channel's frequencies and settings ---
     const std::string& txText() const { return m_txText; }
@@ -111,10 +114,10 @@ public:
     // The channel the scan last reported (0 while not known).
     int scanChannel() const { return m_scanChannel; }
 
-    // The radio's state in a few words: channel, scan, call and link.
+    // The radio's state in a few words: channel, scan and link (the call's part is
+    // callStateText of ViewStatus).
     std::string channelStateText() const;
     std::string scanStateText() const;
-    std::string callStateText() const;
     std::string linkStateText() const;
 
 signals:
@@ -132,6 +135,7 @@ private:
     void loadScanList();
     int sendActiveChannel(int number);
     void followActiveChannel(int number);
+    ScanMode reportedScanMode() const;
     int rowOf(int number) const;
 
     RadioLink& m_link;

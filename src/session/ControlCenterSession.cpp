@@ -22,6 +22,7 @@ ControlCenterSession::ControlCenterSession(Notifier& notifier, std::filesystem::
     // ALE tabs, from which the call is answered.
     connect(&m_dispatcher, &MessageDispatcher::incomingCall, &m_channels,
             [this] { m_channels.setScanMode(ChannelController::ScanMode::Ale); });
+    connect(&m_link, &RadioLink::aleStateReported, &m_channels, &ChannelController::followAleState);
     // The notch slider shows the radio's DSP level in its own steps.
     m_commands.setDspLineSize(m_notch.step());
     connect(&m_commands, &ViewCommands::slidersChanged, this, [this] {

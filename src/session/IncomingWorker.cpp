@@ -66,6 +66,16 @@ void IncomingWorker::join()
         m_thread.join();
 }
 
+namespace {
+
+void reportAleState(const IncomingWorker::Context& context, const StopEvent* stop)
+{
+    if (context.aleStateReported && stop && !stop->isSet())
+        context.aleStateReported();
+}
+
+} // namespace
+
 void IncomingWorker::handle(const CRadioMessage& message, const Context& context,
                             const StopEvent* stop)
 {
@@ -85,6 +95,7 @@ void IncomingWorker::handle(const CRadioMessage& message, const Context& context
     case op::AleOnOff:
         flags.aleState = message[6];
         flags.aleOff = message[6] != 1;
+        reportAleState(context, stop);
         break;
     case op::CcirMode:
         if (message[6] == 1) {
@@ -96,6 +107,7 @@ void IncomingWorker::handle(const CRadioMessage& message, const Context& context
         flags.aleState = message[7];
         flags.aleOff = message[7] != 1;
         ++flags.ccirAnswers;
+        reportAleState(context, stop);
         break;
     case op::SupportMode:
         // Only an answer to our own query counts; a set bit turns both on, a clear bit

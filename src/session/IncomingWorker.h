@@ -57,6 +57,9 @@ public:
         TraceWriter* trace = nullptr;
         LatestMessage* latest = nullptr;
         std::function<void()> notify;
+        // Called after the radio reported its ALE state (88, 96) and the flags hold it: the
+        // operator may have switched ALE on or off at the radio itself.
+        std::function<void()> aleStateReported;
     };
 
     // Starts the worker thread. A null stop event makes it end at once, as a link whose stop

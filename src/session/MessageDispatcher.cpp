@@ -180,10 +180,8 @@ void MessageDispatcher::linkResult()
         return;
     }
     // Channel or station busy: an incoming call that was waiting ends here.
-    if (m_view.callState == kIncoming) {
-        closeIncomingCall();
+    if (recordIncomingCall())
         emit incomingCallClosed();
-    }
     setCallControls(5);
     m_view.callState = kIdle;
 }
@@ -293,12 +291,20 @@ void MessageDispatcher::setCallControls(int step)
     emit callControlsChanged();
 }
 
-void MessageDispatcher::closeIncomingCall()
+bool MessageDispatcher::recordIncomingCall()
 {
     if (m_view.callState != kIncoming)
-        return;
+        return false;
     m_calls.recordFinishedCall(localTimeNow());
     m_view.callState = kIdle;
+    return true;
+}
+
+void MessageDispatcher::closeIncomingCall()
+{
+    // A call the radio ended (busy) was recorded then and left no link.
+    if (recordIncomingCall())
+        setCallControls(7);
 }
 
 int MessageDispatcher::acceptLink()

@@ -48,8 +48,9 @@ public:
     const CallControls& callControls() const { return m_callControls; }
     void setCallControls(int step);
 
-    // The announced incoming call ends (the operator closed its dialog, or the radio ended
-    // it): it goes to the log and the stack once, stamped with the end time.
+    // The operator closed the announced incoming call's dialog: the call goes to the log and
+    // the stack once, stamped with the end time. The radio stays linked with the caller, so
+    // the panel shows that link as it shows the link of a call of its own, and Abort ends it.
     void closeIncomingCall();
 
     // The session's operations on a call: both send at once.
@@ -88,6 +89,8 @@ private:
     void commandRejected();
     void commonTail();
     void receiveCall();
+    // Records the announced incoming call and ends it; false when none was announced.
+    bool recordIncomingCall();
     void establishedLink();
 
     RadioLink& m_link;

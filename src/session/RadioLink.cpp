@@ -74,8 +74,13 @@ int RadioLink::openRadioLink()
         closeRadioLink();
         return 0; // the wait cursor stays up, as it always has after this failure
     }
-    IncomingWorker::Context context{m_engine.get(), &m_flags, &m_trace, &m_latest,
-                                    [this] { handOver(); }};
+    const auto notify = [this] { handOver(); };
+    const auto aleReported = [this] {
+        QMetaObject::invokeMethod(
+            this, [this] { emit aleStateReported(); }, Qt::QueuedConnection);
+    };
+    IncomingWorker::Context context{m_engine.get(), &m_flags, &m_trace,
+                                    &m_latest,      notify,   aleReported};
     m_worker = std::make_unique<IncomingWorker>(std::move(context), m_stopEvent);
     if (m_stopEvent)
         m_state = LinkState::Open;

@@ -115,6 +115,8 @@ signals:
     // A display line (opcode 27, kinds 0-2) with its own copy, so that none of the display's
     // lines is lost to a later message; incomingMessage follows as for every message.
     void displayLine(const koral::CRadioMessage& message);
+    // The radio reported its ALE state on its own; the capability flags hold it.
+    void aleStateReported();
     void waitCursorChanged(bool on);
     // The link was closed: the call dialog disables its call control.
     void linkClosed();

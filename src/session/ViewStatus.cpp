@@ -35,6 +35,33 @@ std::string_view callStatusText(int code)
     }
 }
 
+std::string_view callStateText(int callState, bool linked, bool sounding)
+{
+    switch (callState) {
+    case 31: // a station, net or all call the radio reports as under way
+        return linked ? text::kStateCallIdle : text::kStateCalling;
+    case 32: // a net call sent, before the radio's first report
+        return text::kStateCallingNet;
+    case 33: // an all call sent, before the radio's first report
+        return text::kStateCallingAll;
+    case 54: // a call sent while linked
+        return text::kStateCalling;
+    case 37:
+        return text::kStateLinkQualityStation;
+    case 38:
+        return text::kStateLinkQualityNet;
+    case 39:
+        return text::kStateReplacing;
+    case 55:
+        return text::kStateIncoming;
+    case 62: // a sounding started, and also what an aborted bidirectional exchange leaves
+        return sounding ? text::kStateSounding : text::kStateCallIdle;
+    default:
+        // 1, the aborted call (58) and the passing states the next report turns to idle.
+        return text::kStateCallIdle;
+    }
+}
+
 std::string comPaneText(int commPort, int baudRate)
 {
     return text::format(text::kComPane.data(), commPort, baudRate);

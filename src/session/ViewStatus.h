@@ -14,6 +14,11 @@ int imageIndexForState(int imageIndex, bool on);
 // without a text).
 std::string_view callStatusText(int code);
 
+// The call part of the radio's state line for a call state of the exchange. A station call
+// that got its link stays in its calling state until the link ends, so it reads idle while
+// `linked`; the state a sounding leaves behind reads as sounding only while `sounding` runs.
+std::string_view callStateText(int callState, bool linked, bool sounding);
+
 // Texts of the three status-bar panes.
 std::string comPaneText(int commPort, int baudRate);
 std::string serialPaneText(std::string_view serialNumber);

@@ -159,6 +159,8 @@ private slots:
         if (radioState().aleOn != ale)
             m_memory.onRadio(
                 [](radiosim::VirtualRadio& radio) { radio.play(radiosim::FrontPanelKey{7}); });
+        // The radio tells its new ALE state: the ALE tabs follow at once.
+        QTRY_COMPARE(panel()->tabs()->isTabVisible(1), ale);
         QTest::mouseClick(panel()->startScanButton(), Qt::LeftButton);
         QVERIFY(MessageBoxNotifier::shownTexts().isEmpty());
         QTRY_VERIFY(ale ? radioState().aleScanning : radioState().groupScanning);
@@ -232,9 +234,16 @@ private slots:
         QCOMPARE(calls.stack().back().from, caller);
         QCOMPARE(calls.stack().back().message, std::string("HELLO"));
 
-        // The call shows that the radio's ALE is on: the ALE tab is there to answer from.
+        // The call shows that the radio's ALE is on: the ALE tab is there to answer from. The
+        // radio stays linked with the caller: the panel shows the link, and Abort ends it.
         QVERIFY(panel()->tabs()->isTabVisible(1));
         panel()->tabs()->setCurrentIndex(1);
+        QVERIFY(radioState().call == radiosim::CallPhase::Linked);
+        QVERIFY(panel()->stateSummary().contains(QStringLiteral("Link: established")));
+        QVERIFY(!panel()->sendButton()->isEnabled());
+        QTest::mouseClick(panel()->abortButton(), Qt::LeftButton);
+        QTRY_VERIFY(radioState().call == radiosim::CallPhase::Idle);
+        QVERIFY(panel()->stateSummary().contains(QStringLiteral("Link: none")));
         QTest::mouseClick(panel()->stackButton(), Qt::LeftButton);
         QTRY_VERIFY(panel()->callListDialog() && panel()->callListDialog()->isVisible());
         CallListDialog* stack = panel()->callListDialog();
@@ -259,6 +268,9 @@ private slots:
         QTRY_VERIFY(panel()->callListDialog() && panel()->callListDialog()->isVisible());
         CallListDialog* log = panel()->callListDialog();
         QCOMPARE(log->grid()->rowCount(), int(calls.log().size()));
+        // The net's name shows whole.
+        const QString net = QString::fromStdString(calls.log().back().net);
+        QVERIFY(log->grid()->columnWidth(6) > log->grid()->fontMetrics().horizontalAdvance(net));
         screenshot(log, "call-log");
         log->grid()->selectRow(0);
         QTest::mouseClick(log->button(text::kDelete), Qt::LeftButton);
@@ -291,6 +303,7 @@ private slots:
         QTest::mouseClick(panel()->linkQualitySendButton(), Qt::LeftButton);
         QTRY_VERIFY(radioState().call == radiosim::CallPhase::LinkQuality);
         QVERIFY(panel()->bidirectionalIndicator()->isChecked());
+        QVERIFY(panel()->stateSummary().contains(QStringLiteral("Call: link quality with")));
         QVERIFY(!panel()->linkQualitySendButton()->isEnabled());
         screenshot(panel(), "computer-interface-link-quality");
         QTest::mouseClick(panel()->linkQualityAbortButton(), Qt::LeftButton);
@@ -302,6 +315,7 @@ private slots:
         QTest::mouseClick(panel()->linkQualitySendButton(), Qt::LeftButton);
         QTRY_VERIFY(radioState().sounding);
         QVERIFY(panel()->soundingIndicator()->isChecked());
+        QVERIFY(panel()->stateSummary().contains(QStringLiteral("Call: sounding")));
         QTest::mouseClick(panel()->linkQualityAbortButton(), Qt::LeftButton);
         QTRY_VERIFY(!radioState().sounding);
         QVERIFY(!panel()->soundingIndicator()->isChecked());

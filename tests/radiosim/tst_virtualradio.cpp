@@ -445,6 +445,15 @@ private slots:
         QCOMPARE(line(), QByteArray("1:SCAN: ON"));
     }
 
+    // F4 switches the radio's ALE off and on, and the radio tells the program each time.
+    void aleKeyReportsTheAleState()
+    {
+        for (std::uint8_t state : {0, 1}) {
+            QVERIFY(send([](CRadioMessage* m) { return ReportControlHeadKeyboard(m, 7); }));
+            QCOMPARE(waitFor(op::AleOnOff)[6], state);
+        }
+    }
+
     // Without an answer, a request fails within its bound instead of hanging.
     void noAnswerFailsInTime()
     {

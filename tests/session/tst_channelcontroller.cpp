@@ -203,6 +203,37 @@ private slots:
         }
     }
 
+    void scanModeFollowsTheRadiosAleState_data()
+    {
+        // Events: 100 + the ALE state the radio reports, or a channel report kind (1 a scan
+        // visits a channel, 2 the scan stopped).
+        QTest::addColumn<QList<int>>("events");
+        QTest::addColumn<bool>("ale");
+        QTest::newRow("ALE switched on at the radio") << QList<int>{101} << true;
+        QTest::newRow("and off again") << QList<int>{101, 100} << false;
+        QTest::newRow("a group scan keeps its mode") << QList<int>{1, 101} << false;
+        QTest::newRow("until it stops") << QList<int>{1, 101, 2} << true;
+    }
+    void scanModeFollowsTheRadiosAleState()
+    {
+        QFETCH(QList<int>, events);
+        QFETCH(bool, ale);
+        m_session->records().radio.groups[1].setMember(5, true);
+        ChannelController& c = controller();
+        c.setEnabled(true);
+        QSignalSpy changed(&c, &ChannelController::changed);
+        for (int event : events) {
+            if (event >= 100) {
+                m_session->flags().aleState = std::uint8_t(event - 100);
+                c.followAleState();
+            } else {
+                c.onChannelReport(channelReport(event, 5));
+            }
+        }
+        QCOMPARE(c.scanMode() == ChannelController::ScanMode::Ale, ale);
+        QVERIFY(!changed.isEmpty());
+    }
+
     void aleCallAddressDecidesTheCall_data()
     {
         QTest::addColumn<int>("row");

@@ -103,17 +103,21 @@ private slots:
     {
         QTest::addColumn<QString>("steps");
         QTest::addColumn<QStringList>("stacked");
-        QTest::newRow("announced and closed") << "ac" << QStringList{"STN1"};
-        QTest::newRow("announced only") << "a" << QStringList{};
-        QTest::newRow("the same report dispatched twice") << "aac" << QStringList{"STN1"};
-        QTest::newRow("a second call keeps the first") << "abc" << QStringList{"STN1", "STN2"};
-        QTest::newRow("ended by the radio, then closed") << "arc" << QStringList{"STN1"};
-        QTest::newRow("closed twice") << "acc" << QStringList{"STN1"};
+        // A call the operator took leaves the radio linked with the caller.
+        QTest::addColumn<bool>("linked");
+        QTest::newRow("announced and closed") << "ac" << QStringList{"STN1"} << true;
+        QTest::newRow("announced only") << "a" << QStringList{} << false;
+        QTest::newRow("the same report dispatched twice") << "aac" << QStringList{"STN1"} << true;
+        QTest::newRow("a second call keeps the first")
+            << "abc" << QStringList{"STN1", "STN2"} << true;
+        QTest::newRow("ended by the radio, then closed") << "arc" << QStringList{"STN1"} << false;
+        QTest::newRow("closed twice") << "acc" << QStringList{"STN1"} << true;
     }
     void incomingCallsAreRecordedOnce()
     {
         QFETCH(QString, steps);
         QFETCH(QStringList, stacked);
+        QFETCH(bool, linked);
         SessionFixture fixture;
         auto& session = *fixture.session;
         QSignalSpy announced(&session.dispatcher(), &MessageDispatcher::incomingCall);
@@ -133,6 +137,8 @@ private slots:
         QCOMPARE(froms, stacked);
         QCOMPARE(int(session.calls().log().size()), int(stacked.size()));
         QCOMPARE(announced.size(), int(steps.count('a') + steps.count('b')));
+        QCOMPARE(session.view().linked, linked);
+        QCOMPARE(session.aleCalls().abortEnabled(), linked);
         if (!stacked.isEmpty()) {
             const CallRecord& first = session.calls().log().front();
             QCOMPARE(first.channel, std::string("7"));

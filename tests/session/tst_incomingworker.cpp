@@ -24,7 +24,9 @@ struct Harness
     CapabilityFlags flags;
     LatestMessage latest;
     int notified = 0;
-    IncomingWorker::Context context{nullptr, &flags, nullptr, &latest, [this] { ++notified; }};
+    int aleReports = 0;
+    IncomingWorker::Context context{
+        nullptr, &flags, nullptr, &latest, [this] { ++notified; }, [this] { ++aleReports; }};
     StopEvent stop;
 };
 
@@ -55,6 +57,8 @@ private slots:
         IncomingWorker::handle(report(opcode, 7), h.context, &h.stop);
         QCOMPARE(h.notified, forwarded ? 1 : 0);
         QCOMPARE(h.latest.take().GetOpcode(), forwarded ? opcode : 0);
+        // The radio's own ALE key shows in 88: the view hears of it.
+        QCOMPARE(h.aleReports, opcode == 88 ? 1 : 0);
     }
 
     void nothingIsHandedOverOnceStopped()
@@ -62,7 +66,9 @@ private slots:
         Harness h;
         h.stop.set();
         IncomingWorker::handle(report(85, 1), h.context, &h.stop);
+        IncomingWorker::handle(report(88, 1), h.context, &h.stop);
         QCOMPARE(h.notified, 0);
+        QCOMPARE(h.aleReports, 0);
     }
 
     void ccirReport_data()
@@ -94,6 +100,7 @@ private slots:
         QCOMPARE(h.flags.aleOff.load(), aleOff);
         QCOMPARE(h.flags.ccirAnswers.load(), 1);
         QCOMPARE(h.notified, 0);
+        QCOMPARE(h.aleReports, 1);
     }
 
     void supportReport_data()

@@ -236,6 +236,38 @@ private slots:
         QCOMPARE(QString::fromUtf8(shown.data(), shown.size()), text);
     }
 
+    void callState_data()
+    {
+        QTest::addColumn<int>("state");
+        QTest::addColumn<bool>("linked");
+        QTest::addColumn<bool>("sounding");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("idle") << 1 << false << false << "Call: idle";
+        QTest::newRow("call under way") << 31 << false << false << "Call: calling";
+        QTest::newRow("call that got its link") << 31 << true << false << "Call: idle";
+        QTest::newRow("net call sent") << 32 << false << false << "Call: calling the net";
+        QTest::newRow("all call sent") << 33 << false << false << "Call: calling all stations";
+        QTest::newRow("call while linked") << 54 << true << false << "Call: calling";
+        QTest::newRow("exchange with a station")
+            << 37 << false << false << "Call: link quality with a station";
+        QTest::newRow("exchange with the net")
+            << 38 << false << false << "Call: link quality with the net";
+        QTest::newRow("replacing") << 39 << true << false << "Call: replacing the link channel";
+        QTest::newRow("incoming") << 55 << false << false << "Call: incoming";
+        QTest::newRow("sounding") << 62 << false << true << "Call: sounding";
+        QTest::newRow("exchange aborted") << 62 << false << false << "Call: idle";
+        QTest::newRow("call aborted") << 58 << false << false << "Call: idle";
+    }
+    void callState()
+    {
+        QFETCH(int, state);
+        QFETCH(bool, linked);
+        QFETCH(bool, sounding);
+        QFETCH(QString, text);
+        const auto shown = callStateText(state, linked, sounding);
+        QCOMPARE(QString::fromUtf8(shown.data(), shown.size()), text);
+    }
+
     void traceWritesNothingUntilStarted()
     {
         TraceWriter trace;
