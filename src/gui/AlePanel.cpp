@@ -1,4 +1,5 @@
 #include "gui/AlePanel.h"
+#include "gui/QtText.h"
 
 #include "aledb/AleOverview.h"
 #include "aledb/AutoDialEditor.h"
@@ -29,11 +30,6 @@
 namespace koral {
 
 namespace {
-
-QString qs(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
 
 DocumentPanel::FileKind aleFileKind()
 {

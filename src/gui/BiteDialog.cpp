@@ -1,4 +1,5 @@
 #include "gui/BiteDialog.h"
+#include "gui/QtText.h"
 
 #include "common/Texts.h"
 #include "gui/MessageBoxNotifier.h"
@@ -16,13 +17,6 @@
 #include <QVBoxLayout>
 
 namespace koral {
-
-namespace {
-QString qs(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
-} // namespace
 
 BiteDialog::BiteDialog(BiteRunner& runner, const dbase& radio, QWidget* parent)
     : QDialog(parent), m_runner(runner), m_radio(radio)

@@ -1,4 +1,5 @@
 #include "gui/CallListDialog.h"
+#include "gui/QtText.h"
 
 #include "common/Texts.h"
 #include "gui/GuiColours.h"
@@ -14,11 +15,6 @@
 namespace koral {
 
 namespace {
-
-QString qs(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
 
 // The grid's widths are kept in twips for the small system font they were made for (15 twips
 // a pixel, five pixels a character); they grow with the font shown here.

@@ -1,4 +1,5 @@
 #include "gui/CcirMessagesDialog.h"
+#include "gui/QtText.h"
 
 #include "common/Texts.h"
 
@@ -13,15 +14,6 @@
 #include <QVBoxLayout>
 
 namespace koral {
-
-namespace {
-
-QString qs(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
-
-} // namespace
 
 CcirMessagesDialog::CcirMessagesDialog(CcirMessagesEditor& editor, QWidget* parent)
     : HelpButtonDialog(parent), m_editor(editor)

@@ -1,4 +1,5 @@
 #include "gui/CcirPanel.h"
+#include "gui/QtText.h"
 
 #include "aledb/CcirDirectoryEditor.h"
 #include "aledb/CcirIdentity.h"
@@ -21,11 +22,6 @@
 namespace koral {
 
 namespace {
-
-QString qs(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
 
 DocumentPanel::FileKind ccirFileKind()
 {

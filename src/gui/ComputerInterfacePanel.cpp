@@ -1,4 +1,5 @@
 #include "gui/ComputerInterfacePanel.h"
+#include "gui/QtText.h"
 
 #include "common/Texts.h"
 #include "gui/CallListDialog.h"
@@ -31,11 +32,6 @@ namespace koral {
 namespace {
 
 using List = ChannelController::List;
-
-QString qs(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
 
 struct SettingSpec
 {

@@ -1,4 +1,5 @@
 #include "gui/DspSliderDialog.h"
+#include "gui/QtText.h"
 
 #include "common/Texts.h"
 #include "session/DspSlider.h"
@@ -10,15 +11,6 @@
 #include <QSlider>
 
 namespace koral {
-
-namespace {
-
-QString qs(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
-
-} // namespace
 
 DspSliderDialog::DspSliderDialog(DspSlider& slider, QWidget* parent)
     : QDialog(parent, Qt::Tool), m_model(slider)

@@ -1,19 +1,11 @@
 #include "gui/FrontPanelCompanionPage.h"
+#include "gui/QtText.h"
 
 #include <QAction>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 namespace koral {
-
-namespace {
-
-QString qs(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
-
-} // namespace
 
 FrontPanelCompanionPage::FrontPanelCompanionPage(FrontPanelKeypad::Layout layout,
                                                  CommandLookup commands, QWidget* parent)

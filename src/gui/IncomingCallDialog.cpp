@@ -1,4 +1,5 @@
 #include "gui/IncomingCallDialog.h"
+#include "gui/QtText.h"
 
 #include "common/Texts.h"
 
@@ -10,11 +11,6 @@
 namespace koral {
 
 namespace {
-
-QString qs(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
 
 QLabel* field(QWidget* parent, const char* name)
 {

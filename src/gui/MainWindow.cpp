@@ -1,4 +1,5 @@
 #include "gui/MainWindow.h"
+#include "gui/QtText.h"
 
 #include "common/Texts.h"
 #include "gui/AlePanel.h"
@@ -29,11 +30,6 @@
 namespace koral {
 
 namespace {
-
-QString qs(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
 
 // Panels this build has; the others come with their own pages.
 const std::vector<Panel> kBuiltPanels{

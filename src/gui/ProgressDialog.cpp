@@ -1,4 +1,5 @@
 #include "gui/ProgressDialog.h"
+#include "gui/QtText.h"
 
 #include <QLabel>
 #include <QProgressBar>
@@ -6,13 +7,6 @@
 #include <QVBoxLayout>
 
 namespace koral {
-
-namespace {
-QString qs(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
-} // namespace
 
 ProgressDialog::ProgressDialog(std::function<void()> cancel, QWidget* parent)
     : QDialog(parent), m_cancelFunction(std::move(cancel))

@@ -1,4 +1,5 @@
 #include "gui/RadioController.h"
+#include "gui/QtText.h"
 
 #include "aledb/ccir_dbase.h"
 #include "common/Texts.h"
@@ -24,11 +25,6 @@
 namespace koral {
 
 namespace {
-
-QString qs(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
 
 std::filesystem::path dataDirectory(const MainWindowOptions& options)
 {

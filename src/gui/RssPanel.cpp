@@ -1,4 +1,5 @@
 #include "gui/RssPanel.h"
+#include "gui/QtText.h"
 
 #include "common/Notifier.h"
 #include "common/Texts.h"
@@ -28,11 +29,6 @@
 namespace koral {
 
 namespace {
-
-QString qs(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
 
 DocumentPanel::FileKind rssFileKind()
 {
