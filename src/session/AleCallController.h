@@ -90,10 +90,10 @@ public:
     // The rows' frequency ("%.5f MHz") and per-channel value, as the tab shows them.
     std::string frequencyOfRow(int row) const;
     std::string channelValueOfRow(int row) const;
-
-private:
+    // True once the radio's databases were read; otherwise tells the operator and is false.
     bool databaseRead();
 
+private:
     RadioLink& m_link;
     ViewState& m_view;
     SessionRecords& m_records;

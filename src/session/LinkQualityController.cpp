@@ -104,21 +104,13 @@ void LinkQualityController::setIndicator(bool& indicator, bool on)
     emit changed();
 }
 
-bool LinkQualityController::databaseRead()
-{
-    if (m_view.databaseRead)
-        return true;
-    m_notifier.show(text::kNoDatabaseRead);
-    return false;
-}
-
 int LinkQualityController::send()
 {
     if (m_channels.scanState() == ChannelController::kNoScanControl) {
         m_notifier.show(text::kScanButtonDisabled);
         return 0;
     }
-    if (!databaseRead())
+    if (!m_ale.databaseRead())
         return 0;
     const bool scanning = m_channels.scanState() == ChannelController::kScanning;
     if (m_type == Type::Sounding && !scanning) {
@@ -171,7 +163,7 @@ int LinkQualityController::send()
 
 int LinkQualityController::abort()
 {
-    if (!databaseRead())
+    if (!m_ale.databaseRead())
         return 0;
     int sent = 0;
     if (m_type == Type::BiDirectional) {

@@ -65,7 +65,6 @@ signals:
     void changed();
 
 private:
-    bool databaseRead();
     void setIndicator(bool& indicator, bool on);
 
     RadioLink& m_link;
