@@ -7,6 +7,7 @@
 #include "aledb/CcirFile.h"
 #include "common/Texts.h"
 #include "koralapi/KoralApi.h"
+#include "radiodb/RadioDiff.h"
 #include "radiodb/RssFile.h"
 #include "radiosim/BuiltInRadio.h"
 #include "session/BaudRate.h"
@@ -494,6 +495,7 @@ int runWrite(const Invocation& invocation)
         return kExitError;
     if (!saveBackup(invocation, *before, *caps))
         return kExitError;
+    keepRadioParameters(wanted->radio, before->radio);
     if (!aleGiven)
         wanted->ale = before->ale;
     if (!ccrGiven)

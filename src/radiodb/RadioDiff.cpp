@@ -8,6 +8,8 @@
 #include "radiodb/RadioSummary.h"
 #include "radiodb/RssFile.h"
 
+#include <algorithm>
+
 #include <cstdio>
 
 namespace koral {
@@ -116,6 +118,13 @@ std::vector<std::string> radioDifferences(const RadioContents& before, const Rad
         lines.push_back(difftext::changed(difftext::spaced(change.section + " " + change.key),
                                           change.before, change.after));
     return lines;
+}
+
+void keepRadioParameters(dbase& sent, const dbase& radio)
+{
+    const auto* bytes = reinterpret_cast<const unsigned char*>(&sent.parameters);
+    if (std::all_of(bytes, bytes + sizeof sent.parameters, [](unsigned char b) { return b == 0; }))
+        sent.parameters = radio.parameters;
 }
 
 } // namespace koral

@@ -26,4 +26,9 @@ struct RadioContents
 // Empty when they are the same. Channels first, then the groups, then the other fields.
 std::vector<std::string> radioDifferences(const RadioContents& before, const RadioContents& after);
 
+// The parameter block is the one part of a radio database that no file holds and no window
+// shows. A database without it (opened from a file: all zeros) takes the radio's, so that a
+// write does not erase what the radio keeps there.
+void keepRadioParameters(dbase& sent, const dbase& radio);
+
 } // namespace koral
