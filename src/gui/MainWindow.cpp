@@ -133,6 +133,8 @@ void MainWindow::createActions()
         {"exit", "E&xit", QKeySequence::Quit},
         {"readDevice", "&Read Device", QKeySequence(Qt::Key_F5)},
         {"writeDevice", "&Write Device", QKeySequence(Qt::Key_F6)},
+        {"compareRadio", "Co&mpare with Radio", QKeySequence(Qt::SHIFT | Qt::Key_F6)},
+        {"restoreBackup", "Restore Bac&kup...", QKeySequence()},
         {"commPort", "&Communication Port Setup...", QKeySequence()},
         {"networkControl", "&Network Control...", QKeySequence()},
         {"reset", "Perform Rese&t", QKeySequence()},
@@ -189,6 +191,10 @@ void MainWindow::createActions()
     connect(m_commands["commPort"], &QAction::triggered, this,
             [this] { m_radio->communicationPortSetup(); });
     connect(m_commands["bite"], &QAction::triggered, this, [this] { m_radio->runBite(); });
+    connect(m_commands["compareRadio"], &QAction::triggered, this,
+            [this] { m_radio->compareWithRadio(); });
+    connect(m_commands["restoreBackup"], &QAction::triggered, this,
+            [this] { m_radio->restoreBackup(); });
     connect(m_commands["help"], &QAction::triggered, this, &MainWindow::openHelp);
     // One command for the three documents: the file information of the panel shown.
     connect(m_commands["fileInfo"], &QAction::triggered, this, [this] {
@@ -287,7 +293,7 @@ QMenu* MainWindow::createRadioMenu()
 {
     const auto c = [this](const char* name) { return m_commands[name]; };
     auto* radio = new QMenu(tr("&Radio"), this);
-    radio->addActions({c("readDevice"), c("writeDevice")});
+    radio->addActions({c("readDevice"), c("writeDevice"), c("compareRadio"), c("restoreBackup")});
     radio->addSeparator();
     radio->addActions(
         {c("squelch"), c("monitor"), c("noiseBlanker"), c("attenuator"), c("clipper")});

@@ -4,19 +4,24 @@
 #include "aledb/ccir_dbase.h"
 #include "common/Texts.h"
 #include "gui/AlePanel.h"
+#include "gui/BackupsDialog.h"
 #include "gui/BiteDialog.h"
 #include "gui/CcirPanel.h"
 #include "gui/CommPortDialog.h"
+#include "gui/CompareDialog.h"
 #include "gui/MainWindow.h"
 #include "gui/ProgressDialog.h"
 #include "gui/RssPanel.h"
 #include "gui/ToolbarImages.h"
 #include "gui/WaitCursor.h"
 #include "koralapi/DatabaseTransfer.h"
+#include "radiodb/RadioDiff.h"
+#include "session/RadioComparison.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QDir>
+#include <QSettings>
 #include <QStandardPaths>
 
 #include <cstring>
@@ -52,21 +57,12 @@ constexpr ToggleBinding kToggles[] = {
     {"clipper", Toggle::Clipper, Command::Clipper},
 };
 
-// The radio's channel-number table, most significant byte first, from the session's copy.
-channel_name radioChannelNames(const SessionRecords& records)
-{
-    static_assert(sizeof records.channelNames == sizeof(channel_name));
-    channel_name table;
-    std::memcpy(reinterpret_cast<unsigned char*>(&table),
-                reinterpret_cast<const unsigned char*>(&records.channelNames), sizeof table);
-    return table;
-}
-
 } // namespace
 
 RadioController::RadioController(MainWindow& window, const MainWindowOptions& options,
                                  QObject* parent)
-    : QObject(parent), m_window(window), m_session(window.notifier(), dataDirectory(options))
+    : QObject(parent), m_window(window), m_session(window.notifier(), dataDirectory(options)),
+      m_backupFolder(dataDirectory(options) / "backups")
 {
     m_progress =
         std::make_unique<ProgressDialog>([this] { m_session.transfer().cancel(); }, &window);
@@ -167,6 +163,20 @@ void RadioController::writeDevice()
         m_window.notifier().ask(text::kWriteEmptyDatabase, Buttons::YesNo, Icon::Warning) !=
             Answer::Yes)
         return;
+    auto radio = std::make_unique<SessionRecords>();
+    const auto differences = differencesFromRadio(*radio);
+    if (!differences) {
+        emit stateChanged();
+        return;
+    }
+    CompareDialog dialog(*differences, CompareDialog::Purpose::Write, &m_window);
+    emit compareOpened(&dialog);
+    if (dialog.exec() != QDialog::Accepted || !keepBackup(*radio)) {
+        // Nothing was written: the records hold what the radio holds.
+        m_session.records() = *radio;
+        emit stateChanged();
+        return;
+    }
     if (m_session.transfer().writeDeviceCommand()) {
         // The radio now holds what the window shows.
         panel->document().markClean();
@@ -185,6 +195,87 @@ void RadioController::writeDevice()
     emit stateChanged();
 }
 
+void RadioController::compareWithRadio()
+{
+    if (isBusy())
+        return;
+    auto radio = std::make_unique<SessionRecords>();
+    const auto differences = differencesFromRadio(*radio);
+    if (differences) {
+        m_session.records() = *radio;
+        CompareDialog dialog(*differences, CompareDialog::Purpose::Show, &m_window);
+        emit compareOpened(&dialog);
+        dialog.exec();
+    }
+    emit stateChanged();
+}
+
+std::optional<std::vector<std::string>> RadioController::differencesFromRadio(SessionRecords& radio)
+{
+    DatabaseTransfer& transfer = m_session.transfer();
+    if (!transfer.readForComparison()) {
+        m_session.commands().setStatusText(
+            std::string(transfer.wasCancelled() ? text::kCompareCancelled : text::kCompareNotRead));
+        return std::nullopt;
+    }
+    radio = m_session.records();
+    storePanelIntoRecords();
+    const RecordShape shape{m_session.dispatcher().isbMode() == 1, ccirMode(),
+                            m_session.flags().aleGlobalSupported};
+    return writeDifferences(radio, m_session.records(), shape);
+}
+
+bool RadioController::keepBackup(const SessionRecords& radio)
+{
+    RadioBackups backups(m_backupFolder, backupsKept());
+    const RecordShape shape{m_session.dispatcher().isbMode() == 1, ccirMode(),
+                            m_session.flags().aleGlobalSupported};
+    std::string error;
+    if (const auto kept = backUp(backups, radio, shape, std::chrono::system_clock::now(), error)) {
+        m_session.commands().setStatusText(
+            text::format(text::kBackupKept.data(), kept->string().c_str()));
+        return true;
+    }
+    return m_window.notifier().ask(text::format(text::kBackupFailed.data(), error.c_str()),
+                                   Buttons::YesNo, Icon::Warning) == Answer::Yes;
+}
+
+void RadioController::restoreBackup()
+{
+    if (isBusy())
+        return;
+    RadioBackups backups(m_backupFolder, backupsKept());
+    BackupsDialog dialog(backups.folder(), backups.list(), backups.keep(), &m_window);
+    emit backupsOpened(&dialog);
+    const bool chosen = dialog.exec() == QDialog::Accepted && !dialog.chosenSet().empty();
+    setBackupsKept(dialog.keep());
+    if (!chosen || !m_window.maybeSaveDocuments())
+        return;
+    // The window shows the backup, so what Write Device compares and sends is what it shows.
+    std::filesystem::path set = dialog.chosenSet();
+    if (!m_window.rssPanel()->openPath(QString::fromStdString(set.string())))
+        return;
+    for (auto [extension, document] :
+         {std::pair<const char*, DocumentPanel*>{".ale", m_window.alePanel()},
+          std::pair<const char*, DocumentPanel*>{".ccr", m_window.ccirPanel()}}) {
+        set.replace_extension(extension);
+        if (std::filesystem::exists(set) &&
+            !document->openPath(QString::fromStdString(set.string())))
+            return;
+    }
+    writeDevice();
+}
+
+int RadioController::backupsKept()
+{
+    return std::max(1, QSettings().value("backups/keep", RadioBackups::kDefaultKeep).toInt());
+}
+
+void RadioController::setBackupsKept(int keep)
+{
+    QSettings().setValue("backups/keep", std::max(1, keep));
+}
+
 void RadioController::takeRecordsIntoPanel()
 {
     RssPanel* panel = m_window.rssPanel();
@@ -194,7 +285,7 @@ void RadioController::takeRecordsIntoPanel()
     document.record = records.radio;
     document.ccirPresent = ccirMode();
     if (document.ccirPresent)
-        document.ccirNumbers = fromChannelName(radioChannelNames(records));
+        document.ccirNumbers = fromChannelName(records.channelNames);
     document.isb = m_session.dispatcher().isbMode() == 1;
     document.markClean();
     panel->replaceDocument(document);
@@ -226,13 +317,14 @@ void RadioController::storePanelIntoRecords()
 {
     const RssDocument& document = m_window.rssPanel()->document();
     SessionRecords& records = m_session.records();
+    const dbase radio = records.radio;
     records.radio = document.record;
+    if (records.known.radio)
+        keepRadioParameters(records.radio, radio);
     records.known.radio = true;
     if (document.ccirPresent) {
         records.known.channelNames = true;
-        const channel_name radio = toChannelName(document.ccirNumbers);
-        std::memcpy(reinterpret_cast<unsigned char*>(&records.channelNames),
-                    reinterpret_cast<const unsigned char*>(&radio), sizeof radio);
+        records.channelNames = toChannelName(document.ccirNumbers);
     }
     // The ALE programme goes as the panel shows it, and only the records that were read or
     // opened: the others stay unknown, so Write Device passes them over and says so.
@@ -281,7 +373,8 @@ void RadioController::updateCommands()
     }
     const bool idle = !isBusy();
     m_window.command("readDevice")->setEnabled(commands.isEnabled(Command::ReadDevice));
-    m_window.command("writeDevice")->setEnabled(idle && m_session.link().isPortOpen());
+    for (const char* name : {"writeDevice", "compareRadio", "restoreBackup"})
+        m_window.command(name)->setEnabled(idle && m_session.link().isPortOpen());
     m_window.command("reset")->setEnabled(commands.isEnabled(Command::Reset));
     m_window.command("commPort")->setEnabled(commands.isEnabled(Command::CommPortSetup));
     m_window.command("remote")->setChecked(commands.isChecked(Command::RemoteControl));

@@ -5,11 +5,18 @@
 
 #include <QObject>
 #include <QString>
+
+#include <filesystem>
 #include <memory>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace koral {
 
+class BackupsDialog;
 class BiteDialog;
+class CompareDialog;
 class MainWindow;
 class ProgressDialog;
 struct MainWindowOptions;
@@ -29,7 +36,13 @@ public:
     void updateCommands();
 
     void readDevice();
+    // Reads what the radio holds, shows what the write would change and asks; on Write keeps
+    // the radio's contents among the backups, then writes.
     void writeDevice();
+    // Reads what the radio holds and shows how the window differs from it.
+    void compareWithRadio();
+    // Opens a kept set in the panels, then Write Device.
+    void restoreBackup();
     void communicationPortSetup();
     void runBite();
 
@@ -42,6 +55,10 @@ public:
 
     ControlCenterSession& session() { return m_session; }
     ProgressDialog* progressDialog() const { return m_progress.get(); }
+    const std::filesystem::path& backupFolder() const { return m_backupFolder; }
+    // How many sets of backups are kept (a user setting).
+    static int backupsKept();
+    static void setBackupsKept(int keep);
 
     // RssRadio
     bool isConnected() const override;
@@ -55,12 +72,19 @@ signals:
     void statusText(const QString& text);
     // The BITE dialog is about to run (tests drive it from here).
     void biteOpened(koral::BiteDialog* dialog);
+    // A comparison or the backup list is about to show (tests answer them from here).
+    void compareOpened(koral::CompareDialog* dialog);
+    void backupsOpened(koral::BackupsDialog* dialog);
 
 private:
     void bindCommands();
     void takeRecordsIntoPanel();
     void takeAleAndCcirIntoPanels();
     void storePanelIntoRecords();
+    // Reads what the radio holds into `radio`, then stores the panels into the session's
+    // records as a write would send them: the differences, or nothing when the read failed.
+    std::optional<std::vector<std::string>> differencesFromRadio(SessionRecords& radio);
+    bool keepBackup(const SessionRecords& radio);
     void showNotice(ViewCommands::Notice notice, bool shown);
     // A section write between the start and the end of programming mode.
     bool programmed(const std::function<int()>& write);
@@ -69,6 +93,7 @@ private:
     // mutable: the session hands out its parts only through non-const accessors.
     mutable ControlCenterSession m_session;
     std::unique_ptr<ProgressDialog> m_progress;
+    std::filesystem::path m_backupFolder;
 };
 
 } // namespace koral

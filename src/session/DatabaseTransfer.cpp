@@ -472,4 +472,15 @@ bool DatabaseTransfer::writeDeviceCommand()
     return true;
 }
 
+bool DatabaseTransfer::readForComparison()
+{
+    if (m_view.busy)
+        return false;
+    m_commands.beginBusy();
+    m_mode = TransferMode::Read;
+    const bool read = loadProgressDlg() == 1;
+    m_commands.endBusy();
+    return read && !m_abort;
+}
+
 } // namespace koral

@@ -58,6 +58,9 @@ public:
     // programmed), Write whether the databases reached the radio.
     bool readDeviceCommand();
     bool writeDeviceCommand();
+    // Reads what the radio holds into the records under the progress dialog, nothing more:
+    // the view and the panels stay as they are. False when the read failed or was cancelled.
+    bool readForComparison();
     // The operator cancelled the last transfer.
     bool wasCancelled() const { return m_abort; }
     // What the last write sent and what it passed over, as the operator names them.

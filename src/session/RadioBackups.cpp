@@ -98,6 +98,17 @@ std::vector<std::filesystem::path> RadioBackups::list() const
     return sets;
 }
 
+std::string RadioBackups::label(const std::filesystem::path& set)
+{
+    std::string name = set.stem().string();
+    if (!isSetName(name))
+        return name;
+    // "2026-11-23_14-05-09_KR2E004417" reads "2026-11-23 14:05:09  KR2E004417".
+    name[10] = ' ';
+    name[13] = name[16] = ':';
+    return name.substr(0, 19) + "  " + name.substr(20);
+}
+
 void RadioBackups::prune() const
 {
     const std::vector<std::filesystem::path> sets = list();

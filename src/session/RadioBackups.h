@@ -46,6 +46,10 @@ public:
     std::vector<std::filesystem::path> list() const;
 
     const std::filesystem::path& folder() const { return m_folder; }
+    int keep() const { return m_keep; }
+
+    // A set's date, time and serial number for the eye: "2026-11-23 14:05:09  KR2E004417".
+    static std::string label(const std::filesystem::path& set);
 
     // The name of a set taken at `when` (local time) from the radio of `serialNumber`.
     static std::string setName(std::chrono::system_clock::time_point when,

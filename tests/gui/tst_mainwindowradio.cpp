@@ -9,11 +9,13 @@
 #include "aledb/AleText.h"
 #include "common/Texts.h"
 #include "gui/AlePanel.h"
+#include "gui/BackupsDialog.h"
 #include "gui/BiteDialog.h"
 #include "gui/CcirPanel.h"
 #include "gui/CcirSelfAddressDialog.h"
 #include "gui/ChannelConfigDialog.h"
 #include "gui/CommPortDialog.h"
+#include "gui/CompareDialog.h"
 #include "gui/GroupsDialog.h"
 #include "gui/MainWindow.h"
 #include "gui/MessageBoxNotifier.h"
@@ -29,6 +31,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
@@ -81,7 +84,11 @@ private:
     std::unique_ptr<MainWindow> m_window;
     QStringList m_captions;
     bool m_progressShot = false;
+    bool m_compareShot = false;
     QString m_startUpBanner;
+    // What the last comparison showed, and how the next one before a write is answered.
+    QStringList m_compared;
+    bool m_confirmWrite = true;
 
     RadioController* radio() { return m_window->radio(); }
     RssPanel* panel() { return m_window->rssPanel(); }
@@ -110,6 +117,15 @@ private slots:
                         screenshot(radio()->progressDialog(), "progress");
                     }
                 });
+        connect(radio(), &RadioController::compareOpened, this, [this](CompareDialog* dialog) {
+            m_compared = dialog->lines();
+            if (m_compared.size() > 1 && !m_compareShot) {
+                m_compareShot = true;
+                screenshot(dialog, "compare-before-write");
+            }
+            QMetaObject::invokeMethod(dialog, m_confirmWrite ? &QDialog::accept : &QDialog::reject,
+                                      Qt::QueuedConnection);
+        });
         m_window->show();
         QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
     }
@@ -246,12 +262,39 @@ private slots:
         });
         panel()->editChannels(150);
         QVERIFY(m_window->isWindowModified());
+        const dbase before = m_memory.radioRecord();
+        QVERIFY(!before.channelNo(150).isProgrammed());
+        const QString change = QStringLiteral("Channel 150 Rx. Freq.: (none) -> 21.12345");
+        // Asked first, the operator declines: nothing reaches the radio, the edit stays.
+        m_confirmWrite = false;
+        run("writeDevice");
+        m_confirmWrite = true;
+        QVERIFY2(m_compared.contains(change), qPrintable(m_compared.join('\n')));
+        QCOMPARE(m_memory.differenceFrom(before), QString());
+        QVERIFY(panel()->document().isModified());
+
         run("writeDevice");
         QCOMPARE(m_memory.differenceFrom(panel()->document().record), QString());
         QCOMPARE(m_memory.radioRecord().channelNo(150).rxFrequency.get(), 21'123'450u);
         // The radio holds what the window shows: nothing is left unsaved.
         QVERIFY(!panel()->document().isModified());
         QVERIFY(!m_window->isWindowModified());
+        run("compareRadio");
+        QCOMPARE(m_compared, QStringList());
+
+        // What the radio held before is kept; restoring it compares the other way and writes
+        // it back.
+        onNextDialog<BackupsDialog>([](BackupsDialog* dialog) {
+            screenshot(dialog, "restore-backup");
+            QVERIFY(dialog->list()->count() >= 1);
+            dialog->list()->setCurrentRow(0);
+            dialog->restoreButton()->click();
+        });
+        run("restoreBackup");
+        QVERIFY2(m_compared.contains(QStringLiteral("Channel 150 Rx. Freq.: 21.12345 -> (none)")),
+                 qPrintable(m_compared.join('\n')));
+        // No file holds the radio's parameter block: the restored radio keeps its own.
+        QCOMPARE(m_memory.differenceFrom(before), QString());
     }
 
     void writeDeviceSendsTheAleProgrammeOfThePanel()

@@ -70,6 +70,8 @@ private slots:
         QVERIFY(first && second && *first != *second);
         QVERIFY(first->filename().string().ends_with("_unknown.rss"));
         QCOMPARE(backups.list().size(), std::size_t(2));
+        QCOMPARE(RadioBackups::label("/b/2026-11-23_14-05-09_KR2E004417-2.rss"),
+                 std::string("2026-11-23 14:05:09  KR2E004417-2"));
     }
 };
 
