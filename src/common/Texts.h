@@ -381,6 +381,8 @@ inline constexpr std::string_view kCliProbeSupport = "ALE global members and ext
 inline constexpr std::string_view kCliProbeIsb = "ISB: %s\n";
 
 // --- network control (rig-control clients) ---
+// the Link Trace window
+inline constexpr std::string_view kLinkTraceSummary = "Rows: %d   Retries: %d   Time-outs: %d   Damaged frames: %d   Failed: %d";
 inline constexpr std::string_view kNetworkPaneOff = "Network control off";
 inline constexpr std::string_view kNetworkPaneOneClient = "Network control on: 1 client";
 inline constexpr std::string_view kNetworkPaneClients = "Network control on: %d clients";
