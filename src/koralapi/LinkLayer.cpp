@@ -293,13 +293,16 @@ void LinkLayer::onAckTimeout()
         const auto reset = encodeFrame(FrameKind::Reset, 0);
         if (m_trace) {
             LinkEvent event;
-            event.kind = m_resetTransmissions >= kMaxTransmissions ? LinkEvent::Kind::GivenUp
-                                                                   : LinkEvent::Kind::AckTimeout;
+            event.kind = LinkEvent::Kind::AckTimeout;
             event.bytes = reset;
             event.boundMs = m_resetBoundMs;
             event.transmission = m_resetTransmissions;
             event.count = outstanding();
-            trace(std::move(event));
+            trace(event);
+            if (m_resetTransmissions >= kMaxTransmissions) {
+                event.kind = LinkEvent::Kind::GivenUp;
+                trace(std::move(event));
+            }
         }
         if (m_resetTransmissions >= kMaxTransmissions) {
             m_resetWaiting = false;

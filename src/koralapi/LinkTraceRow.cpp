@@ -410,9 +410,11 @@ LinkTraceRow LinkTraceRow::describe(const LinkEvent& event)
         break;
     case Kind::GivenUp:
         mark(Mark::Failed, "FAILED");
-        row.fields = "not acknowledged after " + std::to_string(event.transmission) +
-                     " transmissions; " + std::to_string(event.count) +
-                     (event.count == 1 ? " message fails" : " messages fail");
+        row.fields =
+            "not acknowledged after " + std::to_string(event.transmission) + " transmissions";
+        if (event.count > 0)
+            row.fields += "; " + std::to_string(event.count) +
+                          (event.count == 1 ? " message fails" : " messages fail");
         break;
     case Kind::ChecksumError:
         mark(Mark::ChecksumError, "CRC-ERROR");
