@@ -29,7 +29,7 @@ void printOverview(std::ostream& out)
     out << text::kCliOverview;
     for (const Command& command : commands())
         out << "  koralctl " << command.name << ' ' << command.usage << '\n';
-    out << text::kCliOverviewEnd;
+    out << text::kCliOverviewTrace << text::kCliOverviewEnd;
 }
 
 void printHelp(const Command& command, std::ostream& out)

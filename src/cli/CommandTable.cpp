@@ -20,13 +20,14 @@ namespace {
 
 constexpr std::array<std::string_view, 1> kSummaryFlags{"--all"};
 constexpr std::array<std::string_view, 1> kNormalizeFlags{kNoGlobalMembersFlag};
-constexpr std::array<std::string_view, 2> kLinkFlags{"--port=", "--baud="};
-constexpr std::array<std::string_view, 3> kReadFlags{"--port=", "--baud=", "-o="};
-constexpr std::array<std::string_view, 4> kWriteFlags{
-    "--port=", "--baud=", "--backups=", "--keep-backups="};
-constexpr std::array<std::string_view, 3> kBiteFlags{"--port=", "--baud=", "--type="};
-constexpr std::array<std::string_view, 4> kServeFlags{
-    "--port=", "--baud=", "--listen=", "--scratch="};
+// Every command that opens a port can trace its link (--trace FILE).
+constexpr std::array<std::string_view, 3> kLinkFlags{"--port=", "--baud=", "--trace="};
+constexpr std::array<std::string_view, 4> kReadFlags{"--port=", "--baud=", "--trace=", "-o="};
+constexpr std::array<std::string_view, 5> kWriteFlags{
+    "--port=", "--baud=", "--trace=", "--backups=", "--keep-backups="};
+constexpr std::array<std::string_view, 4> kBiteFlags{"--port=", "--baud=", "--trace=", "--type="};
+constexpr std::array<std::string_view, 5> kServeFlags{
+    "--port=", "--baud=", "--trace=", "--listen=", "--scratch="};
 
 constexpr std::array kCommands{
     Command{"normalize", "IN OUT [--no-global-members]",
@@ -52,7 +53,7 @@ constexpr std::array kCommands{
             "programmed channels, or all 200 with --all. The \"Ch. Num.\" column is there when\n"
             "the file carries CCIR channel numbers.\n",
             kSummaryFlags, 1, 1, runSummary},
-    Command{"diff", "A B | --port P [--baud B] B",
+    Command{"diff", "A B | --port P [--baud B] [--trace FILE] B",
             "Prints what differs between A and B, one line per difference named as the\n"
             "application names the field (\"Channel 12 Rx. Freq.: 7.10000 -> 7.20000\",\n"
             "\"Group B: +14 -15\", \"Net 3 Self Address: BASE -> CAMP\"), A's value first.\n"
@@ -73,28 +74,31 @@ constexpr std::array kCommands{
             3,
             3,
             runCsv},
-    Command{"probe", "--port P [--baud B]",
+    Command{"probe", "--port P [--baud B] [--trace FILE]",
             "Asks the radio on port P (a port number, a device path or tcp:HOST:PORT; port 1 is\n"
             "the built-in virtual radio) for its program word, software versions, operation\n"
-            "mode and capabilities. B is the baud rate (default 9600).\n",
+            "mode and capabilities. B is the baud rate (default 9600). --trace FILE writes\n"
+            "every frame of the link to FILE, with retries, time-outs and damaged frames marked\n"
+            "(any command that takes --port does).\n",
             kLinkFlags, 0, 0, runProbe},
-    Command{"read", "--port P [--baud B] -o BASE",
+    Command{"read", "--port P [--baud B] [--trace FILE] -o BASE",
             "Reads the radio's databases as the application's Read Device does and saves\n"
             "BASE.rss and BASE.ale (BASE.ccr in CCIR mode). Progress goes to standard error.\n",
             kReadFlags, 0, 0, runRead},
     Command{"write",
-            "--port P [--baud B] [--backups DIR] [--keep-backups N] BASE.rss [BASE.ale|BASE.ccr]",
+            "--port P [--baud B] [--trace FILE] [--backups DIR] [--keep-backups N] BASE.rss "
+            "[BASE.ale|BASE.ccr]",
             "Saves what the radio holds as BASE.before-write.rss and .ale first, and as a dated\n"
             "backup (date, time and the radio's serial number) in DIR, the application's\n"
             "backup folder unless given, where the newest N (default 20) are kept. Then writes\n"
             "the files into the radio, reads it back and compares; a difference is an error\n"
             "that names the section.\n",
             kWriteFlags, 1, 2, runWrite},
-    Command{"bite", "--port P [--baud B] --type full|channel|lowrf",
+    Command{"bite", "--port P [--baud B] [--trace FILE] --type full|channel|lowrf",
             "Runs the radio's built-in test and prints each item's result and the summary.\n"
             "Exit code 1 when an item failed or could not be performed.\n",
             kBiteFlags, 0, 0, runBite},
-    Command{"serve", "--port P [--baud B] [--listen ADDRESS:PORT] [--scratch N]",
+    Command{"serve", "--port P [--baud B] [--trace FILE] [--listen ADDRESS:PORT] [--scratch N]",
             "Serves rig-control network clients (logging and digital-mode programs) with the\n"
             "radio on port P until interrupted. They connect to ADDRESS:PORT, 127.0.0.1:4532\n"
             "unless given; an address other than the loopback one lets other computers in.\n"

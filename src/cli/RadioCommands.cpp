@@ -7,6 +7,7 @@
 #include "aledb/CcirFile.h"
 #include "common/Texts.h"
 #include "koralapi/KoralApi.h"
+#include "koralapi/LinkTraceRecorder.h"
 #include "radiodb/RadioDiff.h"
 #include "radiodb/RssFile.h"
 #include "radiosim/BuiltInRadio.h"
@@ -124,8 +125,18 @@ public:
                 return complain(badBaudRateText(*text));
             baud = *rate;
         }
+        std::shared_ptr<LinkTraceRecorder> trace;
+        if (const auto path = m_invocation.option("--trace")) {
+            trace = std::make_shared<LinkTraceRecorder>(0); // to the file only
+            std::string error;
+            if (!trace->writeTo(*path, &error))
+                return complain(
+                    text::format(text::kCliCannotWriteTrace.data(), path->c_str(), error.c_str()));
+        }
         ensureApplication();
         m_engine = std::make_unique<MessageEngine>();
+        if (trace)
+            m_engine->setLinkTrace(trace);
         if (!m_engine->OpenPortByName(*port, baud))
             return complain(text::format(text::kCliCannotOpenPort.data(), port->c_str(),
                                          m_engine->lastError().c_str()));

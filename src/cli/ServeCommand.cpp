@@ -5,6 +5,7 @@
 
 #include "common/Notifier.h"
 #include "common/Texts.h"
+#include "koralapi/LinkTraceRecorder.h"
 #include "netcontrol/ClientCommands.h"
 #include "netcontrol/NetworkControlServer.h"
 #include "netcontrol/NetworkControlSettings.h"
@@ -84,6 +85,12 @@ int runServe(const Invocation& invocation)
     StreamNotifier notifier(invocation.err);
     ControlCenterSession session(notifier, dataDirectory.path().toStdString());
     session.link().usePortName(*port, baud);
+    if (const auto path = invocation.option("--trace")) {
+        std::string error;
+        if (!session.link().linkTrace().writeTo(*path, &error))
+            return fail(invocation.err, text::format(text::kCliCannotWriteTrace.data(),
+                                                     path->c_str(), error.c_str()));
+    }
     session.startUpExchange();
     if (!session.view().radioReady)
         return fail(invocation.err, text::format(text::kCliRadioNotReady.data(), port->c_str()));

@@ -365,6 +365,7 @@ inline constexpr std::string_view kProfileCannotWrite = "Cannot write the file %
 
 // --- koralctl ---
 inline constexpr std::string_view kCliOverview = "usage: koralctl COMMAND ARGUMENTS [--help]\n\ncommands:\n";
+inline constexpr std::string_view kCliOverviewTrace = "\nThe commands that take --port also take --trace FILE: every frame of the link goes to FILE with its time in milliseconds, the decoded request or answer and its bytes; retries (RETRY), time-outs (TIMEOUT) and damaged frames (CRC-ERROR, BAD-FRAME) stand out.\n";
 inline constexpr std::string_view kCliOverviewEnd = "\n'koralctl COMMAND --help' describes a command. Exit codes: 0 success, 1 problems found, 2 error.\n";
 inline constexpr std::string_view kCliUnknownCommand = "unknown command '%s' (see 'koralctl --help')";
 inline constexpr std::string_view kCliUnknownOption = "unknown option '%s' (see 'koralctl %s --help')";
@@ -374,6 +375,7 @@ inline constexpr std::string_view kCliUnknownKind = "%s: unknown file kind (expe
 inline constexpr std::string_view kCliMissingValue = "option '%s' needs a value";
 inline constexpr std::string_view kCliPortMissing = "--port P is required (a port number, a device path or tcp:HOST:PORT)";
 inline constexpr std::string_view kCliCannotOpenPort = "cannot open port %s: %s";
+inline constexpr std::string_view kCliCannotWriteTrace = "cannot write the trace file %s: %s";
 inline constexpr std::string_view kCliNoAnswer = "the radio on %s does not answer";
 inline constexpr std::string_view kCliTransferFailed = "the transfer with the radio on %s failed";
 inline constexpr std::string_view kCliOutputMissing = "-o BASE is required";
@@ -397,6 +399,8 @@ inline constexpr std::string_view kCliProbeSupport = "ALE global members and ext
 inline constexpr std::string_view kCliProbeIsb = "ISB: %s\n";
 
 // --- network control (rig-control clients) ---
+// the Link Trace window
+inline constexpr std::string_view kLinkTraceSummary = "Rows: %d   Retries: %d   Time-outs: %d   Damaged frames: %d   Failed: %d";
 inline constexpr std::string_view kNetworkPaneOff = "Network control off";
 inline constexpr std::string_view kNetworkPaneOneClient = "Network control on: 1 client";
 inline constexpr std::string_view kNetworkPaneClients = "Network control on: %d clients";

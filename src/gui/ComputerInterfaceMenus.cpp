@@ -23,7 +23,7 @@ PanelChrome computerInterfaceMenus(QWidget* owner,
     radio->addSeparator();
     radio->addActions({c("remote"), c("reset"), c("bite")});
     radio->addSeparator();
-    radio->addAction(c("commPort"));
+    radio->addActions({c("commPort"), c("linkTrace")});
 
     auto* view = new QMenu(QObject::tr("&View"), owner);
     view->addActions(panelActions);

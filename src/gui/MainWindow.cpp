@@ -5,6 +5,7 @@
 #include "gui/AlePanel.h"
 #include "gui/ComputerInterfaceMenus.h"
 #include "gui/ComputerInterfacePanel.h"
+#include "gui/LinkTraceWindow.h"
 #include "gui/NetworkControlPane.h"
 #include "gui/Notices.h"
 #include "gui/ProgressDialog.h"
@@ -134,9 +135,10 @@ void MainWindow::createActions()
         {"readDevice", "&Read Device", QKeySequence(Qt::Key_F5)},
         {"writeDevice", "&Write Device", QKeySequence(Qt::Key_F6)},
         {"compareRadio", "Co&mpare with Radio", QKeySequence(Qt::SHIFT | Qt::Key_F6)},
-        {"restoreBackup", "Restore Bac&kup...", QKeySequence()},
+        {"restoreBackup", "Restore Backu&p...", QKeySequence()},
         {"commPort", "&Communication Port Setup...", QKeySequence()},
         {"networkControl", "&Network Control...", QKeySequence()},
+        {"linkTrace", "Lin&k Trace...", QKeySequence(Qt::CTRL | Qt::Key_T)},
         {"reset", "Perform Rese&t", QKeySequence()},
         {"remote", "Remote Control &On/Off", QKeySequence(), true},
         {"squelch", "Set &Squelch On/Off", QKeySequence(Qt::CTRL | Qt::Key_1), true},
@@ -195,6 +197,7 @@ void MainWindow::createActions()
             [this] { m_radio->compareWithRadio(); });
     connect(m_commands["restoreBackup"], &QAction::triggered, this,
             [this] { m_radio->restoreBackup(); });
+    connect(m_commands["linkTrace"], &QAction::triggered, this, &MainWindow::showLinkTrace);
     connect(m_commands["help"], &QAction::triggered, this, &MainWindow::openHelp);
     // One command for the three documents: the file information of the panel shown.
     connect(m_commands["fileInfo"], &QAction::triggered, this, [this] {
@@ -300,7 +303,7 @@ QMenu* MainWindow::createRadioMenu()
     radio->addSeparator();
     radio->addActions({c("remote"), c("reset"), c("bite")});
     radio->addSeparator();
-    radio->addActions({c("commPort"), c("networkControl")});
+    radio->addActions({c("commPort"), c("networkControl"), c("linkTrace")});
     return radio;
 }
 
@@ -453,6 +456,20 @@ void MainWindow::openHelp()
     // The manual is there: what is missing is a program that shows PDF files.
     if (!HelpViewer::open(QUrl::fromLocalFile(helpFile())))
         m_notifier.show(text::format(text::kNoPdfViewer.data(), name.c_str()), Icon::Information);
+}
+
+void MainWindow::showLinkTrace()
+{
+    if (!m_linkTrace)
+        m_linkTrace = new LinkTraceWindow(m_radio->session().link().linkTrace(), m_notifier, this);
+    m_linkTrace->show();
+    m_linkTrace->raise();
+    m_linkTrace->activateWindow();
+}
+
+LinkTraceWindow* MainWindow::linkTraceWindow() const
+{
+    return m_linkTrace;
 }
 
 void MainWindow::showNotice(const QString& text, int milliseconds, bool withPicture)

@@ -21,6 +21,7 @@ class AlePanel;
 class CcirPanel;
 class DocumentPanel;
 class FrontPanels;
+class LinkTraceWindow;
 class RssPanel;
 class RadioController;
 class NetworkControlPane;
@@ -69,6 +70,10 @@ public:
     QList<QMenu*> panelMenus(Panel panel) const;
     QAction* command(const QString& name) const;
     QLabel* statusPane(int id) const;
+
+    // Shows the Link Trace window (made on first use); null until then.
+    void showLinkTrace();
+    LinkTraceWindow* linkTraceWindow() const;
 
     // Opens the user manual; the two not-found messages when it is missing.
     void openHelp();
@@ -136,6 +141,7 @@ private:
     std::map<Panel, QAction*> m_panelActions;
     std::map<int, QLabel*> m_panes;
     QPointer<Notice> m_notice;
+    QPointer<LinkTraceWindow> m_linkTrace;
 };
 
 } // namespace koral

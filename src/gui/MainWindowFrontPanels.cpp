@@ -40,7 +40,7 @@ void MainWindow::createFrontPanels()
         radio->addSeparator();
         radio->addActions({c("remote"), c("reset")});
         radio->addSeparator();
-        radio->addAction(c("commPort"));
+        radio->addActions({c("commPort"), c("linkTrace")});
         auto* view = new QMenu(tr("&View"), this);
         for (const auto& [p, action] : m_panelActions)
             view->addAction(action);

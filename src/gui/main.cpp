@@ -4,7 +4,9 @@
 #include "gui/AlePanel.h"
 #include "gui/CcirPanel.h"
 #include "gui/MainWindow.h"
+#include "gui/RadioController.h"
 #include "gui/RssPanel.h"
+#include "koralapi/LinkTraceRecorder.h"
 #include "radiosim/BuiltInRadio.h"
 #include "session/BaudRate.h"
 
@@ -50,7 +52,12 @@ int main(int argc, char* argv[])
     const QCommandLineOption panel(QStringLiteral("panel"),
                                    QStringLiteral("The panel shown with --screenshot."),
                                    QStringLiteral("N"), QStringLiteral("1"));
-    parser.addOptions({port, baud, dataDir, screenshot, panel});
+    const QCommandLineOption trace(
+        QStringLiteral("trace"),
+        QStringLiteral("Write every frame of the link to FILE, with retries, time-outs and "
+                       "damaged frames marked (the Link Trace window shows the same)."),
+        QStringLiteral("FILE"));
+    parser.addOptions({port, baud, dataDir, trace, screenshot, panel});
     parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("An .rss file to open."),
                                  QStringLiteral("[file]"));
     parser.process(app);
@@ -79,6 +86,18 @@ int main(int argc, char* argv[])
     // Port 1 is the virtual radio inside the program.
     radiosim::installBuiltInRadio();
     MainWindow window(options);
+    // Before the event loop turns, so the file holds the start-up exchange from its first frame.
+    if (parser.isSet(trace)) {
+        std::string error;
+        const std::string path = parser.value(trace).toStdString();
+        if (!window.radio()->session().link().linkTrace().writeTo(path, &error)) {
+            std::fprintf(
+                stderr, "koral-control-center: %s\n",
+                text::format(text::kCliCannotWriteTrace.data(), path.c_str(), error.c_str())
+                    .c_str());
+            return 2;
+        }
+    }
     // A file named on the command line opens in the panel of its kind, which is shown first.
     if (!parser.positionalArguments().isEmpty()) {
         const QString file = parser.positionalArguments().constFirst();

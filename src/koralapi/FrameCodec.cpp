@@ -51,9 +51,15 @@ void FrameDecoder::feed(std::span<const std::uint8_t> bytes)
     }
 }
 
-void FrameDecoder::dropSyncAndRescan()
+void FrameDecoder::reject(FrameFault fault, std::size_t bytes)
 {
     ++m_rejected;
+    if (m_keepRejections) {
+        const auto end =
+            m_buffer.begin() + static_cast<std::ptrdiff_t>(std::min(bytes, m_buffer.size()));
+        m_rejections.push_back({fault, std::vector<std::uint8_t>(m_buffer.begin(), end)});
+    }
+    // Drop the sync byte the frame started at and hunt again from the next byte.
     m_buffer.pop_front();
     while (!m_buffer.empty() && m_buffer.front() != frame::kSync)
         m_buffer.pop_front();
@@ -66,7 +72,7 @@ std::optional<Frame> FrameDecoder::next()
         const std::size_t length = (std::size_t{m_buffer[3]} << 8) | m_buffer[4];
         const bool bodyAllowed = kind == static_cast<std::uint8_t>(FrameKind::Data);
         if (!knownKind(kind) || length > frame::kMaxBody || (!bodyAllowed && length != 0)) {
-            dropSyncAndRescan();
+            reject(FrameFault::Header, frame::kHeaderSize);
             continue;
         }
         const std::size_t total = frame::kHeaderSize + length + frame::kCrcSize;
@@ -76,7 +82,7 @@ std::optional<Frame> FrameDecoder::next()
         const std::uint16_t expected =
             static_cast<std::uint16_t>((bytes[total - 2] << 8) | bytes[total - 1]);
         if (crc16(std::span(bytes).subspan(1, total - 1 - frame::kCrcSize)) != expected) {
-            dropSyncAndRescan();
+            reject(FrameFault::Checksum, total);
             continue;
         }
         m_buffer.erase(m_buffer.begin(), m_buffer.begin() + total);
@@ -97,7 +103,7 @@ std::size_t FrameDecoder::discardPartial()
     if (m_buffer.empty())
         return 0;
     const std::size_t before = m_buffer.size();
-    dropSyncAndRescan();
+    reject(FrameFault::Truncated, before);
     return before - m_buffer.size();
 }
 

@@ -5,6 +5,7 @@
 #include <deque>
 #include <optional>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace koral {
@@ -44,6 +45,20 @@ std::uint16_t crc16(std::span<const std::uint8_t> data, std::uint16_t crc = 0xFF
 std::vector<std::uint8_t> encodeFrame(FrameKind kind, std::uint8_t seq,
                                       std::span<const std::uint8_t> body = {});
 
+// Why the decoder dropped bytes that had started a frame.
+enum class FrameFault : std::uint8_t
+{
+    Checksum,  // the frame was complete but its checksum does not match
+    Header,    // an unknown kind, a length above the limit, or a body where none belongs
+    Truncated, // the frame's bytes stopped coming (discardPartial)
+};
+
+struct RejectedFrame
+{
+    FrameFault fault = FrameFault::Checksum;
+    std::vector<std::uint8_t> bytes; // from the sync byte on, as far as they were judged
+};
+
 // Incremental decoder: feed it whatever the stream delivered, take complete frames out.
 // It never throws and never grows beyond one frame plus the unread input.
 class FrameDecoder
@@ -58,12 +73,17 @@ public:
     std::size_t discardPartial();
     // Frames rejected so far (bad checksum, bad kind or length, truncated).
     std::size_t rejectedFrames() const { return m_rejected; }
+    // Keeps what each rejection dropped until takeRejections (for a trace of the link).
+    void setKeepRejections(bool keep) { m_keepRejections = keep; }
+    std::vector<RejectedFrame> takeRejections() { return std::exchange(m_rejections, {}); }
 
 private:
-    void dropSyncAndRescan();
+    void reject(FrameFault fault, std::size_t bytes);
 
     std::deque<std::uint8_t> m_buffer;
     std::size_t m_rejected = 0;
+    bool m_keepRejections = false;
+    std::vector<RejectedFrame> m_rejections;
 };
 
 } // namespace koral

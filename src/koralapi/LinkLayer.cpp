@@ -1,6 +1,7 @@
 #include "koralapi/LinkLayer.h"
 
 #include "koralapi/CRadioMessage.h"
+#include "koralapi/LinkTraceRecorder.h"
 
 #include <QIODevice>
 
@@ -69,6 +70,7 @@ void LinkLayer::attach(QIODevice* device)
     detach();
     m_device = device;
     m_decoder = FrameDecoder{};
+    m_decoder.setKeepRejections(m_trace != nullptr);
     m_synced = false;
     m_backlogBytes = 0;
     connect(device, &QIODevice::readyRead, this, &LinkLayer::onReadyRead);
@@ -88,6 +90,30 @@ void LinkLayer::detach()
     cancelAll();
     if (resetWasWaiting)
         emit resetFinished(false);
+}
+
+void LinkLayer::setTrace(std::shared_ptr<LinkTraceRecorder> trace)
+{
+    m_trace = std::move(trace);
+    m_decoder.setKeepRejections(m_trace != nullptr);
+}
+
+void LinkLayer::trace(LinkEvent event)
+{
+    if (m_trace)
+        m_trace->record(std::move(event));
+}
+
+void LinkLayer::traceRejections()
+{
+    for (RejectedFrame& rejected : m_decoder.takeRejections()) {
+        LinkEvent event;
+        event.kind = rejected.fault == FrameFault::Checksum ? LinkEvent::Kind::ChecksumError
+                     : rejected.fault == FrameFault::Header ? LinkEvent::Kind::BadHeader
+                                                            : LinkEvent::Kind::Truncated;
+        event.bytes = std::move(rejected.bytes);
+        trace(std::move(event));
+    }
 }
 
 void LinkLayer::setBaudRate(int baudRate)
@@ -148,7 +174,8 @@ void LinkLayer::sendReset()
     m_resetWaiting = true;
     m_resetTransmissions = 1;
     writeRaw(encodeFrame(FrameKind::Reset, 0));
-    m_resetDeadline = now() + m_timing.ackMs(wireBacklog());
+    m_resetBoundMs = m_timing.ackMs(wireBacklog());
+    m_resetDeadline = now() + m_resetBoundMs;
     scheduleAckTimer();
     for (quint64 ticket : failed)
         emit sendFinished(ticket, false);
@@ -166,10 +193,18 @@ std::size_t LinkLayer::wireBacklog() const
     return static_cast<std::size_t>(std::max(0.0, m_backlogBytes - drained));
 }
 
-void LinkLayer::writeRaw(const std::vector<std::uint8_t>& bytes)
+void LinkLayer::writeRaw(const std::vector<std::uint8_t>& bytes, int transmission)
 {
     if (!m_device)
         return;
+    if (m_trace) {
+        LinkEvent event;
+        event.kind = transmission > 1 ? LinkEvent::Kind::Resent : LinkEvent::Kind::Sent;
+        event.bytes = bytes;
+        event.transmission = transmission;
+        event.count = kMaxTransmissions;
+        trace(std::move(event));
+    }
     m_backlogBytes = static_cast<double>(wireBacklog() + bytes.size());
     m_backlogStamp = now();
     m_device->write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
@@ -204,8 +239,9 @@ void LinkLayer::pump()
 void LinkLayer::transmit(Outgoing& out)
 {
     ++out.transmissions;
-    writeRaw(out.frame);
-    out.deadline = now() + m_timing.ackMs(wireBacklog());
+    writeRaw(out.frame, out.transmissions);
+    out.boundMs = m_timing.ackMs(wireBacklog());
+    out.deadline = now() + out.boundMs;
     scheduleAckTimer();
 }
 
@@ -213,12 +249,25 @@ void LinkLayer::retransmitFrom(std::size_t index)
 {
     for (std::size_t i = index; i < m_inFlight.size(); ++i) {
         if (m_inFlight[i].transmissions >= kMaxTransmissions) {
-            failInFlightAndPending();
+            giveUp(m_inFlight[i]);
             return;
         }
     }
     for (std::size_t i = index; i < m_inFlight.size(); ++i)
         transmit(m_inFlight[i]);
+}
+
+void LinkLayer::giveUp(const Outgoing& out)
+{
+    if (m_trace) {
+        LinkEvent event;
+        event.kind = LinkEvent::Kind::GivenUp;
+        event.bytes = out.frame;
+        event.transmission = out.transmissions;
+        event.count = outstanding();
+        trace(std::move(event));
+    }
+    failInFlightAndPending();
 }
 
 void LinkLayer::scheduleAckTimer()
@@ -241,6 +290,20 @@ void LinkLayer::onAckTimeout()
 {
     const qint64 t = now();
     if (m_resetWaiting && t >= m_resetDeadline) {
+        const auto reset = encodeFrame(FrameKind::Reset, 0);
+        if (m_trace) {
+            LinkEvent event;
+            event.kind = LinkEvent::Kind::AckTimeout;
+            event.bytes = reset;
+            event.boundMs = m_resetBoundMs;
+            event.transmission = m_resetTransmissions;
+            event.count = outstanding();
+            trace(event);
+            if (m_resetTransmissions >= kMaxTransmissions) {
+                event.kind = LinkEvent::Kind::GivenUp;
+                trace(std::move(event));
+            }
+        }
         if (m_resetTransmissions >= kMaxTransmissions) {
             m_resetWaiting = false;
             m_needReset = true;
@@ -249,12 +312,21 @@ void LinkLayer::onAckTimeout()
             return;
         }
         ++m_resetTransmissions;
-        writeRaw(encodeFrame(FrameKind::Reset, 0));
-        m_resetDeadline = now() + m_timing.ackMs(wireBacklog());
+        writeRaw(reset, m_resetTransmissions);
+        m_resetBoundMs = m_timing.ackMs(wireBacklog());
+        m_resetDeadline = now() + m_resetBoundMs;
     }
     if (!m_inFlight.empty() && t >= m_inFlight.front().deadline) {
-        if (m_inFlight.front().transmissions >= kMaxTransmissions) {
-            failInFlightAndPending();
+        const Outgoing& oldest = m_inFlight.front();
+        if (m_trace) {
+            LinkEvent event;
+            event.kind = LinkEvent::Kind::AckTimeout;
+            event.bytes = oldest.frame;
+            event.boundMs = oldest.boundMs;
+            trace(std::move(event));
+        }
+        if (oldest.transmissions >= kMaxTransmissions) {
+            giveUp(oldest);
             return;
         }
         retransmitFrom(0);
@@ -270,10 +342,18 @@ void LinkLayer::onReadyRead()
     m_decoder.feed(std::span(reinterpret_cast<const std::uint8_t*>(bytes.constData()),
                              static_cast<std::size_t>(bytes.size())));
     while (auto frame = m_decoder.next()) {
+        if (m_trace) {
+            traceRejections(); // the damaged frames came before this one
+            LinkEvent event;
+            event.kind = LinkEvent::Kind::Received;
+            event.bytes = encodeFrame(frame->kind, frame->seq, frame->body); // as it arrived
+            trace(std::move(event));
+        }
         handleFrame(*frame);
         if (!m_device)
             return; // a handler detached the link
     }
+    traceRejections();
     if (m_decoder.inFrame())
         m_byteTimer.start(m_timing.interByteMs());
     else

@@ -10,11 +10,15 @@
 
 #include <cstdint>
 #include <deque>
+#include <memory>
 #include <span>
 
 class QIODevice;
 
 namespace koral {
+
+class LinkTraceRecorder;
+struct LinkEvent;
 
 // Time bounds of the link, all derived from the baud rate (10 bits per byte).
 struct LinkTiming
@@ -67,6 +71,8 @@ public:
     void sendClose();
     // Messages queued or in flight.
     int outstanding() const { return int(m_pending.size() + m_inFlight.size()); }
+    // Records every frame written and read, and every fault, from now on (null: none).
+    void setTrace(std::shared_ptr<LinkTraceRecorder> trace);
 
 signals:
     void messageReceived(const QByteArray& message);
@@ -83,6 +89,7 @@ private:
         std::vector<std::uint8_t> frame;
         int transmissions = 0;
         qint64 deadline = 0;
+        int boundMs = 0;
     };
 
     void onReadyRead();
@@ -90,7 +97,12 @@ private:
     void handleData(const Frame& frame);
     void handleAck(std::uint8_t seq);
     void handleNak(std::uint8_t seq);
-    void writeRaw(const std::vector<std::uint8_t>& bytes);
+    // Writes a frame; `transmission` counts how often this frame was written, this time included.
+    void writeRaw(const std::vector<std::uint8_t>& bytes, int transmission = 1);
+    void trace(LinkEvent event);
+    void traceRejections();
+    // Fails everything outstanding because `out` ran out of transmissions.
+    void giveUp(const Outgoing& out);
     void pump();
     void transmit(Outgoing& out);
     void retransmitFrom(std::size_t index);
@@ -117,6 +129,7 @@ private:
     bool m_resetWaiting = false;
     int m_resetTransmissions = 0;
     qint64 m_resetDeadline = 0;
+    int m_resetBoundMs = 0;
 
     // Receiving side.
     bool m_synced = false;
@@ -126,6 +139,8 @@ private:
     // Estimate of the bytes this side has written that have not crossed the wire yet.
     double m_backlogBytes = 0;
     qint64 m_backlogStamp = 0;
+
+    std::shared_ptr<LinkTraceRecorder> m_trace;
 };
 
 } // namespace koral

@@ -1,5 +1,6 @@
 #include "koralapi/MessageEngine.h"
 
+#include "koralapi/LinkTraceRecorder.h"
 #include "koralapi/Opcodes.h"
 
 #include <QAbstractSocket>
@@ -71,6 +72,7 @@ struct MessageEngine::Impl
     bool locked = false;
     Clock::time_point lockDeadline;
     bool transferActive = false;
+    std::shared_ptr<LinkTraceRecorder> trace;
 
     QThread thread;
     IoWorker* worker = nullptr;
@@ -105,6 +107,18 @@ struct MessageEngine::Impl
         if (future.wait_for(bound) != std::future_status::ready)
             return std::nullopt;
         return future.get();
+    }
+
+    // Under the mutex: an answer that did not come within its bound.
+    void traceMissingAnswer(int opcode, milliseconds bound)
+    {
+        if (!trace || !portOpen)
+            return;
+        LinkEvent event;
+        event.kind = LinkEvent::Kind::ReplyTimeout;
+        event.opcode = opcode;
+        event.boundMs = static_cast<int>(bound.count());
+        trace->record(std::move(event));
     }
 
     // Both under the mutex.
@@ -404,6 +418,20 @@ std::string MessageEngine::lastError() const
     return d->lastError;
 }
 
+void MessageEngine::setLinkTrace(std::shared_ptr<LinkTraceRecorder> trace)
+{
+    {
+        std::lock_guard lock(d->mutex);
+        d->trace = trace;
+    }
+    d->onIo(
+        [w = d->worker, trace] {
+            w->link.setTrace(trace);
+            return true;
+        },
+        kOpenBound);
+}
+
 LinkTiming MessageEngine::timing() const
 {
     std::lock_guard lock(d->mutex);
@@ -459,7 +487,8 @@ int MessageEngine::LockGetMessage()
 int MessageEngine::GetMessageWithOpcode(CRadioMessage* message, int opcode)
 {
     std::unique_lock lock(d->mutex);
-    const auto deadline = Clock::now() + milliseconds(d->timing.replyMs());
+    const milliseconds bound{d->timing.replyMs()};
+    const auto deadline = Clock::now() + bound;
     if (!d->locked) {
         d->locked = true;
         d->lockDeadline = deadline;
@@ -477,6 +506,8 @@ int MessageEngine::GetMessageWithOpcode(CRadioMessage* message, int opcode)
             *message = *found;
         d->replies.erase(found);
         result = 1;
+    } else {
+        d->traceMissingAnswer(opcode, bound);
     }
     d->flushReplies();
     return result;
@@ -560,8 +591,10 @@ std::optional<CRadioMessage> MessageEngine::Transfer::next(milliseconds bound)
     const bool ok = m_engine->waitPumping(lock, Clock::now() + bound, m_pump, [&] {
         return !m_engine->transferQueue.empty() || !m_engine->portOpen;
     });
-    if (!ok || m_engine->transferQueue.empty())
+    if (!ok || m_engine->transferQueue.empty()) {
+        m_engine->traceMissingAnswer(-1, bound); // neither a block nor a result
         return std::nullopt;
+    }
     CRadioMessage message = m_engine->transferQueue.front();
     m_engine->transferQueue.pop_front();
     return message;

@@ -15,6 +15,7 @@
 namespace koral {
 
 class IoWorker;
+class LinkTraceRecorder;
 
 // Called regularly (at least every 50 ms) while a library call waits on the caller's thread,
 // so that a window keeps painting; the argument is 0 and the result is ignored.
@@ -66,6 +67,10 @@ public:
     // Keeps the messages that arrive from now on for the next GetMessageWithOpcode. The lock
     // ends with that call, or by itself after the reply bound.
     int LockGetMessage();
+
+    // Records every frame, retry, time-out and damaged frame of the link from now on (null:
+    // none); the recorder is shared with whoever shows or saves the trace.
+    void setLinkTrace(std::shared_ptr<LinkTraceRecorder> trace);
 
     static std::vector<PortInfo> portList() { return availablePorts(); }
     std::string lastError() const;

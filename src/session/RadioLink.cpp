@@ -2,6 +2,7 @@
 
 #include "common/Notifier.h"
 #include "common/Texts.h"
+#include "koralapi/LinkTraceRecorder.h"
 #include "koralapi/MessageEngine.h"
 #include "koralapi/Opcodes.h"
 #include "koralapi/RadioCalls.h"
@@ -15,8 +16,15 @@ namespace koral {
 
 RadioLink::RadioLink(Notifier& notifier, CapabilityFlags& flags, TraceWriter& trace,
                      QObject* parent)
-    : QObject(parent), m_notifier(notifier), m_flags(flags), m_trace(trace)
+    : QObject(parent), m_notifier(notifier), m_flags(flags), m_trace(trace),
+      m_linkTrace(std::make_shared<LinkTraceRecorder>())
 {}
+
+void RadioLink::createEngine()
+{
+    m_engine = std::make_unique<MessageEngine>();
+    m_engine->setLinkTrace(m_linkTrace);
+}
 
 RadioLink::~RadioLink()
 {
@@ -31,7 +39,7 @@ int RadioLink::initSession(const std::filesystem::path& startDirectory)
     loadCommPortFile(startDirectory);
     m_stopEvent.reset();
     m_worker.reset();
-    m_engine = std::make_unique<MessageEngine>();
+    createEngine();
     return 1;
 }
 
@@ -56,7 +64,7 @@ int RadioLink::saveCommPortFile()
 int RadioLink::openRadioLink()
 {
     if (!m_engine)
-        m_engine = std::make_unique<MessageEngine>();
+        createEngine();
     const int opened = m_portName.empty()
                            ? m_engine->OpenComPort(m_settings.commPort, m_settings.baudRate)
                            : m_engine->OpenPortByName(m_portName, m_settings.baudRate);

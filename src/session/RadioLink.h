@@ -14,6 +14,7 @@
 
 namespace koral {
 
+class LinkTraceRecorder;
 class MessageEngine;
 class Notifier;
 class TraceWriter;
@@ -92,6 +93,8 @@ public:
     bool isPortOpen() const;
     LinkState state() const { return m_state; }
     MessageEngine* engine() const { return m_engine.get(); }
+    // The trace of the link's frames, kept for every engine this link creates.
+    LinkTraceRecorder& linkTrace() const { return *m_linkTrace; }
     const LinkSettings& settings() const { return m_settings; }
     // A port or baud rate for this run only (given on the command line): CommPort.txt goes on
     // holding `remembered` until the operator chooses a port in the dialog.
@@ -123,6 +126,7 @@ signals:
 
 private:
     void setWaitCursor(bool on);
+    void createEngine();
     // Called by the worker after each hand-over: queues the view's turn.
     void handOver();
 
@@ -132,6 +136,7 @@ private:
     LinkSettings m_settings;
     std::optional<LinkSettings> m_remembered;
     std::string m_portName; // a port named for this run; empty: the numbered port
+    std::shared_ptr<LinkTraceRecorder> m_linkTrace;
     std::unique_ptr<MessageEngine> m_engine;
     std::shared_ptr<StopEvent> m_stopEvent;
     std::unique_ptr<IncomingWorker> m_worker;

@@ -17,6 +17,8 @@
 #include "gui/CommPortDialog.h"
 #include "gui/CompareDialog.h"
 #include "gui/GroupsDialog.h"
+#include "gui/LinkTraceModel.h"
+#include "gui/LinkTraceWindow.h"
 #include "gui/MainWindow.h"
 #include "gui/MessageBoxNotifier.h"
 #include "gui/ProgressDialog.h"
@@ -29,6 +31,7 @@
 #include <QButtonGroup>
 
 #include <QComboBox>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -196,6 +199,48 @@ private slots:
         QVERIFY(radio()->session().view().radioReady);
         QVERIFY(!radio()->isBusy());
         QCOMPARE(m_window->statusBar()->currentMessage(), QString());
+    }
+
+    // The Link Trace window follows a read as it runs: the request of the channel section and
+    // the radio's blocks, decoded, and a frame the cable damaged stands out.
+    void linkTraceShowsTheFramesOfARead()
+    {
+        m_window->command("linkTrace")->trigger();
+        LinkTraceWindow* trace = m_window->linkTraceWindow();
+        QVERIFY(trace && trace->isVisible());
+        QTest::mouseClick(trace->findChild<QPushButton*>("clear"), Qt::LeftButton);
+        const LinkTraceModel* rows = trace->model();
+        QCOMPARE(rows->rowCount(), 0);
+        m_memory.onRadio([](radiosim::VirtualRadio& radio) {
+            radio.inject({radiosim::FaultKind::Corrupt, 1});
+        });
+        const auto shows = [rows](const char* direction, const char* message, const char* fields) {
+            for (int i = 0; i < rows->rowCount(); ++i) {
+                const LinkTraceRow& row = rows->row(i);
+                if (row.direction == direction && row.message == message &&
+                    row.fields.starts_with(fields))
+                    return true;
+            }
+            return false;
+        };
+        run("readDevice");
+        QTRY_VERIFY(shows("->", "DatabaseRead (132)", "target=dbase offset=0 length=4304"));
+        QVERIFY(shows("<-", "DataBlock (135)", "target=dbase offset=0 bytes=246 last=0"));
+        QVERIFY(shows("<-", "DataBlock (135)", "target=ale_dbase offset=4182 bytes=195 last=1"));
+        QVERIFY(rows->count(LinkTraceRow::Mark::ChecksumError) >= 1);
+        QCOMPARE(m_memory.differenceFrom(panel()->document().record), QString());
+        trace->view()->scrollTo(rows->index(0, 0));
+        screenshot(trace, "link-trace");
+
+        const QString saved = m_dir.filePath("link-trace.txt");
+        FileDialogs::queueFileName(saved);
+        QTest::mouseClick(trace->findChild<QPushButton*>("saveAs"), Qt::LeftButton);
+        QFile file(saved);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray text = file.readAll();
+        QVERIFY(text.contains("DatabaseRead (132) target=dbase offset=0 length=4304"));
+        QVERIFY(text.contains("  CRC-ERROR  DATA #"));
+        trace->close();
     }
 
     void programChannelsSendsTheChannelOnScreen()

@@ -4,9 +4,12 @@
 
 #include <QTest>
 
+#include <algorithm>
 #include <vector>
 
 using namespace koral;
+
+Q_DECLARE_METATYPE(koral::FrameFault)
 
 namespace {
 using Bytes = std::vector<std::uint8_t>;
@@ -72,18 +75,21 @@ private slots:
         QTest::addColumn<int>("position");
         QTest::addColumn<int>("value");
         QTest::addColumn<bool>("truncate");
-        QTest::addRow("bad kind") << 1 << 9 << false;
-        QTest::addRow("length too long") << 3 << 0x7F << false;
-        QTest::addRow("flipped body byte") << 7 << 0x55 << false;
-        QTest::addRow("flipped crc") << 11 << 0x00 << false;
-        QTest::addRow("ack with a body") << 1 << 2 << false;
-        QTest::addRow("cut after the header") << 6 << 0 << true;
+        QTest::addColumn<FrameFault>("fault"); // what a trace of the link is told
+        QTest::addRow("bad kind") << 1 << 9 << false << FrameFault::Header;
+        QTest::addRow("length too long") << 3 << 0x7F << false << FrameFault::Header;
+        QTest::addRow("flipped body byte") << 7 << 0x55 << false << FrameFault::Checksum;
+        QTest::addRow("flipped crc") << 11 << 0x00 << false << FrameFault::Checksum;
+        QTest::addRow("ack with a body") << 1 << 2 << false << FrameFault::Header;
+        // The good frame's bytes complete the cut one, whose checksum then fails.
+        QTest::addRow("cut after the header") << 6 << 0 << true << FrameFault::Checksum;
     }
     void damagedFrameIsSkipped()
     {
         QFETCH(int, position);
         QFETCH(int, value);
         QFETCH(bool, truncate);
+        QFETCH(FrameFault, fault);
         Bytes bad = encodeFrame(FrameKind::Data, 1, Bytes{0x7E, 0x7E, 0x7E, 0x7E, 0x7E});
         if (truncate)
             bad.resize(static_cast<std::size_t>(position));
@@ -91,6 +97,7 @@ private slots:
             bad[static_cast<std::size_t>(position)] = static_cast<std::uint8_t>(value);
         const Bytes good = encodeFrame(FrameKind::Data, 2, Bytes{1, 2, 3});
         FrameDecoder decoder;
+        decoder.setKeepRejections(true);
         auto frames = decodeAll(concat({Bytes{0x00, 0x7E, 0xFF}, bad, good}), 1, decoder);
         if (truncate && frames.empty()) {
             // The truncated frame swallowed the start of the good one until the bytes stop.
@@ -102,6 +109,15 @@ private slots:
         QCOMPARE(frames.back().seq, std::uint8_t{2});
         QVERIFY(frames.back().body == (Bytes{1, 2, 3}));
         QVERIFY(decoder.rejectedFrames() >= 1);
+        // The stray sync byte first, then the damaged frame from its sync byte on.
+        const auto rejections = decoder.takeRejections();
+        QCOMPARE(rejections.size(), decoder.rejectedFrames());
+        QCOMPARE(rejections.front().fault, FrameFault::Header);
+        QCOMPARE(rejections.front().bytes.size(), frame::kHeaderSize);
+        QCOMPARE(rejections.front().bytes[1], std::uint8_t{0xFF});
+        QVERIFY(std::any_of(rejections.begin() + 1, rejections.end(), [&](const auto& r) {
+            return r.fault == fault && r.bytes.front() == 0x7E && r.bytes[2] == 1;
+        }));
     }
 
     void messageKeepsOnlyWhatItsLengthSays()

@@ -3,6 +3,7 @@
 #include "support/KoralctlRunner.h"
 
 #include <QDir>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -26,12 +27,23 @@ class TestKoralctlRadio : public QObject
     std::string path(const char* name) const { return dir.filePath(name).toStdString(); }
 
 private slots:
+    // With --trace, every frame of the exchange is in the file: the queries and the answers.
     void probeTellsWhatTheRadioIs()
     {
-        const auto r = runKoralctl({"probe", "--port", "1", "--baud", "9600"});
+        const QString trace = dir.filePath("probe-trace.txt");
+        const auto r = runKoralctl({"probe", "--port", "1", "--baud", "9600", "--trace", trace});
         QCOMPARE(r.exitCode, 0);
         QVERIFY(r.out.contains("Selective calling: ALE\n"));
         QVERIFY(r.out.contains("Program word: 0x"));
+        const QString lines = QString::fromStdString(readFile(trace.toStdString()));
+        QVERIFY(lines.startsWith("# KORAL link trace started "));
+        for (const char* frame :
+             {R"(ms  ->\s+RESET #0\s+\| 7E 04 00 00 00)", R"(ms  <-\s+RESET-ACK #0 )",
+              R"(ms  ->\s+DATA #0\s+ReadProgramWord \(123\)\s+\| 7E 01 00 00 06 24 7B )",
+              R"(ms  <-\s+ACK #0 )", R"(ms  <-\s+DATA #0\s+ProgramWord \(124\) word=0x)",
+              R"(ms  <-\s+DATA #\d+\s+CcirMode \(96\) ccir=0 ale=1 )"})
+            QVERIFY2(lines.contains(QRegularExpression(frame)), frame);
+        QVERIFY2(!lines.contains("TIMEOUT") && !lines.contains("RETRY"), qPrintable(lines));
     }
 
     // What read saves, write puts back; a changed channel reaches the radio, the old contents
@@ -108,6 +120,9 @@ private slots:
         row("missing value", {"read", "--port"}, "needs a value");
         row("unknown port", {"probe", "--port", "/dev/koral-none"},
             "cannot open port /dev/koral-none");
+        row("trace into a missing folder",
+            {"probe", "--port", "1", "--trace", "missing/folder/trace.txt"},
+            "cannot write the trace file missing/folder/trace.txt: No such file or directory");
         row("bad test type", {"bite", "--port", "1", "--type", "x"}, "unknown test type 'x'");
         row("write needs an rss file", {"write", "--port", "1", "radio.ale"}, "unknown file kind");
     }
