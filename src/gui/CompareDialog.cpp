@@ -19,6 +19,7 @@ CompareDialog::CompareDialog(const std::vector<std::string>& differences, Purpos
     for (const std::string& line : differences)
         m_lines << QString::fromStdString(line);
 
+    setMinimumWidth(460);
     auto* layout = new QVBoxLayout(this);
     QString count = qs(text::kCompareOne);
     if (differences.empty())

@@ -222,7 +222,7 @@ void LinkLayer::pump()
         // Keep at most one frame waiting behind the one on the wire, so that an
         // acknowledgement this side owes never queues behind a whole window of data.
         const std::size_t backlog = wireBacklog();
-        if (backlog > frame::kMaxFrame) {
+        if (m_paced && backlog > frame::kMaxFrame) {
             const int waitMs = m_timing.wireMs(backlog - frame::kMaxFrame);
             m_paceTimer.start(std::max(1, waitMs));
             return;

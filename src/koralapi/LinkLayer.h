@@ -59,6 +59,9 @@ public:
     void detach();
     void setBaudRate(int baudRate);
     const LinkTiming& timing() const { return m_timing; }
+    // Whether frames wait for the wire to drain (on by default). A line that moves bytes at
+    // once (an unpaced virtual radio) has no wire to wait for; the time bounds stay.
+    void setPaced(bool paced) { m_paced = paced; }
 
     // Queues one message (the wire bytes of a CRadioMessage); the result comes with
     // sendFinished(ticket, acknowledged). Returns the ticket (never 0).
@@ -114,6 +117,7 @@ private:
 
     QPointer<QIODevice> m_device;
     LinkTiming m_timing;
+    bool m_paced = true;
     FrameDecoder m_decoder;
     QElapsedTimer m_clock;
     QTimer m_ackTimer;

@@ -85,6 +85,7 @@ void VirtualRadio::setBaud(unsigned baud, bool paced)
     m_baud = baud == 0 ? 9600 : baud;
     m_device.setBaud(paced ? m_baud : 0);
     m_link.setBaudRate(static_cast<int>(m_baud));
+    m_link.setPaced(paced);
 }
 
 void VirtualRadio::powerCycle()
