@@ -189,6 +189,10 @@ private slots:
         panel()->tabs()->setCurrentIndex(1);
         const QString to = panel()->toBox()->itemText(0);
         choose(panel()->toBox(), 0);
+        // The radio's message field holds 90 characters and its zero: typing stops there.
+        QTest::keyClicks(panel()->messageBox()->lineEdit(), QString(100, QLatin1Char('M')));
+        QCOMPARE(panel()->messageBox()->currentText().size(),
+                 int(AleCallController::kMessageBytes) - 1);
         panel()->messageBox()->setEditText(QStringLiteral("hello"));
         QTest::mouseClick(panel()->sendButton(), Qt::LeftButton);
         QVERIFY(!panel()->sendButton()->isEnabled());

@@ -234,6 +234,29 @@ private slots:
         QVERIFY(!changed.isEmpty());
     }
 
+    void aleNetChosenSurvivesTheNextScan()
+    {
+        // Nets 1 and 3 scan channels; the operator picks net 3 while the radio scans.
+        m_session->records().ale.nets[0].setScanned(5, true);
+        m_session->records().ale.nets[2].setScanned(5, true);
+        m_session->flags().aleState = 1;
+        ChannelController& c = controller();
+        c.setEnabled(true);
+        c.followAleState();
+        c.onChannelReport(channelReport(1, 5));
+        QCOMPARE(c.scanList(), (std::vector<std::string>{"1", "3"}));
+        c.selectScanRow(1);
+        c.onChannelReport(channelReport(2, 5));
+        c.onChannelReport(channelReport(1, 5));
+        QCOMPARE(c.scanListRow(), 1);
+        // Net 3 emptied: the next scan falls back to the first net that scans.
+        m_session->records().ale.nets[2].setScanned(5, false);
+        c.onChannelReport(channelReport(2, 5));
+        c.onChannelReport(channelReport(1, 5));
+        QCOMPARE(c.scanList(), std::vector<std::string>{"1"});
+        QCOMPARE(c.scanListRow(), 0);
+    }
+
     void aleCallAddressDecidesTheCall_data()
     {
         QTest::addColumn<int>("row");
