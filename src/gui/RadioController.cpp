@@ -16,7 +16,6 @@
 #include "gui/WaitCursor.h"
 #include "koralapi/DatabaseTransfer.h"
 #include "radiodb/RadioDiff.h"
-#include "session/RadioComparison.h"
 
 #include <QAction>
 #include <QApplication>
@@ -220,18 +219,21 @@ std::optional<std::vector<std::string>> RadioController::differencesFromRadio(Se
     }
     radio = m_session.records();
     storePanelIntoRecords();
-    const RecordShape shape{m_session.dispatcher().isbMode() == 1, ccirMode(),
-                            m_session.flags().aleGlobalSupported};
-    return writeDifferences(radio, m_session.records(), shape);
+    return writeDifferences(radio, m_session.records(), recordShape());
+}
+
+RecordShape RadioController::recordShape() const
+{
+    return {m_session.dispatcher().isbMode() == 1, ccirMode(),
+            m_session.flags().aleGlobalSupported};
 }
 
 bool RadioController::keepBackup(const SessionRecords& radio)
 {
     RadioBackups backups(m_backupFolder, backupsKept());
-    const RecordShape shape{m_session.dispatcher().isbMode() == 1, ccirMode(),
-                            m_session.flags().aleGlobalSupported};
     std::string error;
-    if (const auto kept = backUp(backups, radio, shape, std::chrono::system_clock::now(), error)) {
+    if (const auto kept =
+            backUp(backups, radio, recordShape(), std::chrono::system_clock::now(), error)) {
         m_session.commands().setStatusText(
             text::format(text::kBackupKept.data(), kept->string().c_str()));
         return true;

@@ -2,6 +2,7 @@
 
 #include "gui/RssRadio.h"
 #include "session/ControlCenterSession.h"
+#include "session/RadioComparison.h"
 
 #include <QObject>
 #include <QString>
@@ -85,6 +86,8 @@ private:
     // records as a write would send them: the differences, or nothing when the read failed.
     std::optional<std::vector<std::string>> differencesFromRadio(SessionRecords& radio);
     bool keepBackup(const SessionRecords& radio);
+    // How the radio keeps its records, as it last said.
+    RecordShape recordShape() const;
     void showNotice(ViewCommands::Notice notice, bool shown);
     // A section write between the start and the end of programming mode.
     bool programmed(const std::function<int()>& write);

@@ -44,10 +44,11 @@ std::vector<std::string> writeDifferences(const SessionRecords& radio, const Ses
                      std::make_move_iterator(more.end()));
     };
     if (sent.known.radio) {
+        const RadioContents before = radioContents(radio, shape);
         RadioContents after = radioContents(sent, shape);
         if (!sent.known.channelNames)
-            after.ccirNumbers = radioContents(radio, shape).ccirNumbers;
-        append(radioDifferences(radioContents(radio, shape), after));
+            after.ccirNumbers = before.ccirNumbers;
+        append(radioDifferences(before, after));
     }
     if (sent.known.ale || sent.known.globalMembers || sent.known.extraOptions)
         append(aleDifferences(programme(radio), programmeAfter(radio, sent),
