@@ -1,9 +1,11 @@
 // The link suite against the virtual radio, written once and run over the in-process pipe
-// (the built-in port 1), a real pseudo-terminal and TCP.
+// (the built-in port 1), a real pseudo-terminal and TCP; and how the radio is served: a dropped
+// line, a built-in radio that outlives its port, pacing at the baud rate.
 
 #include "RunIn.h"
 
 #include "koralapi/KoralApi.h"
+#include "radiosim/BuiltInContents.h"
 #include "radiosim/BuiltInRadio.h"
 #include "radiosim/ConsoleCommand.h"
 #include "radiosim/PtyLine.h"
@@ -121,37 +123,6 @@ private slots:
         setVirtualRadioFactory({});
     }
 
-    // Every query the program makes is answered with the opcode it waits for.
-    void everyQueryIsAnswered()
-    {
-        QVERIFY(open("pipe"));
-        const std::pair<int (*)(CRadioMessage*), int> queries[] = {
-            {ReportSquelchState, op::SquelchState},
-            {ReportDspMenuParameters, op::DspParameters},
-            {ReportClarifierPosition, op::ClarifierPosition},
-            {ReportRadioOperationMode, op::OperationMode},
-            {ReportAleON_OFF, op::AleOnOff},
-            {ReportRadioSupportMode, op::SupportMode},
-            {ReportCcirMode, op::CcirMode},
-            {ReportIsbMode, op::IsbMode},
-            {ReportActiveChannel, op::ActiveChannel},
-            {ReportMonitorState, op::MonitorState},
-        };
-        for (const auto& [build, reply] : queries) {
-            CRadioMessage answer;
-            QVERIFY2(engine->request(built(build), reply, &answer),
-                     qPrintable(QString("no answer %1").arg(reply)));
-        }
-        unsigned char word = 0;
-        QVERIFY(ReadProgramWord(engine.get(), &word));
-        unsigned char version[8] = {};
-        QVERIFY(ReadSoftwareVersion(engine.get(), version));
-        QVERIFY(ReadRadioSoftwareVersion(engine.get(), version));
-        std::array<std::uint8_t, 13> channel{};
-        QVERIFY(
-            ReadCurrentChannel(engine.get(), reinterpret_cast<koral::channel*>(channel.data())));
-    }
-
     // A channel change brings an unsolicited channel report to the worker, in order, while
     // the reply the user-interface thread waits for never reaches it.
     void repliesStayApartFromReports_data() { addTransports(); }
@@ -188,7 +159,8 @@ private slots:
         QCOMPARE(channels, (std::vector<int>{3, 5, 7}));
     }
 
-    // What is written comes back byte for byte; the progress counts every record byte.
+    // What is written comes back byte for byte; the progress counts every record byte. A
+    // progress answer of 0 stops a read at once and leaves the link usable.
     void databasesRoundTrip_data() { addTransports(); }
     void databasesRoundTrip()
     {
@@ -209,22 +181,14 @@ private slots:
             QVERIFY(readTarget(engine.get(), target, back, 0, {}, {}, 10));
             QVERIFY(back == record);
         }
-    }
-
-    void abortThroughProgress_data() { addTransports(); }
-    void abortThroughProgress()
-    {
-        QFETCH(QString, transport);
-        QVERIFY(open(transport));
-        std::vector<std::uint8_t> record(record::kDbaseSize);
         int calls = 0;
-        QCOMPARE(readTarget(
-                     engine.get(), TransferTarget::Radio, record, 0, {},
-                     [&](int) { return ++calls < 3 ? 1 : 0; }, 10),
-                 0);
+        std::vector<std::uint8_t> record(record::kDbaseSize);
+        QVERIFY(!readTarget(
+            engine.get(), TransferTarget::Radio, record, 0, {},
+            [&](int) { return ++calls < 3 ? 1 : 0; }, 10));
         QCOMPARE(calls, 3);
         unsigned char word = 0;
-        QVERIFY(ReadProgramWord(engine.get(), &word)); // the link is still usable
+        QVERIFY(ReadProgramWord(engine.get(), &word));
     }
 
     // Faults end in failures within their bounds; the link recovers when they clear.
@@ -267,22 +231,59 @@ private slots:
         QVERIFY(moved > 0); // the radio did answer: the record's bound ended the read
     }
 
-    void rejectedRequestIsReported()
+    // A dropped TCP line closes the connection; the next connection is served again.
+    void tcpDropEndsTheConnection()
     {
+        QVERIFY(open("tcp"));
+        command(FaultCommand{FaultKind::DropAfter, 600});
+        std::vector<std::uint8_t> bytes(record::kDbaseSize);
+        QVERIFY(!readTarget(engine.get(), TransferTarget::Radio, bytes, 0, {}, {}, 10));
+        engine = std::make_unique<MessageEngine>();
+        QVERIFY(engine->OpenPortByName(host->portName(), kBaud) && engine->ConnectSocket(kBaud, 1));
+        std::array<std::uint8_t, 4> extra{};
+        QVERIFY(readTarget(engine.get(), TransferTarget::ExtraOptions, extra, 0, {}, {}, 10));
+        QCOMPARE(extra, builtInDatabases().extraOptions);
+    }
+
+    // Closing the built-in port unplugs the cable: what was written stays in the radio, until
+    // a new installation brings a new radio.
+    void builtInRadioKeepsItsMemoryAcrossReopening()
+    {
+        const std::array<std::uint8_t, 4> written{0, 7, 1, 1};
         QVERIFY(open("pipe"));
-        command(FaultCommand{FaultKind::Reject, static_cast<unsigned>(op::StationCall)});
-        QTest::qWait(50);
-        const signed char automatic[2] = {-1, -1};
-        const CRadioMessage call =
-            built([&](CRadioMessage* m) { return StationCall(m, "STN1", 5, automatic, "", 0); });
-        QVERIFY(engine->SendRadioMessage(&call));
-        CRadioMessage message;
-        bool rejected = false;
-        for (int round = 0; round < 20 && !rejected; ++round) {
-            if (engine->GetMessage(&message, 1) == 1 && message.GetOpcode() == op::CommandRejected)
-                rejected = static_cast<std::int16_t>(message.get16(6)) == op::StationCall;
+        QVERIFY(writeTarget(engine.get(), TransferTarget::ExtraOptions, written, 0, {}, {}, 10, 4));
+        std::array<std::uint8_t, 4> back{};
+        for (const bool reinstall : {false, true}) {
+            engine->CloseComPort();
+            if (reinstall)
+                installBuiltInRadio({false, {}});
+            QVERIFY(engine->OpenComPort(1, kBaud) && engine->ConnectSocket(kBaud, 1));
+            QVERIFY(readTarget(engine.get(), TransferTarget::ExtraOptions, back, 0, {}, {}, 10));
+            QCOMPARE(back, reinstall ? builtInDatabases().extraOptions : written);
         }
-        QVERIFY(rejected);
+    }
+
+    // Paced at 9600 baud, reading the radio database takes at least the wire time of its
+    // bytes and not much more (the protocol's overhead); measured, reported, loosely bounded.
+    // Programming another baud rate into the radio then moves its line to that rate.
+    void pacedLineFollowsTheBaudRate()
+    {
+        installBuiltInRadio({true, [this](VirtualRadio& r) { builtIn = &r; }});
+        QVERIFY(engine->OpenComPort(1, 9600) && engine->ConnectSocket(9600, 1));
+        std::vector<std::uint8_t> bytes(record::kDbaseSize);
+        QElapsedTimer clock;
+        clock.start();
+        QVERIFY(readTarget(engine.get(), TransferTarget::Radio, bytes, 0, {}, {}, 10));
+        const double seconds = clock.nsecsElapsed() / 1e9;
+        const double wire = bytes.size() * 10.0 / 9600.0;
+        qInfo("radio database at 9600 baud: %.2f s, %.3f x the wire time", seconds, seconds / wire);
+        QVERIFY(seconds >= wire * 0.98 && seconds < wire * 2.0);
+
+        std::array<std::uint8_t, 14> options{0, 1, 50, 2, 5, 0, 5, 0, 0, 1, 1, 1, 2, 1};
+        QVERIFY(StartRADIOProgramming(engine.get()));
+        QVERIFY(WriteRADIOMemorySection(engine.get(), options.data(), 4288, int(options.size())));
+        QVERIFY(StopRADIOProgramming(engine.get()));
+        QVERIFY(radio()->executeFromAnyThread(ShowStatus{}).contains("line 4800 baud"));
     }
 };
 
