@@ -64,118 +64,73 @@ private slots:
     void rowOfEachEvent_data()
     {
         QTest::addColumn<LinkEvent>("event");
-        QTest::addColumn<QString>("direction");
         QTest::addColumn<Mark>("mark");
-        QTest::addColumn<QString>("word");
-        QTest::addColumn<QString>("frame");
-        QTest::addColumn<QString>("message");
-        QTest::addColumn<QString>("fields");
+        QTest::addColumn<QString>("columns"); // direction|mark|frame|message|fields
         QTest::addColumn<bool>("bytes");
-
-        QTest::addRow("request") << linkEvent(Kind::Sent, kSetChannel12) << "->" << Mark::None << ""
-                                 << "DATA #3"
-                                 << "SetActiveChannel (100)"
-                                 << "unit=0 channel=12" << true;
-        QTest::addRow("report") << linkEvent(Kind::Received,
-                                             dataFrame(7, 46,
-                                                       {0, 12, 0, 0x00, 0x6C, 0x56, 0x60, 0x00,
-                                                        0x6D, 0xDD, 0x00},
-                                                       true))
-                                << "<-" << Mark::None << ""
-                                << "DATA #7"
-                                << "ChannelReport (46)"
-                                << "kind=0 channel=12 group=0 rx=7.100000 tx=7.200000" << true;
-        QTest::addRow("database read")
-            << linkEvent(Kind::Sent, dataFrame(0, 132, {1, 0, 0, 0x10, 0xD0, 0}, false)) << "->"
-            << Mark::None << ""
-            << "DATA #0"
-            << "DatabaseRead (132)"
-            << "target=dbase offset=0 length=4304" << true;
+        const auto row = [](const char* name, const LinkEvent& event, Mark mark,
+                            const QString& columns, bool bytes = true) {
+            QTest::newRow(name) << event << mark << columns << bytes;
+        };
+        row("request", linkEvent(Kind::Sent, kSetChannel12), Mark::None,
+            "->||DATA #3|SetActiveChannel (100)|unit=0 channel=12");
+        row("report",
+            linkEvent(
+                Kind::Received,
+                dataFrame(7, 46, {0, 12, 0, 0x00, 0x6C, 0x56, 0x60, 0x00, 0x6D, 0xDD, 0x00}, true)),
+            Mark::None,
+            "<-||DATA #7|ChannelReport (46)|kind=0 channel=12 group=0 rx=7.100000 tx=7.200000");
+        row("database read",
+            linkEvent(Kind::Sent, dataFrame(0, 132, {1, 0, 0, 0x10, 0xD0, 0}, false)), Mark::None,
+            "->||DATA #0|DatabaseRead (132)|target=dbase offset=0 length=4304");
         Bytes block{2, 0x00, 0xF6, 1};
         block.resize(4 + 58, 0xAA);
-        QTest::addRow("last block of the ALE database")
-            << linkEvent(Kind::Received, dataFrame(9, 135, block, true)) << "<-" << Mark::None << ""
-            << "DATA #9"
-            << "DataBlock (135)"
-            << "target=ale_dbase offset=246 bytes=58 last=1" << true;
-        QTest::addRow("refused read")
-            << linkEvent(Kind::Received, dataFrame(1, 140, {132, 4, 1}, true)) << "<-" << Mark::None
-            << ""
-            << "DATA #1"
-            << "CommandResult (140)"
-            << "request=DatabaseRead (132) target=ccir_dbase status=refused" << true;
-        QTest::addRow("rejected request")
-            << linkEvent(Kind::Received, dataFrame(2, 60, {0, 118}, true)) << "<-" << Mark::None
-            << ""
-            << "DATA #2"
-            << "CommandRejected (60)"
-            << "request=SetRadioScanMode (118)" << true;
-        QTest::addRow("acknowledgement")
-            << linkEvent(Kind::Received, encodeFrame(FrameKind::Ack, 3)) << "<-" << Mark::None << ""
-            << "ACK #3"
-            << ""
-            << "" << true;
-        QTest::addRow("time-out") << linkEvent(Kind::AckTimeout, kSetChannel12, 1, 0, 612) << ""
-                                  << Mark::Timeout << "TIMEOUT"
-                                  << "DATA #3"
-                                  << "SetActiveChannel (100)"
-                                  << "no acknowledgement within 612 ms" << false;
-        QTest::addRow("retry") << linkEvent(Kind::Resent, kSetChannel12, 2, 3) << "->"
-                               << Mark::Retry << "RETRY 2/3"
-                               << "DATA #3"
-                               << "SetActiveChannel (100)"
-                               << "unit=0 channel=12" << true;
-        QTest::addRow("given up") << linkEvent(Kind::GivenUp, kSetChannel12, 3, 2) << ""
-                                  << Mark::Failed << "FAILED"
-                                  << "DATA #3"
-                                  << "SetActiveChannel (100)"
-                                  << "not acknowledged after 3 transmissions; 2 messages fail"
-                                  << false;
+        row("last block of the ALE database",
+            linkEvent(Kind::Received, dataFrame(9, 135, block, true)), Mark::None,
+            "<-||DATA #9|DataBlock (135)|target=ale_dbase offset=246 bytes=58 last=1");
+        row("refused read", linkEvent(Kind::Received, dataFrame(1, 140, {132, 4, 1}, true)),
+            Mark::None,
+            "<-||DATA #1|CommandResult (140)|request=DatabaseRead (132) target=ccir_dbase "
+            "status=refused");
+        row("rejected request", linkEvent(Kind::Received, dataFrame(2, 60, {0, 118}, true)),
+            Mark::None, "<-||DATA #2|CommandRejected (60)|request=SetRadioScanMode (118)");
+        row("acknowledgement", linkEvent(Kind::Received, encodeFrame(FrameKind::Ack, 3)),
+            Mark::None, "<-||ACK #3||");
+        row("time-out", linkEvent(Kind::AckTimeout, kSetChannel12, 1, 0, 612), Mark::Timeout,
+            "|TIMEOUT|DATA #3|SetActiveChannel (100)|no acknowledgement within 612 ms", false);
+        row("retry", linkEvent(Kind::Resent, kSetChannel12, 2, 3), Mark::Retry,
+            "->|RETRY 2/3|DATA #3|SetActiveChannel (100)|unit=0 channel=12");
+        row("given up", linkEvent(Kind::GivenUp, kSetChannel12, 3, 2), Mark::Failed,
+            "|FAILED|DATA #3|SetActiveChannel (100)|not acknowledged after 3 transmissions; 2 "
+            "messages fail",
+            false);
         Bytes damaged = dataFrame(4, 1, {0, 12}, true);
         const QString computed =
             QString::asprintf("%02X%02X", damaged[damaged.size() - 2], damaged[damaged.size() - 1]);
         damaged[damaged.size() - 2] = 0;
         damaged[damaged.size() - 1] = 0;
-        QTest::addRow("checksum error")
-            << linkEvent(Kind::ChecksumError, damaged) << "<-" << Mark::ChecksumError << "CRC-ERROR"
-            << "DATA #4"
-            << "ActiveChannel (1)"
-            << "checksum 0000, computed " + computed << true;
-        QTest::addRow("unknown kind") << linkEvent(Kind::BadHeader, {0x7E, 9, 1, 0, 0}) << "<-"
-                                      << Mark::BadFrame << "BAD-FRAME"
-                                      << "kind 9 #1"
-                                      << ""
-                                      << "unknown frame kind 9" << true;
-        QTest::addRow("frame cut short")
-            << linkEvent(Kind::Truncated, Bytes(damaged.begin(), damaged.begin() + 9)) << "<-"
-            << Mark::Timeout << "TIMEOUT"
-            << "DATA #4"
-            << "ActiveChannel (1)"
-            << "frame cut after 9 of 15 bytes" << true;
+        row("checksum error", linkEvent(Kind::ChecksumError, damaged), Mark::ChecksumError,
+            "<-|CRC-ERROR|DATA #4|ActiveChannel (1)|checksum 0000, computed " + computed);
+        row("unknown kind", linkEvent(Kind::BadHeader, {0x7E, 9, 1, 0, 0}), Mark::BadFrame,
+            "<-|BAD-FRAME|kind 9 #1||unknown frame kind 9");
+        row("frame cut short",
+            linkEvent(Kind::Truncated, Bytes(damaged.begin(), damaged.begin() + 9)), Mark::Timeout,
+            "<-|TIMEOUT|DATA #4|ActiveChannel (1)|frame cut after 9 of 15 bytes");
         LinkEvent noAnswer = linkEvent(Kind::ReplyTimeout, {}, 1, 0, 1500);
         noAnswer.opcode = 126;
-        QTest::addRow("no answer") << noAnswer << "" << Mark::Timeout << "TIMEOUT"
-                                   << ""
-                                   << "CurrentChannel (126)"
-                                   << "no answer within 1500 ms" << false;
+        row("no answer", noAnswer, Mark::Timeout,
+            "|TIMEOUT||CurrentChannel (126)|no answer within 1500 ms", false);
     }
     void rowOfEachEvent()
     {
         QFETCH(LinkEvent, event);
-        QFETCH(QString, direction);
         QFETCH(Mark, mark);
-        QFETCH(QString, word);
-        QFETCH(QString, frame);
-        QFETCH(QString, message);
-        QFETCH(QString, fields);
+        QFETCH(QString, columns);
         QFETCH(bool, bytes);
         const LinkTraceRow row = LinkTraceRow::describe(event);
-        QCOMPARE(QString::fromStdString(row.direction), direction);
         QCOMPARE(row.mark, mark);
-        QCOMPARE(QString::fromStdString(row.markText), word);
-        QCOMPARE(QString::fromStdString(row.frame), frame);
-        QCOMPARE(QString::fromStdString(row.message), message);
-        QCOMPARE(QString::fromStdString(row.fields), fields);
+        QCOMPARE(QString::fromStdString(row.direction + "|" + row.markText + "|" + row.frame + "|" +
+                                        row.message + "|" + row.fields),
+                 columns);
         QCOMPARE(row.hex, bytes ? LinkTraceRow::hexBytes(event.bytes) : std::string());
     }
 
