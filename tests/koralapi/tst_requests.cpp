@@ -35,9 +35,9 @@ class TestRequests : public QObject
 {
     Q_OBJECT
 private slots:
-    // Each builder writes its opcode, length and payload exactly as the protocol document
-    // lays them out, and leaves the bytes the program set itself alone. The queries without a
-    // payload are checked by the link suite, which asks each one and waits for its answer.
+    // Each builder writes its opcode, length and payload exactly as the radio reads them, and
+    // leaves the bytes the program set itself alone. The queries without a payload are checked
+    // by tst_virtualradio, which asks each one and waits for its answer.
     void buildersLayOutThePayload_data()
     {
         QTest::addColumn<Build>("build");
@@ -46,50 +46,35 @@ private slots:
         const auto row = [](const char* name, Build build, int opcode, Bytes payload) {
             QTest::newRow(name) << build << opcode << payload;
         };
-        row("SetActiveChannel", [](auto* m) { return SetActiveChannel(m, 0, 12); },
-            op::SetActiveChannel, {0, 12});
-        row("SetSquelchOnOff", [](auto* m) { return SetSquelchOnOff(m, 0, 1); }, op::SetSquelch,
-            {0, 1});
-        row("SetMonitorOnOff", [](auto* m) { return SetMonitorOnOff(m, 0, 0); }, op::SetMonitor,
-            {0, 0});
-        row("SetDspMenuParameters",
-            [](auto* m) { return SetDspMenuParameters(m, 0, 255, 1, 255, 255); },
-            op::SetDspParameters, {0, 255, 1, 255, 255});
-        row("SetClarifier minus", [](auto* m) { return SetClarifier(m, 0, 2, 150); },
-            op::SetClarifier, {0, 2, 150});
-        row("PerformReset", [](auto* m) { return PerformReset(m); }, op::Reset, {});
-        row("EnterRemoteMode", [](auto* m) { return EnterRemoteMode(m, 2); }, op::EnterRemoteMode,
-            {2});
-        row("EnableDisableSpecialReport",
-            [](auto* m) { return EnableDisableSpecialReport(m, 0, 1, 46); }, op::SpecialReport,
-            {0, 1, 46});
-        row("SetAleMode", [](auto* m) { return SetAleMode(m, 0, 1); }, op::EnterNetwork, {0, 1});
-        row("SetRadioScanMode", [](auto* m) { return SetRadioScanMode(m, 1, 1, 3); },
-            op::SetScanMode, {1, 1, 3});
-        row(
-            "StationCall", [](auto* m) { return StationCall(m, "STN1", 5, kChannel12, "HI", 3); },
-            op::StationCall, callPayload(kChannel12, "STN1", "HI"));
-        row(
-            "NetCall without message", [](auto* m) { return NetCall(m, "NET01", 6, kAuto, "", 0); },
-            op::NetCall, callPayload(kAuto, "NET01", ""));
-        row(
-            "AllCall", [](auto* m) { return AllCall(m, kAuto, "ALL", 4); }, op::AllCall,
-            callPayload(kAuto, "", "ALL"));
-        row(
-            "BiDirectionalStation",
-            [](auto* m) { return BiDirectionalStation(m, "A", 2, kChannel12, "", 0); },
-            op::BiDirectionalStation, callPayload(kChannel12, "A", ""));
-        row(
-            "BiDirectionalNet", [](auto* m) { return BiDirectionalNet(m, "N", 2, kAuto, "", 0); },
-            op::BiDirectionalNet, callPayload(kAuto, "N", ""));
-        row("ReplaceLinkChannel", [](auto* m) { return ReplaceLinkChannel(m, 1, 1, 0); },
-            op::ReplaceLinkChannel, {1, 1, 0});
-        row("AbortLink", [](auto* m) { return AbortLink(m); }, op::AbortLink, {});
-        row("AcceptLink", [](auto* m) { return AcceptLink(m); }, op::AcceptLink, {});
-        row("SetSoundOnOff", [](auto* m) { return SetSoundOnOff(m, 0, 1); }, op::Sounding, {0, 1});
-        row("PerformSelfTest", [](auto* m) { return PerformSelfTest(m, 2); }, op::SelfTest, {2});
-        row("ReportControlHeadKeyboard", [](auto* m) { return ReportControlHeadKeyboard(m, 24); },
-            op::ControlHeadKey, {24});
+        // clang-format off
+#define ROW(call, ...) row(#call, [](CRadioMessage* m) { return call; }, __VA_ARGS__)
+        // clang-format on
+        ROW(SetActiveChannel(m, 0, 12), op::SetActiveChannel, {0, 12});
+        ROW(SetSquelchOnOff(m, 0, 1), op::SetSquelch, {0, 1});
+        ROW(SetMonitorOnOff(m, 0, 0), op::SetMonitor, {0, 0});
+        ROW(SetDspMenuParameters(m, 0, 255, 1, 255, 255), op::SetDspParameters,
+            {0, 255, 1, 255, 255});
+        ROW(SetClarifier(m, 0, 2, 150), op::SetClarifier, {0, 2, 150});
+        ROW(PerformReset(m), op::Reset, {});
+        ROW(EnterRemoteMode(m, 2), op::EnterRemoteMode, {2});
+        ROW(EnableDisableSpecialReport(m, 0, 1, 46), op::SpecialReport, {0, 1, 46});
+        ROW(SetAleMode(m, 0, 1), op::EnterNetwork, {0, 1});
+        ROW(SetRadioScanMode(m, 1, 1, 3), op::SetScanMode, {1, 1, 3});
+        ROW(StationCall(m, "STN1", 5, kChannel12, "HI", 3), op::StationCall,
+            callPayload(kChannel12, "STN1", "HI"));
+        ROW(NetCall(m, "NET01", 6, kAuto, "", 0), op::NetCall, callPayload(kAuto, "NET01", ""));
+        ROW(AllCall(m, kAuto, "ALL", 4), op::AllCall, callPayload(kAuto, "", "ALL"));
+        ROW(BiDirectionalStation(m, "A", 2, kChannel12, "", 0), op::BiDirectionalStation,
+            callPayload(kChannel12, "A", ""));
+        ROW(BiDirectionalNet(m, "N", 2, kAuto, "", 0), op::BiDirectionalNet,
+            callPayload(kAuto, "N", ""));
+        ROW(ReplaceLinkChannel(m, 1, 1, 0), op::ReplaceLinkChannel, {1, 1, 0});
+        ROW(AbortLink(m), op::AbortLink, {});
+        ROW(AcceptLink(m), op::AcceptLink, {});
+        ROW(SetSoundOnOff(m, 0, 1), op::Sounding, {0, 1});
+        ROW(PerformSelfTest(m, 2), op::SelfTest, {2});
+        ROW(ReportControlHeadKeyboard(m, 24), op::ControlHeadKey, {24});
+#undef ROW
     }
     void buildersLayOutThePayload()
     {
