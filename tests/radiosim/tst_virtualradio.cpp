@@ -18,6 +18,7 @@ using namespace koral;
 using namespace koral::radiosim;
 using namespace std::chrono_literals;
 
+using Bytes = std::vector<std::uint8_t>;
 using Query = int (*)(koral::CRadioMessage*);
 Q_DECLARE_METATYPE(Query)
 
@@ -31,16 +32,15 @@ CRadioMessage request(const std::function<int(CRadioMessage*)>& build)
     return message;
 }
 
-QByteArray payload(const CRadioMessage& message)
+Bytes payload(const CRadioMessage& message)
 {
-    return QByteArray(reinterpret_cast<const char*>(message.payload()), message.GetLen());
+    return Bytes(message.payload(), message.payload() + message.GetLen());
 }
 
-ConsoleCommand console(const char* line)
+template <std::size_t N>
+Bytes bytesOf(const std::array<std::uint8_t, N>& memory)
 {
-    const ConsoleParse parsed = parseConsoleLine(line);
-    Q_ASSERT(parsed.command);
-    return *parsed.command;
+    return Bytes(memory.begin(), memory.end());
 }
 } // namespace
 
@@ -74,32 +74,26 @@ private slots:
     {
         QTest::addColumn<Query>("query");
         QTest::addColumn<int>("reply");
-        QTest::addColumn<QByteArray>("expected");
-        const auto row = [](const char* name, Query query, int reply, const QByteArray& expected) {
+        QTest::addColumn<Bytes>("expected");
+        const auto row = [](const char* name, Query query, int reply, const Bytes& expected) {
             QTest::newRow(name) << query << reply << expected;
         };
-        row("support mode: global members and extra options", ReportRadioSupportMode,
-            op::SupportMode, QByteArray("\x01", 1));
-        row("CCIR mode: ALE radio, ALE on", ReportCcirMode, op::CcirMode,
-            QByteArray("\x00\x01", 2));
-        row("ISB off", ReportIsbMode, op::IsbMode, QByteArray("\x00", 1));
-        row("operation mode ALE", ReportRadioOperationMode, op::OperationMode,
-            QByteArray("\x02", 1));
-        row("ALE on", ReportAleON_OFF, op::AleOnOff, QByteArray("\x01", 1));
-        row("active channel 1, not scanning", ReportActiveChannel, op::ActiveChannel,
-            QByteArray("\x00\x01", 2));
-        row("squelch off", ReportSquelchState, op::SquelchState, QByteArray("\x00", 1));
-        row("monitor off", ReportMonitorState, op::MonitorState, QByteArray("\x00", 1));
-        row("DSP: level 0, blanker on", ReportDspMenuParameters, op::DspParameters,
-            QByteArray("\x00\x00\x01\x00", 4));
-        row("clarifier off", ReportClarifierPosition, op::ClarifierPosition,
-            QByteArray("\x00\x00", 2));
+        row("support mode: members and options", ReportRadioSupportMode, op::SupportMode, {1});
+        row("CCIR mode: ALE radio, ALE on", ReportCcirMode, op::CcirMode, {0, 1});
+        row("ISB off", ReportIsbMode, op::IsbMode, {0});
+        row("operation mode ALE", ReportRadioOperationMode, op::OperationMode, {2});
+        row("ALE on", ReportAleON_OFF, op::AleOnOff, {1});
+        row("active channel 1, not scanning", ReportActiveChannel, op::ActiveChannel, {0, 1});
+        row("squelch off", ReportSquelchState, op::SquelchState, {0});
+        row("monitor off", ReportMonitorState, op::MonitorState, {0});
+        row("DSP: level 0, blanker on", ReportDspMenuParameters, op::DspParameters, {0, 0, 1, 0});
+        row("clarifier off", ReportClarifierPosition, op::ClarifierPosition, {0, 0});
     }
     void answersQueries()
     {
         QFETCH(Query, query);
         QFETCH(int, reply);
-        QFETCH(QByteArray, expected);
+        QFETCH(Bytes, expected);
         CRadioMessage answer;
         QVERIFY(m_engine->request(request(query), reply, &answer));
         QCOMPARE(payload(answer), expected);
@@ -109,60 +103,62 @@ private slots:
     void keepsSettings_data()
     {
         QTest::addColumn<int>("setting");
-        QTest::addColumn<QByteArray>("settingPayload");
+        QTest::addColumn<Bytes>("settingPayload");
         QTest::addColumn<int>("query");
         QTest::addColumn<int>("reply");
-        QTest::addColumn<QByteArray>("expected");
-        QTest::newRow("squelch on")
-            << op::SetSquelch << QByteArray("\x00\x01", 2) << op::QuerySquelch << op::SquelchState
-            << QByteArray("\x02", 1);
-        QTest::newRow("DSP: 255 leaves a value unchanged")
-            << op::SetDspParameters << QByteArray("\x00\x04\xFF\x00\xFF\x01", 6)
-            << op::QueryDspParameters << op::DspParameters << QByteArray("\x04\x00\x00\x00", 4);
-        QTest::newRow("clarifier minus 20")
-            << op::SetClarifier << QByteArray("\x00\x02\x14", 3) << op::QueryClarifier
-            << op::ClarifierPosition << QByteArray("\x02\x14", 2);
-        QTest::newRow("channel 12")
-            << op::SetActiveChannel << QByteArray("\x00\x0C", 2) << op::QueryActiveChannel
-            << op::ActiveChannel << QByteArray("\x00\x0C", 2);
-        QTest::newRow("unprogrammed channel 150 is refused, channel stays")
-            << op::SetActiveChannel << QByteArray("\x00\x96", 2) << op::QueryActiveChannel
-            << op::ActiveChannel << QByteArray("\x00\x01", 2);
-        QTest::newRow("group scan B")
-            << op::SetScanMode << QByteArray("\x01\x01\x01", 3) << op::QueryOperationMode
-            << op::OperationMode << QByteArray("\x01", 1);
-        QTest::newRow("ISB channel 38 is not ISB")
-            << op::SetActiveChannel << QByteArray("\x00\x26", 2) << op::QueryIsbMode << op::IsbMode
-            << QByteArray("\x00", 1);
+        QTest::addColumn<Bytes>("expected");
+        const auto row = [](const char* name, int setting, const Bytes& settingPayload, int query,
+                            int reply, const Bytes& expected) {
+            QTest::newRow(name) << setting << settingPayload << query << reply << expected;
+        };
+        row("squelch on", op::SetSquelch, {0, 1}, op::QuerySquelch, op::SquelchState, {2});
+        row("DSP: 255 leaves a value unchanged", op::SetDspParameters, {0, 4, 255, 0, 255, 1},
+            op::QueryDspParameters, op::DspParameters, {4, 0, 0, 0});
+        row("clarifier minus 20", op::SetClarifier, {0, 2, 20}, op::QueryClarifier,
+            op::ClarifierPosition, {2, 20});
+        row("channel 12", op::SetActiveChannel, {0, 12}, op::QueryActiveChannel, op::ActiveChannel,
+            {0, 12});
+        row("unprogrammed channel 150 is refused, channel stays", op::SetActiveChannel, {0, 150},
+            op::QueryActiveChannel, op::ActiveChannel, {0, 1});
+        row("group scan B", op::SetScanMode, {1, 1, 1}, op::QueryOperationMode, op::OperationMode,
+            {1});
+        row("ISB channel 38 is not ISB", op::SetActiveChannel, {0, 38}, op::QueryIsbMode,
+            op::IsbMode, {0});
     }
     void keepsSettings()
     {
         QFETCH(int, setting);
-        QFETCH(QByteArray, settingPayload);
+        QFETCH(Bytes, settingPayload);
         QFETCH(int, query);
         QFETCH(int, reply);
-        QFETCH(QByteArray, expected);
-        QVERIFY(sendRaw(setting, settingPayload));
+        QFETCH(Bytes, expected);
+        QVERIFY(send([&](CRadioMessage* m) {
+            m->setOpcodeAndLength(setting, settingPayload.size());
+            std::copy(settingPayload.begin(), settingPayload.end(), m->payload());
+            return 1;
+        }));
         QCOMPARE(payload(ask(query, reply)), expected);
     }
 
-    // Changing the channel reports it (46) with its frequencies; the monitor reports 89.
-    void reportsChannelChangeAndMonitor()
+    // Changing the channel reports it (46) with its frequencies, and the current channel reads
+    // back with them in host order; the monitor reports 89. Program word and versions too.
+    void channelChangeIsReportedAndRead()
     {
         QVERIFY(send([](CRadioMessage* m) { return SetActiveChannel(m, 0, 7); }));
         const CRadioMessage report = waitFor(op::ChannelReport);
-        QCOMPARE(report[6], std::uint8_t(0));
-        QCOMPARE(report[7], std::uint8_t(7));
+        QCOMPARE(Bytes(report.payload(), report.payload() + 2), (Bytes{0, 7}));
         QCOMPARE(report.get32(9), 4125000u);
         QCOMPARE(report.get32(13), 4125000u);
+        std::array<std::uint8_t, 13> channel{};
+        QVERIFY(
+            ReadCurrentChannel(m_engine.get(), reinterpret_cast<koral::channel*>(channel.data())));
+        std::uint32_t tx = 0;
+        std::memcpy(&tx, channel.data() + 3, 4);
+        QCOMPARE(tx, 4125000u);
 
         QVERIFY(send([](CRadioMessage* m) { return SetMonitorOnOff(m, 0, 1); }));
         QCOMPARE(waitFor(op::MonitorState)[6], std::uint8_t(1));
-    }
 
-    // The typed reads: program word, both versions, and the current channel in host order.
-    void typedReads()
-    {
         unsigned char text[16] = {};
         QVERIFY(ReadProgramWord(m_engine.get(), text));
         QCOMPARE(text[0], 0x5A);
@@ -170,38 +166,33 @@ private slots:
         QCOMPARE(QByteArray(reinterpret_cast<char*>(text)), QByteArray("03.100"));
         QVERIFY(ReadRadioSoftwareVersion(m_engine.get(), text));
         QCOMPARE(QByteArray(reinterpret_cast<char*>(text)), QByteArray("03.8200"));
-        QVERIFY(send([](CRadioMessage* m) { return SetActiveChannel(m, 0, 7); }));
-        std::array<std::uint8_t, 13> channel{};
-        QVERIFY(
-            ReadCurrentChannel(m_engine.get(), reinterpret_cast<koral::channel*>(channel.data())));
-        std::uint32_t tx = 0;
-        std::memcpy(&tx, channel.data() + 3, 4);
-        QCOMPARE(tx, 4125000u);
     }
 
     // Every database crosses the link byte for byte, both ways; a write lands in the radio.
     void databasesRoundTrip_data()
     {
         QTest::addColumn<int>("target");
-        QTest::newRow("radio") << int(TransferTarget::Radio);
-        QTest::newRow("ALE") << int(TransferTarget::Ale);
-        QTest::newRow("global members") << int(TransferTarget::GlobalMembers);
-        QTest::newRow("extra options") << int(TransferTarget::ExtraOptions);
+        QTest::addColumn<Bytes>("builtIn");
+        const RadioDatabases db = builtInDatabases();
+        QTest::newRow("radio") << int(TransferTarget::Radio) << bytesOf(db.radio);
+        QTest::newRow("ALE") << int(TransferTarget::Ale) << bytesOf(db.ale);
+        QTest::newRow("global members")
+            << int(TransferTarget::GlobalMembers) << bytesOf(db.globalMembers);
+        QTest::newRow("extra options")
+            << int(TransferTarget::ExtraOptions) << bytesOf(db.extraOptions);
     }
     void databasesRoundTrip()
     {
         QFETCH(int, target);
+        QFETCH(Bytes, builtIn);
         const auto kind = static_cast<TransferTarget>(target);
-        std::vector<std::uint8_t> bytes(targetSize(target));
+        Bytes bytes(targetSize(target));
         int progressed = 0;
-        const auto progress = [&](int n) {
-            progressed += n;
-            return 1;
-        };
+        const ProgressCallback progress = [&](int n) { return progressed += n, 1; };
         QVERIFY(readTarget(m_engine.get(), kind, bytes, 0, {}, progress, 10));
         QCOMPARE(progressed, int(bytes.size()));
         convertByteOrder(kind, bytes); // back to the radio's order
-        QVERIFY(bytes == memoryOf(builtInDatabases(), kind));
+        QVERIFY(bytes == builtIn);
 
         // Change every byte, write, read back.
         for (auto& b : bytes) {
@@ -221,8 +212,8 @@ private slots:
         std::vector<std::uint8_t> ccir(RadioDatabases::kCcirSize);
         QVERIFY(!readTarget(m_engine.get(), TransferTarget::Ccir, ccir, 0, {}, {}, 10));
         run("mode ccir");
-        QCOMPARE(payload(ask(op::QueryCcirMode, op::CcirMode)), QByteArray("\x01\x00", 2));
-        QCOMPARE(payload(ask(op::QueryOperationMode, op::OperationMode)), QByteArray("\x03", 1));
+        QCOMPARE(payload(ask(op::QueryCcirMode, op::CcirMode)), (Bytes{1, 0}));
+        QCOMPARE(payload(ask(op::QueryOperationMode, op::OperationMode)), Bytes{3});
         QVERIFY(readTarget(m_engine.get(), TransferTarget::Ccir, ccir, 0, {}, {}, 10));
         QCOMPARE(readU16(ccir, 0), std::uint16_t(4417));
     }
@@ -230,7 +221,7 @@ private slots:
     void supportModeOffRefusesExtendedDatabases()
     {
         run("support off");
-        QCOMPARE(payload(ask(op::QuerySupportMode, op::SupportMode)), QByteArray("\x00", 1));
+        QCOMPARE(payload(ask(op::QuerySupportMode, op::SupportMode)), Bytes{0});
         std::array<std::uint8_t, 4> extra{};
         QVERIFY(!readTarget(m_engine.get(), TransferTarget::ExtraOptions, extra, 0, {}, {}, 10));
     }
@@ -241,9 +232,8 @@ private slots:
         QVERIFY(send([](CRadioMessage* m) { return SetSquelchOnOff(m, 0, 1); }));
         QVERIFY(send([](CRadioMessage* m) { return SetClarifier(m, 0, 1, 50); }));
         QVERIFY(send([](CRadioMessage* m) { return PerformReset(m); }));
-        QCOMPARE(payload(ask(op::QuerySquelch, op::SquelchState)), QByteArray("\x00", 1));
-        QCOMPARE(payload(ask(op::QueryClarifier, op::ClarifierPosition)),
-                 QByteArray("\x00\x00", 2));
+        QCOMPARE(payload(ask(op::QuerySquelch, op::SquelchState)), Bytes{0});
+        QCOMPARE(payload(ask(op::QueryClarifier, op::ClarifierPosition)), (Bytes{0, 0}));
     }
 
     // Memory programming takes effect only when programming stops.
@@ -362,7 +352,7 @@ private slots:
             QVERIFY2(channel >= 11 && channel <= 20, qPrintable(QString::number(channel)));
         }
         QVERIFY(send([](CRadioMessage* m) { return SetRadioScanMode(m, 1, 0, 0); }));
-        QCOMPARE(payload(ask(op::QueryActiveChannel, op::ActiveChannel))[0], char(0));
+        QCOMPARE(payload(ask(op::QueryActiveChannel, op::ActiveChannel))[0], 0);
     }
 
     void rejectsCommandOnRequest()
@@ -501,27 +491,16 @@ private slots:
         QVERIFY(progressed > 0);
         convertByteOrder(TransferTarget::Radio, radio);
         if (succeeds)
-            QVERIFY(radio == memoryOf(builtInDatabases(), TransferTarget::Radio));
+            QVERIFY(radio == bytesOf(builtInDatabases().radio));
     }
 
 private:
     static constexpr int kFastBaud = 115200;
 
-    static std::vector<std::uint8_t> memoryOf(const RadioDatabases& db, TransferTarget target)
+    void run(const char* line)
     {
-        switch (target) {
-        case TransferTarget::Ale:
-            return {db.ale.begin(), db.ale.end()};
-        case TransferTarget::GlobalMembers:
-            return {db.globalMembers.begin(), db.globalMembers.end()};
-        case TransferTarget::ExtraOptions:
-            return {db.extraOptions.begin(), db.extraOptions.end()};
-        default:
-            return {db.radio.begin(), db.radio.end()};
-        }
+        m_radio.load()->executeFromAnyThread(*parseConsoleLine(line).command);
     }
-
-    void run(const char* line) { m_radio.load()->executeFromAnyThread(console(line)); }
 
     bool send(const std::function<int(CRadioMessage*)>& build)
     {
@@ -529,20 +508,12 @@ private:
         return m_engine->SendRadioMessage(&message) != 0;
     }
 
-    bool sendRaw(int opcode, const QByteArray& bytes)
-    {
-        return send([&](CRadioMessage* m) {
-            m->setOpcodeAndLength(opcode, std::size_t(bytes.size()));
-            std::memcpy(m->payload(), bytes.constData(), std::size_t(bytes.size()));
-            return 1;
-        });
-    }
-
     CRadioMessage ask(int query, int reply)
     {
         CRadioMessage answer;
         m_engine->LockGetMessage();
-        if (!sendRaw(query, {}) || !m_engine->GetMessageWithOpcode(&answer, reply)) {
+        if (!send([&](CRadioMessage* m) { return m->setOpcodeAndLength(query, 0), 1; }) ||
+            !m_engine->GetMessageWithOpcode(&answer, reply)) {
             qWarning("no answer %d to request %d", reply, query);
         }
         return answer;
