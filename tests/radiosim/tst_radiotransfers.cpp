@@ -71,22 +71,18 @@ private slots:
         QTest::addColumn<int>("length");
         QTest::addColumn<std::vector<Block>>("blocks");
         QTest::addColumn<int>("status");
-        QTest::newRow("two blocks")
-            << kTarget << 100 << 300 << std::vector<Block>{{100, 246, false}, {346, 54, true}}
-            << op::status::Done;
-        QTest::newRow("gap between blocks")
-            << kTarget << 0 << 300 << std::vector<Block>{{0, 246, false}, {250, 50, true}}
-            << op::status::BadRange;
-        QTest::newRow("last block too early")
-            << kTarget << 0 << 300 << std::vector<Block>{{0, 246, true}} << op::status::BadRange;
-        QTest::newRow("more than announced")
-            << kTarget << 0 << 100 << std::vector<Block>{{0, 120, true}} << op::status::BadRange;
-        QTest::newRow("beyond the record")
-            << kTarget << 900 << 200 << std::vector<Block>{{900, 200, true}}
-            << op::status::BadRange;
-        QTest::newRow("target not kept")
-            << kRefusedTarget << 0 << 10 << std::vector<Block>{{0, 10, true}}
-            << op::status::Refused;
+        const auto row = [](const char* name, int target, int offset, int length,
+                            std::vector<Block> blocks, int status) {
+            QTest::newRow(name) << target << offset << length << blocks << status;
+        };
+        row("two blocks", kTarget, 100, 300, {{100, 246, false}, {346, 54, true}},
+            op::status::Done);
+        row("gap between blocks", kTarget, 0, 300, {{0, 246, false}, {250, 50, true}},
+            op::status::BadRange);
+        row("last block too early", kTarget, 0, 300, {{0, 246, true}}, op::status::BadRange);
+        row("more than announced", kTarget, 0, 100, {{0, 120, true}}, op::status::BadRange);
+        row("beyond the record", kTarget, 900, 200, {{900, 200, true}}, op::status::BadRange);
+        row("target not kept", kRefusedTarget, 0, 10, {{0, 10, true}}, op::status::Refused);
     }
     void write()
     {

@@ -195,13 +195,12 @@ private slots:
         QVERIFY(bytes == builtIn);
 
         // Change every byte, write, read back.
-        for (auto& b : bytes) {
-            b = static_cast<std::uint8_t>(b ^ 0x5A);
-        }
-        std::vector<std::uint8_t> host = bytes;
+        for (auto& b : bytes)
+            b ^= 0x5A;
+        Bytes host = bytes;
         convertByteOrder(kind, host);
         QVERIFY(writeTarget(m_engine.get(), kind, host, 0, {}, {}, 10, 0x06));
-        std::vector<std::uint8_t> back(bytes.size());
+        Bytes back(bytes.size());
         QVERIFY(readTarget(m_engine.get(), kind, back, 0, {}, {}, 10));
         QVERIFY(back == host);
     }
@@ -405,7 +404,8 @@ private slots:
         }
     }
 
-    // The front panel: a key changes the display (three lines) and, with Enter, the radio.
+    // The front panel: a key changes the display (three lines) and, with Enter, the radio. F4
+    // switches the radio's ALE off and on, and the radio tells the program each time.
     void frontPanelKeys()
     {
         for (int key : {14, 24, 15, 24, 11}) { // "1", release, "2", release, Enter
@@ -419,6 +419,10 @@ private slots:
             display += QByteArray(reinterpret_cast<const char*>(report.bytes.data() + 7)) + "|";
         }
         QVERIFY2(display.contains("CH 012") && display.contains("RX 5.81500"), display.constData());
+        for (std::uint8_t state : {0, 1}) {
+            QVERIFY(send([](CRadioMessage* m) { return ReportControlHeadKeyboard(m, 7); }));
+            QCOMPARE(waitFor(op::AleOnOff)[6], state);
+        }
     }
 
     // Asked for its display, the radio sends it at once and then every line that changes,
@@ -448,15 +452,6 @@ private slots:
         // Nothing in between: the next line is the key's answer, the whole menu.
         QCOMPARE(line(), QByteArray("0:MENU 1/7"));
         QCOMPARE(line(), QByteArray("1:SCAN: ON"));
-    }
-
-    // F4 switches the radio's ALE off and on, and the radio tells the program each time.
-    void aleKeyReportsTheAleState()
-    {
-        for (std::uint8_t state : {0, 1}) {
-            QVERIFY(send([](CRadioMessage* m) { return ReportControlHeadKeyboard(m, 7); }));
-            QCOMPARE(waitFor(op::AleOnOff)[6], state);
-        }
     }
 
     void answerOnceThenSilence()
