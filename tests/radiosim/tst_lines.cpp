@@ -37,12 +37,9 @@ private slots:
         QCOMPARE(got, toRadio);
 
         line.write(QByteArray("\x11\r\x13\n", 4));
-        char buffer[8] = {};
+        ::fcntl(fd, F_SETFL, ::fcntl(fd, F_GETFL) | O_NONBLOCK);
         QByteArray back;
-        for (int tries = 0; tries < 50 && back.size() < 4; ++tries) {
-            pollRead(fd, buffer, back);
-        }
-        QCOMPARE(back, QByteArray("\x11\r\x13\n", 4));
+        QTRY_COMPARE_WITH_TIMEOUT(back += readSome(fd), QByteArray("\x11\r\x13\n", 4), 5000);
         ::close(fd);
 
         // The program may close and reopen the device: the line stays.
@@ -95,15 +92,11 @@ private:
         return all;
     }
 
-    static void pollRead(int fd, char* buffer, QByteArray& into)
+    static QByteArray readSome(int fd)
     {
-        QTest::qWait(20);
-        const int flags = ::fcntl(fd, F_GETFL);
-        ::fcntl(fd, F_SETFL, flags | O_NONBLOCK);
-        const ssize_t n = ::read(fd, buffer, 8);
-        if (n > 0) {
-            into.append(buffer, static_cast<int>(n));
-        }
+        char buffer[8];
+        const ssize_t n = ::read(fd, buffer, sizeof buffer);
+        return n > 0 ? QByteArray(buffer, int(n)) : QByteArray();
     }
 };
 
