@@ -206,22 +206,18 @@ private slots:
     }
 
     // An ALE radio keeps no CCIR database; in CCIR mode it has one, and no ALE scanning.
-    void ccirDatabasesFollowTheMode()
+    // Without support mode it refuses the extended databases.
+    void modesDecideTheDatabasesKept()
     {
-        std::vector<std::uint8_t> ccir(RadioDatabases::kCcirSize);
+        Bytes ccir(RadioDatabases::kCcirSize), extra(RadioDatabases::kExtraOptionsSize);
         QVERIFY(!readTarget(m_engine.get(), TransferTarget::Ccir, ccir, 0, {}, {}, 10));
         run("mode ccir");
+        run("support off");
         QCOMPARE(payload(ask(op::QueryCcirMode, op::CcirMode)), (Bytes{1, 0}));
         QCOMPARE(payload(ask(op::QueryOperationMode, op::OperationMode)), Bytes{3});
+        QCOMPARE(payload(ask(op::QuerySupportMode, op::SupportMode)), Bytes{0});
         QVERIFY(readTarget(m_engine.get(), TransferTarget::Ccir, ccir, 0, {}, {}, 10));
         QCOMPARE(readU16(ccir, 0), std::uint16_t(4417));
-    }
-
-    void supportModeOffRefusesExtendedDatabases()
-    {
-        run("support off");
-        QCOMPARE(payload(ask(op::QuerySupportMode, op::SupportMode)), Bytes{0});
-        std::array<std::uint8_t, 4> extra{};
         QVERIFY(!readTarget(m_engine.get(), TransferTarget::ExtraOptions, extra, 0, {}, {}, 10));
     }
 
@@ -382,25 +378,21 @@ private slots:
         run("bite unable 21");
         QVERIFY(send([&](CRadioMessage* m) { return PerformSelfTest(m, type); }));
         int lastDots = 0;
-        for (;;) {
-            const CRadioMessage report = waitFor(op::DisplayReport);
-            if (report[6] == op::display::SelfTestProgress) {
-                const QByteArray text(reinterpret_cast<const char*>(report.bytes.data() + 7));
-                const int dots = int(text.mid(3).count('.'));
-                QVERIFY(dots > lastDots);
-                lastDots = dots;
-                continue;
-            }
-            QCOMPARE(report[6], std::uint8_t(op::display::SelfTestResult));
-            QCOMPARE(lastDots, 5);
-            for (int item = 1; item <= 39; ++item) {
-                const std::uint8_t expected = item < firstTested || item > lastTested ? 0x00
-                                              : item == 20                            ? 0x55
-                                              : item == 21                            ? 0x3C
-                                                                                      : 0xAA;
-                QCOMPARE(report[6 + item], expected);
-            }
-            break;
+        CRadioMessage report;
+        while ((report = waitFor(op::DisplayReport))[6] == op::display::SelfTestProgress) {
+            const int dots =
+                int(QByteArray(reinterpret_cast<const char*>(report.bytes.data() + 10)).count('.'));
+            QVERIFY(dots > lastDots);
+            lastDots = dots;
+        }
+        QCOMPARE(report[6], std::uint8_t(op::display::SelfTestResult));
+        QCOMPARE(lastDots, 5);
+        for (int item = 1; item <= 39; ++item) {
+            const std::uint8_t expected = item < firstTested || item > lastTested ? 0x00
+                                          : item == 20                            ? 0x55
+                                          : item == 21                            ? 0x3C
+                                                                                  : 0xAA;
+            QCOMPARE(report[6 + item], expected);
         }
     }
 
