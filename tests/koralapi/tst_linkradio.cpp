@@ -2,8 +2,6 @@
 // (the built-in port 1), a real pseudo-terminal and TCP; and how the radio is served: a dropped
 // line, a built-in radio that outlives its port, pacing at the baud rate.
 
-#include "RunIn.h"
-
 #include "koralapi/KoralApi.h"
 #include "radiosim/BuiltInContents.h"
 #include "radiosim/BuiltInRadio.h"
@@ -17,7 +15,6 @@
 #include <QThread>
 
 #include <atomic>
-#include <future>
 #include <numeric>
 #include <thread>
 
@@ -43,28 +40,34 @@ public:
     {
         m_thread.start();
         m_context.moveToThread(&m_thread);
-        runIn(&m_context, [&] {
-            if (transport == "pty") {
-                auto* line = new PtyLine(&m_context);
-                if (line->open())
-                    m_portName = line->path().toStdString();
-                m_line = line;
-            } else {
-                auto* line = new TcpLine(&m_context);
-                if (line->listen(0))
-                    m_portName = "tcp:127.0.0.1:" + std::to_string(line->port());
-                m_line = line;
-            }
-            m_radio = new VirtualRadio(m_line, &m_context);
-            m_radio->execute(SetBaud{kBaud});
-        });
+        QMetaObject::invokeMethod(
+            &m_context,
+            [&] {
+                if (transport == "pty") {
+                    auto* line = new PtyLine(&m_context);
+                    if (line->open())
+                        m_portName = line->path().toStdString();
+                    m_line = line;
+                } else {
+                    auto* line = new TcpLine(&m_context);
+                    if (line->listen(0))
+                        m_portName = "tcp:127.0.0.1:" + std::to_string(line->port());
+                    m_line = line;
+                }
+                m_radio = new VirtualRadio(m_line, &m_context);
+                m_radio->execute(SetBaud{kBaud});
+            },
+            Qt::BlockingQueuedConnection);
     }
     ~RadioHost()
     {
-        runIn(&m_context, [&] {
-            delete m_radio;
-            delete m_line;
-        });
+        QMetaObject::invokeMethod(
+            &m_context,
+            [&] {
+                delete m_radio;
+                delete m_line;
+            },
+            Qt::BlockingQueuedConnection);
         m_thread.quit();
         m_thread.wait();
     }
@@ -144,10 +147,9 @@ private slots:
             }
         });
         for (int channel : {3, 5, 7}) {
-            QVERIFY(engine->SendRadioMessage(
-                std::make_unique<CRadioMessage>(built([channel](CRadioMessage* m) {
-                    return SetActiveChannel(m, 0, channel);
-                })).get()));
+            const CRadioMessage set =
+                built([channel](CRadioMessage* m) { return SetActiveChannel(m, 0, channel); });
+            QVERIFY(engine->SendRadioMessage(&set));
             CRadioMessage reply;
             QVERIFY(engine->request(built(ReportActiveChannel), op::ActiveChannel, &reply));
             QCOMPARE(int(reply[7]), channel);

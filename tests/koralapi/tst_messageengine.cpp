@@ -24,12 +24,6 @@ CRadioMessage query(int (*builder)(CRadioMessage*))
     builder(&message);
     return message;
 }
-
-bool isBuiltInAle(std::vector<std::uint8_t> record)
-{
-    convertByteOrder(TransferTarget::Ale, record);
-    return std::equal(record.begin(), record.end(), builtInDatabases().ale.begin());
-}
 } // namespace
 
 class TestMessageEngine : public QObject
@@ -124,7 +118,8 @@ private slots:
         unsigned char word = 0;
         QVERIFY(ReadProgramWord(engine.get(), &word));
         QVERIFY(readTarget(engine.get(), TransferTarget::Ale, record, 0, {}, {}, 10));
-        QVERIFY(isBuiltInAle(record));
+        convertByteOrder(TransferTarget::Ale, record);
+        QVERIFY(std::equal(record.begin(), record.end(), builtInDatabases().ale.begin()));
     }
 
     // The wait for a reply that never comes (the radio answers something else) ends in time.
