@@ -44,18 +44,17 @@ public:
             &m_context,
             [&] {
                 if (transport == "pty") {
-                    auto* line = new PtyLine(&m_context);
-                    if (line->open())
-                        m_portName = line->path().toStdString();
-                    m_line = line;
+                    auto* pty = new PtyLine(&m_context);
+                    pty->open();
+                    m_line = pty;
                 } else {
-                    auto* line = new TcpLine(&m_context);
-                    if (line->listen(0))
-                        m_portName = "tcp:127.0.0.1:" + std::to_string(line->port());
-                    m_line = line;
+                    auto* tcp = new TcpLine(&m_context);
+                    tcp->listen(0);
+                    m_line = tcp;
                 }
                 m_radio = new VirtualRadio(m_line, &m_context);
                 m_radio->execute(SetBaud{kBaud});
+                m_portName = m_line->description().toStdString();
             },
             Qt::BlockingQueuedConnection);
     }

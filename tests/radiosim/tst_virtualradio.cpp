@@ -252,13 +252,13 @@ private slots:
         QTest::addColumn<int>("opcode");
         QTest::addColumn<QByteArray>("address");
         QTest::addColumn<QByteArray>("text");
-        QTest::newRow("station call with message")
-            << "call station STN1 \"HELLO\"" << op::IncomingStationCall << QByteArray("STN1")
-            << QByteArray("HELLO");
-        QTest::newRow("net call on channel 12")
-            << "call net HQ channel 12" << op::IncomingNetCall << QByteArray("HQ") << QByteArray();
-        QTest::newRow("all call") << "call all SHIP7 \"QSY NOW\"" << op::IncomingPriorityCall
-                                  << QByteArray("SHIP7") << QByteArray("QSY NOW");
+        const auto row = [](const char* line, int opcode, const char* address, const char* text) {
+            QTest::newRow(line) << QString(line) << opcode << QByteArray(address)
+                                << QByteArray(text);
+        };
+        row("call station STN1 \"HELLO\"", op::IncomingStationCall, "STN1", "HELLO");
+        row("call net HQ channel 12", op::IncomingNetCall, "HQ", "");
+        row("call all SHIP7 \"QSY NOW\"", op::IncomingPriorityCall, "SHIP7", "QSY NOW");
     }
     void incomingCalls()
     {
