@@ -187,6 +187,8 @@ int readTarget(MessageEngine* engine, TransferTarget target, std::span<std::uint
         if (message->GetOpcode() != op::DataBlock || (*message)[6] != static_cast<int>(target))
             continue;
         const std::size_t offset = message->get16(7);
+        if (filled == 0 && offset != static_cast<std::size_t>(start))
+            continue; // a block of an earlier, stopped read that was still on its way
         const int length = message->GetLen() - static_cast<int>(kBlockHeader);
         const bool last = ((*message)[9] & 1) != 0;
         if (offset != static_cast<std::size_t>(start) + filled || length <= 0 ||

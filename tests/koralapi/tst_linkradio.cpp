@@ -161,7 +161,7 @@ private slots:
     }
 
     // What is written comes back byte for byte; the progress counts every record byte. A
-    // progress answer of 0 stops a read at once and leaves the link usable.
+    // progress answer of 0 stops a read at once.
     void databasesRoundTrip_data() { addTransports(); }
     void databasesRoundTrip()
     {
@@ -188,8 +188,9 @@ private slots:
             engine.get(), TransferTarget::Radio, record, 0, {},
             [&](int) { return ++calls < 3 ? 1 : 0; }, 10));
         QCOMPARE(calls, 3);
-        unsigned char word = 0;
-        QVERIFY(ReadProgramWord(engine.get(), &word));
+        // An operator who stops a read may start the next one at once: the blocks the radio
+        // still had on the way must not spoil it.
+        QVERIFY(readTarget(engine.get(), TransferTarget::Radio, record, 0, {}, {}, 10));
     }
 
     // Faults end in failures within their bounds; the link recovers when they clear.
