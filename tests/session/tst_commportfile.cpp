@@ -1,3 +1,5 @@
+#include "Table.h"
+
 #include "session/CommPortFile.h"
 
 #include <QTemporaryDir>
@@ -6,6 +8,7 @@
 #include <fstream>
 
 using namespace koral;
+using namespace koral::test;
 
 namespace {
 
@@ -39,9 +42,7 @@ private slots:
 
     void readsTwoLittleEndianIntegers_data()
     {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<int>("port");
-        QTest::addColumn<int>("baud");
+        columns<QByteArray, int, int>("bytes", "port", "baud");
         QTest::newRow("port 3 at 2400") << QByteArray::fromHex("0300000060090000") << 3 << 2400;
         QTest::newRow("unchecked 19200") << QByteArray::fromHex("01000000004b0000") << 1 << 19200;
         QTest::newRow("extra bytes ignored")
@@ -52,9 +53,7 @@ private slots:
     }
     void readsTwoLittleEndianIntegers()
     {
-        QFETCH(QByteArray, bytes);
-        QFETCH(int, port);
-        QFETCH(int, baud);
+        auto [bytes, port, baud] = fetch<QByteArray, int, int>("bytes", "port", "baud");
         QTemporaryDir dir;
         const std::filesystem::path directory = dir.path().toStdString();
         writeBytes(directory / "CommPort.txt", bytes);

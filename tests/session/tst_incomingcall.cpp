@@ -1,3 +1,5 @@
+#include "Table.h"
+
 #include "session/IncomingCall.h"
 
 #include <QtTest>
@@ -6,6 +8,7 @@
 #include <cstring>
 
 using namespace koral;
+using namespace koral::test;
 
 namespace {
 
@@ -41,9 +44,7 @@ class IncomingCallTest : public QObject
 private slots:
     void titleAndCallType_data()
     {
-        QTest::addColumn<int>("opcode");
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<QString>("callType");
+        columns<int, QString, QString>("opcode", "title", "callType");
         QTest::newRow("79") << 79 << "Incoming Station Call."
                             << "Station";
         QTest::newRow("90") << 90 << "Incoming Station Call."
@@ -57,9 +58,8 @@ private slots:
     }
     void titleAndCallType()
     {
-        QFETCH(int, opcode);
-        QFETCH(QString, title);
-        QFETCH(QString, callType);
+        auto [opcode, title, callType] =
+            fetch<int, QString, QString>("opcode", "title", "callType");
         const Message message = callReport(0, 5, 0, "ALPHA");
         const IncomingCall call = decodeIncomingCall(opcode, message);
         QCOMPARE(qs(call.title), title);
@@ -68,9 +68,7 @@ private slots:
 
     void channel_data()
     {
-        QTest::addColumn<int>("high");
-        QTest::addColumn<int>("low");
-        QTest::addColumn<int>("channel");
+        columns<int, int, int>("high", "low", "channel");
         QTest::newRow("text 12") << int('1') << int('2') << 12;
         QTest::newRow("byte 12 after a zero") << 0 << 12 << 12;
         QTest::newRow("single digit text") << int('7') << 0 << 7;
@@ -79,9 +77,7 @@ private slots:
     }
     void channel()
     {
-        QFETCH(int, high);
-        QFETCH(int, low);
-        QFETCH(int, channel);
+        auto [high, low, channel] = fetch<int, int, int>("high", "low", "channel");
         const Message message = callReport(std::uint8_t(high), std::uint8_t(low), 0, "A");
         QCOMPARE(decodeIncomingCall(79, message).channel, channel);
     }

@@ -1,11 +1,14 @@
 // What the incoming worker settles itself and what it hands to the view, message by message.
 
+#include "Table.h"
+
 #include "session/IncomingWorker.h"
 #include "session/SessionState.h"
 
 #include <QtTest>
 
 using namespace koral;
+using namespace koral::test;
 
 namespace {
 
@@ -38,8 +41,7 @@ class IncomingWorkerTest : public QObject
 private slots:
     void handOver_data()
     {
-        QTest::addColumn<int>("opcode");
-        QTest::addColumn<bool>("forwarded");
+        columns<int, bool>("opcode", "forwarded");
         QTest::newRow("27 display") << 27 << true;
         QTest::newRow("30 is dropped although the view has a row") << 30 << false;
         QTest::newRow("46 channel report") << 46 << true;
@@ -51,8 +53,7 @@ private slots:
     }
     void handOver()
     {
-        QFETCH(int, opcode);
-        QFETCH(bool, forwarded);
+        auto [opcode, forwarded] = fetch<int, bool>("opcode", "forwarded");
         Harness h;
         IncomingWorker::handle(report(opcode, 7), h.context, &h.stop);
         QCOMPARE(h.notified, forwarded ? 1 : 0);
@@ -73,11 +74,7 @@ private slots:
 
     void ccirReport_data()
     {
-        QTest::addColumn<int>("byte6");
-        QTest::addColumn<int>("byte7");
-        QTest::addColumn<bool>("ccir");
-        QTest::addColumn<bool>("fileLoaded");
-        QTest::addColumn<bool>("aleOff");
+        columns<int, int, bool, bool, bool>("byte6", "byte7", "ccir", "fileLoaded", "aleOff");
         QTest::newRow("CCIR, ALE on") << 1 << 1 << true << true << false;
         QTest::newRow("byte 6 = 2 clears both") << 2 << 1 << false << false << false;
         QTest::newRow("ALE state 0 is off") << 0 << 0 << false << false << true;
@@ -85,11 +82,8 @@ private slots:
     }
     void ccirReport()
     {
-        QFETCH(int, byte6);
-        QFETCH(int, byte7);
-        QFETCH(bool, ccir);
-        QFETCH(bool, fileLoaded);
-        QFETCH(bool, aleOff);
+        auto [byte6, byte7, ccir, fileLoaded, aleOff] =
+            fetch<int, int, bool, bool, bool>("byte6", "byte7", "ccir", "fileLoaded", "aleOff");
         Harness h;
         h.flags.ccirFileLoaded = true;
         IncomingWorker::handle(report(96, std::uint8_t(byte6), std::uint8_t(byte7)), h.context,
@@ -105,10 +99,7 @@ private slots:
 
     void supportReport_data()
     {
-        QTest::addColumn<bool>("answered");
-        QTest::addColumn<int>("byte6");
-        QTest::addColumn<bool>("before");
-        QTest::addColumn<bool>("after");
+        columns<bool, int, bool, bool>("answered", "byte6", "before", "after");
         QTest::newRow("not asked: ignored") << false << 1 << false << false;
         QTest::newRow("asked, bit 0 set") << true << 1 << false << true;
         QTest::newRow("asked, other bits only") << true << 0xFE << false << false;
@@ -116,10 +107,8 @@ private slots:
     }
     void supportReport()
     {
-        QFETCH(bool, answered);
-        QFETCH(int, byte6);
-        QFETCH(bool, before);
-        QFETCH(bool, after);
+        auto [answered, byte6, before, after] =
+            fetch<bool, int, bool, bool>("answered", "byte6", "before", "after");
         Harness h;
         h.flags.supportModeAnswered = answered;
         h.flags.aleGlobalSupported = before;
@@ -131,16 +120,14 @@ private slots:
 
     void aleReport_data()
     {
-        QTest::addColumn<int>("byte6");
-        QTest::addColumn<bool>("aleOff");
+        columns<int, bool>("byte6", "aleOff");
         QTest::newRow("on") << 1 << false;
         QTest::newRow("off") << 0 << true;
         QTest::newRow("2") << 2 << true;
     }
     void aleReport()
     {
-        QFETCH(int, byte6);
-        QFETCH(bool, aleOff);
+        auto [byte6, aleOff] = fetch<int, bool>("byte6", "aleOff");
         Harness h;
         IncomingWorker::handle(report(88, std::uint8_t(byte6)), h.context, &h.stop);
         QCOMPARE(int(h.flags.aleState), byte6);

@@ -21,8 +21,7 @@ private slots:
 
     void receiving_data()
     {
-        QTest::addColumn<uint>("hertz");
-        QTest::addColumn<QList<int>>("channels");
+        columns<uint, QList<int>>("hertz", "channels");
         QTest::newRow("one channel") << 7055000u << QList<int>{17};
         QTest::newRow("a duplex pair shares its receive side") << 4125000u << QList<int>{7, 9};
         QTest::newRow("a transmit frequency is not a receive one") << 4417000u << QList<int>{};
@@ -31,8 +30,7 @@ private slots:
     }
     void receiving()
     {
-        QFETCH(uint, hertz);
-        QFETCH(QList<int>, channels);
+        auto [hertz, channels] = fetch<uint, QList<int>>("hertz", "channels");
         const std::vector<int> found = m_fixture->session->activeChannel().receiving(hertz);
         QCOMPARE(QList<int>(found.begin(), found.end()), channels);
     }
