@@ -312,25 +312,15 @@ private slots:
         QCOMPARE(isb.count(), 2);
         QCOMPARE(dispatcher.isbMode(), 1);
         QCOMPARE(isb.back().at(1).toBool(), false);
-    }
-
-    void channelReportLayoutFollowsTheSoftwareClass_data()
-    {
-        columns<int, int>("softwareClass", "layout");
-        QTest::newRow("class 1") << 1 << 2;
-        QTest::newRow("class 2") << 2 << 1;
-        QTest::newRow("unknown") << 0 << 1;
-    }
-    void channelReportLayoutFollowsTheSoftwareClass()
-    {
-        auto [softwareClass, layout] = fetch<int, int>("softwareClass", "layout");
-        SessionFixture fixture;
-        fixture.session->flags().softwareClass = std::uint8_t(softwareClass);
-        int shown = 0;
-        connect(&fixture.session->dispatcher(), &MessageDispatcher::channelReport, this,
-                [&](const CRadioMessage&, int used) { shown = used; });
-        fixture.session->dispatcher().dispatchMessage(report(46, {0, 5}));
-        QCOMPARE(shown, layout);
+        // The channel report's layout follows the software class: 1, 2, unknown.
+        QList<int> layouts;
+        connect(&dispatcher, &MessageDispatcher::channelReport, this,
+                [&](const CRadioMessage&, int used) { layouts << used; });
+        for (int softwareClass : {1, 2, 0}) {
+            fixture.session->flags().softwareClass = std::uint8_t(softwareClass);
+            dispatcher.dispatchMessage(report(46, {0, std::uint8_t(5 + softwareClass)}));
+        }
+        QCOMPARE(layouts, (QList<int>{2, 1, 1}));
     }
 
     void remoteRequestRunsTheExchangeOnlyWhenReady()

@@ -31,8 +31,6 @@ private slots:
     {
         columns<Layout, QString, int>("layout", "label", "code");
         QTest::newRow("0 comes before 1, not after 9") << Layout::Full << "0" << 13;
-        QTest::newRow("F1") << Layout::Full << "F1" << 4;
-        QTest::newRow("GPS") << Layout::Full << "GPS" << 12;
         QTest::newRow("MENU") << Layout::Short << "MENU" << 23;
         QTest::newRow("* in the short layout") << Layout::Short << "*" << 9;
         QTest::newRow("short layout has no GPS") << Layout::Short << "GPS" << 0;

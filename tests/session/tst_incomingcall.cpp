@@ -44,24 +44,18 @@ class IncomingCallTest : public QObject
 private slots:
     void titleAndCallType_data()
     {
-        columns<int, QString, QString>("opcode", "title", "callType");
-        QTest::newRow("79") << 79 << "Incoming Station Call."
-                            << "Station";
-        QTest::newRow("90") << 90 << "Incoming Station Call."
-                            << "Station";
-        QTest::newRow("80") << 80 << "Incoming Net Call."
-                            << "Net";
-        QTest::newRow("82") << 82 << "Incoming Priority Call."
-                            << "Priority";
-        QTest::newRow("81 keeps the previous title") << 81 << ""
-                                                     << "";
+        columns<QString, int, QString>("title", "opcode", "callType");
+        QTest::newRow("79") << "Incoming Station Call." << 79 << "Station";
+        QTest::newRow("90") << "Incoming Station Call." << 90 << "Station";
+        QTest::newRow("80") << "Incoming Net Call." << 80 << "Net";
+        QTest::newRow("82") << "Incoming Priority Call." << 82 << "Priority";
+        QTest::newRow("81 keeps the previous title") << "" << 81 << "";
     }
     void titleAndCallType()
     {
-        auto [opcode, title, callType] =
-            fetch<int, QString, QString>("opcode", "title", "callType");
-        const Message message = callReport(0, 5, 0, "ALPHA");
-        const IncomingCall call = decodeIncomingCall(opcode, message);
+        auto [title, opcode, callType] =
+            fetch<QString, int, QString>("title", "opcode", "callType");
+        const IncomingCall call = decodeIncomingCall(opcode, callReport(0, 5, 0, "ALPHA"));
         QCOMPARE(qs(call.title), title);
         QCOMPARE(qs(call.callType), callType);
     }
@@ -84,17 +78,12 @@ private slots:
 
     void addressValueAndMessage()
     {
-        const Message message = callReport(0, 3, 42, "STATION7", "HELLO THERE");
+        Message message = callReport(0, 3, 42, "STATION7", "HELLO THERE");
         const IncomingCall call = decodeIncomingCall(80, message);
         QCOMPARE(call.channelValue, 42);
         QCOMPARE(call.address, std::string("STATION7"));
-        QVERIFY(call.message.has_value());
-        QCOMPARE(*call.message, std::string("HELLO THERE"));
-    }
-
-    void noMessageWithoutFlag()
-    {
-        Message message = callReport(0, 3, 0, "STATION7", "HELLO");
+        QCOMPARE(call.message.value_or("none"), std::string("HELLO THERE"));
+        // Without its flag the text is no message.
         message[incoming_call::kMessageFlag] = 0;
         QVERIFY(!decodeIncomingCall(79, message).message.has_value());
     }

@@ -72,27 +72,33 @@ private slots:
         QCOMPARE(h.aleReports, 0);
     }
 
-    void ccirReport_data()
+    // The CCIR report (96) and the ALE report (88) the worker settles itself.
+    void ccirAndAleReports_data()
     {
-        columns<int, int, bool, bool, bool>("byte6", "byte7", "ccir", "fileLoaded", "aleOff");
-        QTest::newRow("CCIR, ALE on") << 1 << 1 << true << true << false;
-        QTest::newRow("byte 6 = 2 clears both") << 2 << 1 << false << false << false;
-        QTest::newRow("ALE state 0 is off") << 0 << 0 << false << false << true;
-        QTest::newRow("ALE state 2 is off too") << 1 << 2 << true << true << true;
+        columns<int, int, int, bool, bool, int, bool>("opcode", "byte6", "byte7", "ccir",
+                                                      "fileLoaded", "aleState", "aleOff");
+        QTest::newRow("CCIR, ALE on") << 96 << 1 << 1 << true << true << 1 << false;
+        QTest::newRow("byte 6 = 2 clears both") << 96 << 2 << 1 << false << false << 1 << false;
+        QTest::newRow("ALE state 0 is off") << 96 << 0 << 0 << false << false << 0 << true;
+        QTest::newRow("ALE state 2 is off too") << 96 << 1 << 2 << true << true << 2 << true;
+        QTest::newRow("ALE on") << 88 << 1 << 0 << false << true << 1 << false;
+        QTest::newRow("ALE off") << 88 << 0 << 0 << false << true << 0 << true;
+        QTest::newRow("ALE 2") << 88 << 2 << 0 << false << true << 2 << true;
     }
-    void ccirReport()
+    void ccirAndAleReports()
     {
-        auto [byte6, byte7, ccir, fileLoaded, aleOff] =
-            fetch<int, int, bool, bool, bool>("byte6", "byte7", "ccir", "fileLoaded", "aleOff");
+        auto [opcode, byte6, byte7, ccir, fileLoaded, aleState, aleOff] =
+            fetch<int, int, int, bool, bool, int, bool>("opcode", "byte6", "byte7", "ccir",
+                                                        "fileLoaded", "aleState", "aleOff");
         Harness h;
         h.flags.ccirFileLoaded = true;
-        IncomingWorker::handle(report(96, std::uint8_t(byte6), std::uint8_t(byte7)), h.context,
+        IncomingWorker::handle(report(opcode, std::uint8_t(byte6), std::uint8_t(byte7)), h.context,
                                &h.stop);
         QCOMPARE(h.flags.ccirMode.load(), ccir);
         QCOMPARE(h.flags.ccirFileLoaded.load(), fileLoaded);
-        QCOMPARE(int(h.flags.aleState), byte7);
+        QCOMPARE(int(h.flags.aleState), aleState);
         QCOMPARE(h.flags.aleOff.load(), aleOff);
-        QCOMPARE(h.flags.ccirAnswers.load(), 1);
+        QCOMPARE(h.flags.ccirAnswers.load(), opcode == 96 ? 1 : 0);
         QCOMPARE(h.notified, 0);
         QCOMPARE(h.aleReports, 1);
     }
@@ -116,22 +122,6 @@ private slots:
         IncomingWorker::handle(report(98, std::uint8_t(byte6)), h.context, &h.stop);
         QCOMPARE(h.flags.aleGlobalSupported.load(), after);
         QCOMPARE(h.flags.extraOptionsSupported.load(), after);
-    }
-
-    void aleReport_data()
-    {
-        columns<int, bool>("byte6", "aleOff");
-        QTest::newRow("on") << 1 << false;
-        QTest::newRow("off") << 0 << true;
-        QTest::newRow("2") << 2 << true;
-    }
-    void aleReport()
-    {
-        auto [byte6, aleOff] = fetch<int, bool>("byte6", "aleOff");
-        Harness h;
-        IncomingWorker::handle(report(88, std::uint8_t(byte6)), h.context, &h.stop);
-        QCOMPARE(int(h.flags.aleState), byte6);
-        QCOMPARE(h.flags.aleOff.load(), aleOff);
     }
 
     void workerWithoutStopEventEndsAtOnce()
