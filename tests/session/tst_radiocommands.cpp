@@ -61,7 +61,7 @@ private slots:
         QVERIFY(!commands.isEnabled(C::Squelch));
     }
 
-    void monitorFollowsTheAleState()
+    void monitorAndRemoteControl()
     {
         SessionFixture fixture;
         QVERIFY(fixture.startUp());
@@ -76,6 +76,14 @@ private slots:
             QCOMPARE(fixture.session->commands().isEnabled(ViewCommands::Command::Monitor),
                      enabled);
         }
+        // Remote control alternates between the radio's two remote modes.
+        auto& commands = fixture.session->commands();
+        QVERIFY(!commands.isChecked(ViewCommands::Command::RemoteControl));
+        QCOMPARE(commands.toggleRemoteMode(), 1);
+        QCOMPARE(fixture.session->view().remoteMode, 0);
+        QVERIFY(commands.isChecked(ViewCommands::Command::RemoteControl));
+        QCOMPARE(commands.toggleRemoteMode(), 1);
+        QCOMPARE(fixture.session->view().remoteMode, 2);
     }
 
     void dspSlidersSendWhatTheyShow()
@@ -141,19 +149,6 @@ private slots:
             QVERIFY2(value == row.radio, row.name);
         }
         QCOMPARE(texts(fixture.notifier), QStringList());
-    }
-
-    void remoteControlAlternates()
-    {
-        SessionFixture fixture;
-        QVERIFY(fixture.startUp());
-        auto& commands = fixture.session->commands();
-        QVERIFY(!commands.isChecked(ViewCommands::Command::RemoteControl));
-        QCOMPARE(commands.toggleRemoteMode(), 1);
-        QCOMPARE(fixture.session->view().remoteMode, 0);
-        QVERIFY(commands.isChecked(ViewCommands::Command::RemoteControl));
-        QCOMPARE(commands.toggleRemoteMode(), 1);
-        QCOMPARE(fixture.session->view().remoteMode, 2);
     }
 
     void resetShowsTheNoticesAndEndsBusy()
@@ -234,26 +229,13 @@ private slots:
         QCOMPARE(fixture.session->view().callState, 1);
     }
 
-    void biteSummaries_data()
+    // A full test with failed and unperformed items goes to its summary and into the file.
+    void biteRunsToItsSummary()
     {
-        columns<QList<int>, QList<int>, QString>("failed", "unable", "summary");
-        QTest::newRow("all passed")
-            << QList<int>{} << QList<int>{} << "Summary: 39 Passed, 0 Failed, 0 Not Performed";
-        QTest::newRow("mixed") << QList<int>{2, 30} << QList<int>{39}
-                               << "Summary: 36 Passed, 2 Failed, 1 Not Performed";
-    }
-    void biteSummaries()
-    {
-        auto [failed, unable, summary] =
-            fetch<QList<int>, QList<int>, QString>("failed", "unable", "summary");
         SessionFixture fixture;
         QVERIFY(fixture.startUp());
-        if (!failed.isEmpty())
-            fixture.play(SelfTestOutcome{SelfTestOutcome::Result::Failed,
-                                         std::vector<unsigned>(failed.begin(), failed.end())});
-        if (!unable.isEmpty())
-            fixture.play(SelfTestOutcome{SelfTestOutcome::Result::Unable,
-                                         std::vector<unsigned>(unable.begin(), unable.end())});
+        fixture.play(SelfTestOutcome{SelfTestOutcome::Result::Failed, {2, 30}});
+        fixture.play(SelfTestOutcome{SelfTestOutcome::Result::Unable, {39}});
         BiteRunner& bite = fixture.session->bite();
         QList<int> positions;
         connect(&bite, &BiteRunner::changed, this, [&] { positions << bite.progress(); });
@@ -264,7 +246,8 @@ private slots:
         QCOMPARE(QString::fromStdString(bite.status()), "Command in progress, please wait!!!");
         QVERIFY(bite.statusHighlighted());
         QTRY_VERIFY_WITH_TIMEOUT(bite.controlsEnabled(), 10000);
-        QCOMPARE(QString::fromStdString(bite.status()), summary);
+        QCOMPARE(QString::fromStdString(bite.status()),
+                 "Summary: 36 Passed, 2 Failed, 1 Not Performed");
         QVERIFY(!bite.statusHighlighted());
         QCOMPARE(bite.progress(), 12);
         QVERIFY(!bite.watchdogActive());
