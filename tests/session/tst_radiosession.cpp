@@ -6,6 +6,7 @@
 #include "common/Texts.h"
 #include "koralapi/KoralApi.h"
 #include "radiosim/RadioDatabases.h"
+#include "session/ProgressView.h"
 
 #include <QElapsedTimer>
 #include <QSignalSpy>
@@ -175,19 +176,31 @@ private slots:
         QCOMPARE(link.state(), LinkState::Closed);
     }
 
-    void silentRadio_data()
+    void togglesFollowTheRadio_data()
     {
         columns<bool, QStringList>("report", "messages");
         const QString noResponse = QString::fromUtf8(text::byId(text::id::NoResponse).data());
         QTest::newRow("reported") << true << QStringList{noResponse};
         QTest::newRow("silenced") << false << QStringList{};
     }
-    void silentRadio()
+    void togglesFollowTheRadio()
     {
         auto [report, messages] = fetch<bool, QStringList>("report", "messages");
         SessionFixture fixture;
         QVERIFY(fixture.startUp());
         auto& commands = fixture.session->commands();
+        // While the radio answers, the toggles follow it.
+        for (auto toggle : {ViewCommands::Toggle::Squelch, ViewCommands::Toggle::Attenuator,
+                            ViewCommands::Toggle::Clipper}) {
+            const bool before = commands.state(toggle);
+            QCOMPARE(commands.toggle(toggle), 1);
+            QCOMPARE(commands.state(toggle), !before);
+            QCOMPARE(commands.imageIndex(toggle) < 12, !before);
+        }
+        QCOMPARE(commands.updateToolBarAndSliders(), 1);
+        QCOMPARE(commands.state(ViewCommands::Toggle::Attenuator),
+                 bool(fixture.radio().state().attenuator));
+        // Once it is silent, a toggle changes nothing.
         const bool squelch = commands.state(ViewCommands::Toggle::Squelch);
         const int image = commands.imageIndex(ViewCommands::Toggle::Squelch);
         fixture.play(FaultCommand{FaultKind::NoAnswer, 0});
@@ -203,24 +216,6 @@ private slots:
         transfer.setReadWriteMode(TransferMode::Read);
         QCOMPARE(transfer.loadProgressDlg(), 0);
         QVERIFY(fixture.session->flags().ccirMode);
-    }
-
-    void togglesFollowTheRadio()
-    {
-        SessionFixture fixture;
-        QVERIFY(fixture.startUp());
-        auto& commands = fixture.session->commands();
-        for (auto toggle : {ViewCommands::Toggle::Squelch, ViewCommands::Toggle::Attenuator,
-                            ViewCommands::Toggle::Clipper}) {
-            const bool before = commands.state(toggle);
-            QCOMPARE(commands.toggle(toggle), 1);
-            QCOMPARE(commands.state(toggle), !before);
-            QCOMPARE(commands.imageIndex(toggle) < 12, !before);
-        }
-        // The radio now reports the new states.
-        QCOMPARE(commands.updateToolBarAndSliders(), 1);
-        QCOMPARE(commands.state(ViewCommands::Toggle::Attenuator),
-                 bool(fixture.radio().state().attenuator));
     }
 
     void closingWhileMessagesArriveNeverDeadlocks()
@@ -364,24 +359,34 @@ private slots:
                              "database, ALE global members, extra options."});
     }
 
+    // A second dialog asked for while one runs (here from the first one's window) is refused.
+    // The window is asked while the transfer runs every time; the pump only when an answer
+    // keeps it waiting.
     void progressDialogRunsOnce()
     {
+        struct NestingView : ProgressView
+        {
+            DatabaseTransfer* transfer = nullptr;
+            int nested = -1;
+            void open() override {}
+            void close() override {}
+            void setTitle(std::string_view) override {}
+            void setCaption(std::string_view) override {}
+            void setPosition(int) override
+            {
+                if (nested == -1)
+                    nested = transfer->loadProgressDlg();
+            }
+            void setCancelEnabled(bool) override {}
+        } view;
         SessionFixture fixture;
         QVERIFY(fixture.startUp());
         auto& transfer = fixture.session->transfer();
-        int nested = -1;
-        // A second dialog asked for while one runs (from the pump) is refused.
-        bool asked = false;
-        fixture.session->link().setPump([&] {
-            if (!asked && transfer.isRunning()) {
-                asked = true;
-                nested = transfer.loadProgressDlg();
-            }
-            QCoreApplication::processEvents();
-        });
+        view.transfer = &transfer;
+        transfer.setProgressView(&view);
         transfer.setReadWriteMode(TransferMode::Read);
         QCOMPARE(transfer.loadProgressDlg(), 1);
-        QCOMPARE(nested, 0);
+        QCOMPARE(view.nested, 0);
         QCOMPARE(texts(fixture.notifier), QStringList{"LoadProgressDlg(): ProgressDlg problem!"});
         QCOMPARE(transfer.readWriteMode(), TransferMode::None);
     }
