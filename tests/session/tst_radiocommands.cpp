@@ -90,18 +90,11 @@ private slots:
     {
         using Kind = DspSlider::Kind;
         using Scroll = DspSlider::Scroll;
-        // Each row starts where the previous one left the slider and the radio. Actions:
-        // m moves to the position, u steps up, o turns off, d disables.
-        struct Row
-        {
-            const char* name;
-            Kind kind;
-            char action;
-            int position;
-            Scroll how;
-            int shown;
-            int radio; // the clarifier as a signed value, the notch as its step index
-        };
+        // Each row starts where the previous one left the slider and the radio: its name, the
+        // slider, the action (m moves to the position, u steps up, o turns off, d disables),
+        // the position and scroll, the position shown, and the radio's value (the clarifier
+        // signed, the notch as its step index).
+        using Row = std::tuple<const char*, Kind, char, int, Scroll, int, int>;
         const Row rows[] = {
             {"15 rounds up", Kind::Clarifier, 'm', 15, Scroll::LineDown, 20, 20},
             {"-15 rounds away from zero", Kind::Clarifier, 'm', -15, Scroll::PageUp, -20, -20},
@@ -125,20 +118,20 @@ private slots:
         auto& session = *fixture.session;
         session.clarifier().setEnabled(true);
         session.notch().setEnabled(true);
-        for (const Row& row : rows) {
-            DspSlider& slider = row.kind == Kind::Clarifier ? session.clarifier() : session.notch();
-            if (row.action == 'm')
-                slider.scroll(row.position, row.how);
-            else if (row.action == 'u')
+        for (const auto& [name, kind, action, position, how, shown, radio] : rows) {
+            DspSlider& slider = kind == Kind::Clarifier ? session.clarifier() : session.notch();
+            if (action == 'm')
+                slider.scroll(position, how);
+            else if (action == 'u')
                 slider.stepUp();
-            else if (row.action == 'o')
+            else if (action == 'o')
                 slider.toOff();
             else
                 slider.setEnabled(false);
-            QVERIFY2(slider.position() == row.shown, row.name);
+            QVERIFY2(slider.position() == shown, name);
             CRadioMessage reply;
             int value = 0;
-            if (row.kind == Kind::Clarifier) {
+            if (kind == Kind::Clarifier) {
                 QVERIFY(
                     session.link().query(&ReportClarifierPosition, op::ClarifierPosition, reply));
                 value = reply[6] == 1 ? reply[7] : reply[6] == 2 ? -reply[7] : 0;
@@ -146,7 +139,7 @@ private slots:
                 QVERIFY(session.link().query(&ReportDspMenuParameters, op::DspParameters, reply));
                 value = reply[6];
             }
-            QVERIFY2(value == row.radio, row.name);
+            QVERIFY2(value == radio, name);
         }
         QCOMPARE(texts(fixture.notifier), QStringList());
     }

@@ -35,7 +35,7 @@ private slots:
         QCOMPARE(QList<int>(found.begin(), found.end()), channels);
     }
 
-    void selectQueryAndRead()
+    void selectQueryReadAndProgram()
     {
         ActiveChannel& active = m_fixture->session->activeChannel();
         QSignalSpy selected(&active, &ActiveChannel::selected);
@@ -46,18 +46,14 @@ private slots:
         QCOMPARE(active.query(number, scanning), 1);
         QCOMPARE(number, 12);
         QVERIFY(!scanning);
-        channel record{};
-        QCOMPARE(active.readCurrent(record), 1);
-        QCOMPARE(record.rxFrequency.get(), 5815000u);
+        channel current{};
+        QCOMPARE(active.readCurrent(current), 1);
+        QCOMPARE(current.rxFrequency.get(), 5815000u);
         QCOMPARE(active.select(0), 0);
         QCOMPARE(selected.size(), 1);
-    }
 
-    // A programmed channel is the radio's and the session's at once: the table that later
-    // searches use knows it.
-    void programOneChannel()
-    {
-        ActiveChannel& active = m_fixture->session->activeChannel();
+        // A programmed channel is the radio's and the session's at once: the table that later
+        // searches use knows it.
         QVERIFY(!active.isProgrammed(150));
         channel record{};
         record.power = 4;
@@ -68,9 +64,8 @@ private slots:
         QVERIFY(active.isProgrammed(150));
         QCOMPARE(active.receiving(7100000), std::vector<int>{150});
         QCOMPARE(active.select(150), 1);
-        channel read{};
-        QCOMPARE(active.readCurrent(read), 1);
-        QCOMPARE(read.txFrequency.get(), 7100000u);
+        QCOMPARE(active.readCurrent(current), 1);
+        QCOMPARE(current.txFrequency.get(), 7100000u);
     }
 
     void silentRadioShowsTheMessageOnce()
