@@ -146,21 +146,16 @@ private slots:
             froms << QString::fromStdString(editor.cell(r, 0));
         QCOMPARE(froms, left);
         QCOMPARE(replied, replyTo);
+        // The grid's columns follow the record; the header row holds no record.
+        QCOMPARE(editor.cell(0, 0), std::string());
+        QStringList cells;
+        for (int c = 0; c < int(CallListEditor::kColumns.size()) && !left.isEmpty(); ++c)
+            cells << QString::fromStdString(editor.cell(1, c));
+        if (!left.isEmpty())
+            QCOMPARE(cells, (QStringList{"FROM1", "TO1", "11/23/26", "10:00:01", "10:01:00",
+                                         "Station", "1", "12"}));
         const auto texts = notifier.texts();
         QCOMPARE(texts.empty() ? QString() : QString::fromStdString(texts.front()), message);
-    }
-
-    void gridColumnsFollowTheRecord()
-    {
-        std::vector<CallRecord> list = records(1);
-        RecordingNotifier notifier;
-        CallListEditor editor(list, notifier);
-        QStringList cells;
-        for (int c = 0; c < int(CallListEditor::kColumns.size()); ++c)
-            cells << QString::fromStdString(editor.cell(1, c));
-        QCOMPARE(cells, (QStringList{"FROM1", "TO1", "11/23/26", "10:00:01", "10:01:00", "Station",
-                                     "1", "12"}));
-        QCOMPARE(editor.cell(0, 0), std::string());
     }
 
     // A missing file, or a message count below one, reads as an empty list.

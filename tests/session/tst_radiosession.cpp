@@ -66,10 +66,10 @@ private slots:
         QCOMPARE(texts(fixture.notifier), QStringList());
         auto& session = *fixture.session;
         QVERIFY(session.view().databaseRead);
-        QCOMPARE(session.flags().ccirMode.load(), ccir);
-        QCOMPARE(session.flags().aleGlobalSupported.load(), extended);
-        QCOMPARE(session.flags().extraOptionsSupported.load(), extended);
-        QCOMPARE(int(session.flags().softwareClass), softwareClass);
+        const CapabilityFlags& flags = session.flags();
+        QCOMPARE((QList<int>{flags.ccirMode, flags.aleGlobalSupported, flags.extraOptionsSupported,
+                             flags.softwareClass}),
+                 (QList<int>{ccir, extended, extended, softwareClass}));
 
         // What the program holds is what the radio keeps, numbers in host order.
         const RadioDatabases& radio = fixture.radio().databases();
