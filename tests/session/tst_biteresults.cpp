@@ -1,3 +1,5 @@
+#include "Table.h"
+
 #include "session/BiteResults.h"
 
 #include <QtTest>
@@ -5,6 +7,7 @@
 #include <array>
 
 using namespace koral;
+using namespace koral::test;
 
 namespace {
 
@@ -24,9 +27,7 @@ class BiteResultsTest : public QObject
 private slots:
     void summaries_data()
     {
-        QTest::addColumn<int>("code");
-        QTest::addColumn<int>("rows");
-        QTest::addColumn<QString>("summary");
+        columns<int, int, QString>("code", "rows", "summary");
         QTest::newRow("all passed")
             << 0xAA << 39 << "Summary: 39 Passed, 0 Failed, 0 Not Performed";
         QTest::newRow("all failed")
@@ -38,9 +39,7 @@ private slots:
     }
     void summaries()
     {
-        QFETCH(int, code);
-        QFETCH(int, rows);
-        QFETCH(QString, summary);
+        auto [code, rows, summary] = fetch<int, int, QString>("code", "rows", "summary");
         const BiteSummary result = summarizeBite(reportOf(std::uint8_t(code)));
         QCOMPARE(int(result.rows.size()), rows);
         QCOMPARE(QString::fromStdString(biteSummaryText(result)), summary);
@@ -66,8 +65,7 @@ private slots:
 
     void progressFromDots_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("position");
+        columns<QString, int>("text", "position");
         QTest::newRow("no dots") << "BITE" << -1;
         QTest::newRow("one dot") << "BIT." << -1;
         QTest::newRow("two dots") << "BIT.." << 3;
@@ -77,8 +75,7 @@ private slots:
     }
     void progressFromDots()
     {
-        QFETCH(QString, text);
-        QFETCH(int, position);
+        auto [text, position] = fetch<QString, int>("text", "position");
         QCOMPARE(biteProgressFromText(text.toStdString()), position);
     }
 };

@@ -1,3 +1,5 @@
+#include "Table.h"
+
 #include "common/RecordingNotifier.h"
 #include "profile/ProfileFile.h"
 #include "session/CallFiles.h"
@@ -9,6 +11,7 @@
 #include <fstream>
 
 using namespace koral;
+using namespace koral::test;
 
 namespace {
 
@@ -43,9 +46,7 @@ private slots:
 
     void listsAreCutAtTheirCapacity_data()
     {
-        QTest::addColumn<bool>("stack");
-        QTest::addColumn<int>("count");
-        QTest::addColumn<int>("written");
+        columns<bool, int, int>("stack", "count", "written");
         QTest::newRow("stack of 3") << true << 3 << 3;
         QTest::newRow("stack of 101") << true << 101 << 100;
         QTest::newRow("log of 200") << false << 200 << 200;
@@ -54,9 +55,7 @@ private slots:
     }
     void listsAreCutAtTheirCapacity()
     {
-        QFETCH(bool, stack);
-        QFETCH(int, count);
-        QFETCH(int, written);
+        auto [stack, count, written] = fetch<bool, int, int>("stack", "count", "written");
         const CallListLayout& layout = stack ? kStackLayout : kLogLayout;
         const auto file = path(layout.fileName);
         const auto list = records(count);
@@ -88,8 +87,7 @@ private slots:
 
     void readingCutsCountsAndValues_data()
     {
-        QTest::addColumn<QString>("countText");
-        QTest::addColumn<int>("count");
+        columns<QString, int>("countText", "count");
         QTest::newRow("four digits kept") << "0002" << 2;
         QTest::newRow("five digits cut to four") << "00003" << 0;
         QTest::newRow("over capacity capped") << "150" << 100;
@@ -98,8 +96,7 @@ private slots:
     }
     void readingCutsCountsAndValues()
     {
-        QFETCH(QString, countText);
-        QFETCH(int, count);
+        auto [countText, count] = fetch<QString, int>("countText", "count");
         const auto file = path("stack.txt");
         const std::string longValue(150, 'L');
         writeFile(file, "[Stack List]\nNumber of Stack Records=" + countText.toStdString() +
@@ -115,36 +112,25 @@ private slots:
     // The Stack List's and the log's buttons on a list of three records; row 0 is the header.
     void listButtons_data()
     {
-        QTest::addColumn<QString>("button");
-        QTest::addColumn<int>("row");
-        QTest::addColumn<QStringList>("left");
-        QTest::addColumn<QString>("replyTo");
-        QTest::addColumn<QString>("message");
+        columns<QString, int, QString, QStringList, QString>("button", "row", "replyTo", "left",
+                                                             "message");
         const QStringList all{"FROM1", "FROM2", "FROM3"};
-        QTest::newRow("delete a record") << "delete" << 2 << QStringList{"FROM1", "FROM3"} << ""
-                                         << "";
-        QTest::newRow("delete the header") << "delete" << 0 << all << ""
-                                           << "";
-        QTest::newRow("delete without a row") << "delete" << -1 << all << ""
-                                              << "";
-        QTest::newRow("delete past the end") << "delete" << 4 << all << ""
-                                             << "";
-        QTest::newRow("delete all") << "deleteAll" << 1 << QStringList{} << ""
-                                    << "";
-        QTest::newRow("reply to a record") << "reply" << 3 << all << "FROM3"
-                                           << "";
-        QTest::newRow("reply on the header") << "reply" << 0 << all << ""
-                                             << "Grid line is not valid, line = 0";
-        QTest::newRow("reply without a row") << "reply" << -1 << all << ""
-                                             << "Grid line is not valid, line = 0";
+        const QString invalid = "Grid line is not valid, line = 0";
+        QTest::newRow("delete a record")
+            << "delete" << 2 << "" << QStringList{"FROM1", "FROM3"} << "";
+        QTest::newRow("delete the header") << "delete" << 0 << "" << all << "";
+        QTest::newRow("delete without a row") << "delete" << -1 << "" << all << "";
+        QTest::newRow("delete past the end") << "delete" << 4 << "" << all << "";
+        QTest::newRow("delete all") << "deleteAll" << 1 << "" << QStringList{} << "";
+        QTest::newRow("reply to a record") << "reply" << 3 << "FROM3" << all << "";
+        QTest::newRow("reply on the header") << "reply" << 0 << "" << all << invalid;
+        QTest::newRow("reply without a row") << "reply" << -1 << "" << all << invalid;
     }
     void listButtons()
     {
-        QFETCH(QString, button);
-        QFETCH(int, row);
-        QFETCH(QStringList, left);
-        QFETCH(QString, replyTo);
-        QFETCH(QString, message);
+        auto [button, row, replyTo, left, message] =
+            fetch<QString, int, QString, QStringList, QString>("button", "row", "replyTo", "left",
+                                                               "message");
         std::vector<CallRecord> list = records(3);
         RecordingNotifier notifier;
         CallListEditor editor(list, notifier);
@@ -160,26 +146,24 @@ private slots:
             froms << QString::fromStdString(editor.cell(r, 0));
         QCOMPARE(froms, left);
         QCOMPARE(replied, replyTo);
+        // The grid's columns follow the record; the header row holds no record.
+        QCOMPARE(editor.cell(0, 0), std::string());
+        QStringList cells;
+        for (int c = 0; c < int(CallListEditor::kColumns.size()) && !left.isEmpty(); ++c)
+            cells << QString::fromStdString(editor.cell(1, c));
+        if (!left.isEmpty())
+            QCOMPARE(cells, (QStringList{"FROM1", "TO1", "11/23/26", "10:00:01", "10:01:00",
+                                         "Station", "1", "12"}));
         const auto texts = notifier.texts();
         QCOMPARE(texts.empty() ? QString() : QString::fromStdString(texts.front()), message);
     }
 
-    void gridColumnsFollowTheRecord()
-    {
-        std::vector<CallRecord> list = records(1);
-        RecordingNotifier notifier;
-        CallListEditor editor(list, notifier);
-        QStringList cells;
-        for (int c = 0; c < int(CallListEditor::kColumns.size()); ++c)
-            cells << QString::fromStdString(editor.cell(1, c));
-        QCOMPARE(cells, (QStringList{"FROM1", "TO1", "11/23/26", "10:00:01", "10:01:00", "Station",
-                                     "1", "12"}));
-        QCOMPARE(editor.cell(0, 0), std::string());
-    }
-
-    void missingFileIsEmpty()
+    // A missing file, or a message count below one, reads as an empty list.
+    void missingOrEmptyFilesReadAsNothing()
     {
         QVERIFY(loadCallList(path("log.txt"), kLogLayout).empty());
+        QVERIFY(loadMessageList(path("msg.txt")).empty());
+        writeFile(path("msg.txt"), "[Messages]\nNumber of messages=0\nMessage No. 1=X\n");
         QVERIFY(loadMessageList(path("msg.txt")).empty());
     }
 
@@ -203,13 +187,6 @@ private slots:
         const auto loaded = loadMessageList(file);
         QCOMPARE(int(loaded.size()), 200);
         QCOMPARE(loaded.back(), std::string("M200"));
-    }
-
-    void messageCountBelowOneMeansNone()
-    {
-        const auto file = path("msg.txt");
-        writeFile(file, "[Messages]\nNumber of messages=0\nMessage No. 1=X\n");
-        QVERIFY(loadMessageList(file).empty());
     }
 
     void unwritableFileReportsAnError()

@@ -2,6 +2,8 @@
 // and what they say, Simplex, how the scan state follows the radio's channel reports, and
 // whom an ALE call goes to on which channel.
 
+#include "Table.h"
+
 #include "common/RecordingNotifier.h"
 #include "common/Texts.h"
 #include "session/ControlCenterSession.h"
@@ -11,6 +13,7 @@
 #include <cstring>
 
 using namespace koral;
+using namespace koral::test;
 
 namespace {
 
@@ -54,72 +57,34 @@ private slots:
 
     void frequencyEdits_data()
     {
-        QTest::addColumn<bool>("duplex");
-        QTest::addColumn<bool>("editTx");
-        QTest::addColumn<QString>("tx");
-        QTest::addColumn<QString>("rx");
-        QTest::addColumn<bool>("accepted");
-        QTest::addColumn<int>("message");
-        QTest::addColumn<QString>("txAfter");
-        QTest::addColumn<QString>("rxAfter");
-        QTest::addColumn<bool>("duplexAfter");
+        // The texts as "tx/rx" before the commit and after it.
+        columns<bool, bool, QString, bool, int, QString, bool>(
+            "duplex", "editTx", "texts", "accepted", "message", "after", "duplexAfter");
         const int tx = text::id::TxOutOfRange;
         const int rx = text::id::RxOutOfRange;
         const int zero = text::id::BothFrequenciesZero;
-        QTest::newRow("tx 1.0 is the marker") << true << true << "1"
-                                              << "5" << true << 0 << "1"
-                                              << "5" << true;
-        QTest::newRow("tx 1.5") << true << true << "1.5"
-                                << "5" << false << tx << "1.5"
-                                << "5" << true;
-        QTest::newRow("tx 30") << true << true << "30"
-                               << "5" << true << 0 << "30"
-                               << "5" << true;
-        QTest::newRow("tx 30.1") << true << true << "30.1"
-                                 << "5" << false << tx << "30.1"
-                                 << "5" << true;
-        QTest::newRow("tx not a number") << true << true << "1x"
-                                         << "5" << false << tx << "1x"
-                                         << "5" << true;
-        QTest::newRow("tx 0 simplex") << false << true << ""
-                                      << "5" << false << zero << ""
-                                      << "5" << true;
-        QTest::newRow("tx 0 duplex") << true << true << "0"
-                                     << "5" << true << 0 << "0"
-                                     << "5" << true;
-        QTest::newRow("tx 0 rx 0 undone") << true << true << ""
-                                          << "" << false << zero << "7"
-                                          << "" << true;
-        QTest::newRow("rx 0.05") << true << false << "7"
-                                 << "0.05" << false << rx << "7"
-                                 << "0.05" << true;
-        QTest::newRow("rx 0.1 duplex") << true << false << "7"
-                                       << "0.1" << true << 0 << "7"
-                                       << "0.1" << true;
-        QTest::newRow("rx 0 tx 0 undone") << true << false << ""
-                                          << "" << false << zero << ""
-                                          << "7" << true;
-        QTest::newRow("rx 0 simplex") << false << false << "7"
-                                      << "" << false << zero << "7"
-                                      << "" << true;
-        QTest::newRow("rx 1.2 simplex raises tx") << false << false << "1.2"
-                                                  << "1.2" << false << tx << "1.6"
-                                                  << "1.2" << true;
-        QTest::newRow("rx 1.0 simplex") << false << false << "1"
-                                        << "1" << true << 0 << "1"
-                                        << "1" << false;
+        QTest::newRow("tx 1.0 is the marker")
+            << true << true << "1/5" << true << 0 << "1/5" << true;
+        QTest::newRow("tx 1.5") << true << true << "1.5/5" << false << tx << "1.5/5" << true;
+        QTest::newRow("tx 30") << true << true << "30/5" << true << 0 << "30/5" << true;
+        QTest::newRow("tx 30.1") << true << true << "30.1/5" << false << tx << "30.1/5" << true;
+        QTest::newRow("tx not a number") << true << true << "1x/5" << false << tx << "1x/5" << true;
+        QTest::newRow("tx 0 simplex") << false << true << "/5" << false << zero << "/5" << true;
+        QTest::newRow("tx 0 duplex") << true << true << "0/5" << true << 0 << "0/5" << true;
+        QTest::newRow("tx 0 rx 0 undone") << true << true << "/" << false << zero << "7/" << true;
+        QTest::newRow("rx 0.05") << true << false << "7/0.05" << false << rx << "7/0.05" << true;
+        QTest::newRow("rx 0.1 duplex") << true << false << "7/0.1" << true << 0 << "7/0.1" << true;
+        QTest::newRow("rx 0 tx 0 undone") << true << false << "/" << false << zero << "/7" << true;
+        QTest::newRow("rx 0 simplex") << false << false << "7/" << false << zero << "7/" << true;
+        QTest::newRow("rx 1.2 simplex raises tx")
+            << false << false << "1.2/1.2" << false << tx << "1.6/1.2" << true;
+        QTest::newRow("rx 1.0 simplex") << false << false << "1/1" << true << 0 << "1/1" << false;
     }
     void frequencyEdits()
     {
-        QFETCH(bool, duplex);
-        QFETCH(bool, editTx);
-        QFETCH(QString, tx);
-        QFETCH(QString, rx);
-        QFETCH(bool, accepted);
-        QFETCH(int, message);
-        QFETCH(QString, txAfter);
-        QFETCH(QString, rxAfter);
-        QFETCH(bool, duplexAfter);
+        auto [duplex, editTx, edits, accepted, message, after, duplexAfter] =
+            fetch<bool, bool, QString, bool, int, QString, bool>(
+                "duplex", "editTx", "texts", "accepted", "message", "after", "duplexAfter");
         ChannelController& c = controller();
         // The accepted state the edit starts from: 7 MHz both ways.
         c.setTxText("7");
@@ -131,31 +96,25 @@ private slots:
             c.simplex();
         }
         m_notifier.clear();
-        c.setTxText(tx.toStdString());
-        c.setRxText(rx.toStdString());
+        c.setTxText(edits.section('/', 0, 0).toStdString());
+        c.setRxText(edits.section('/', 1).toStdString());
         QCOMPARE(editTx ? c.commitTx() : c.commitRx(), accepted);
         QCOMPARE(lastMessage(), idText(message));
-        QCOMPARE(QString::fromStdString(c.txText()), txAfter);
-        QCOMPARE(QString::fromStdString(c.rxText()), rxAfter);
+        QCOMPARE(QString::fromStdString(c.txText() + "/" + c.rxText()), after);
         QCOMPARE(c.isDuplex(), duplexAfter);
     }
 
     void simplexTakesTheFocusedFrequency_data()
     {
-        QTest::addColumn<QString>("focused");
-        QTest::addColumn<int>("message");
-        QTest::addColumn<bool>("duplexAfter");
-        QTest::addColumn<QString>("txAfter");
+        columns<QString, int, bool, QString>("focused", "message", "duplexAfter", "txAfter");
         QTest::newRow("none") << "" << int(text::id::BothFrequenciesZero) << true << "3";
         QTest::newRow("below the band") << "1.2" << int(text::id::TxOutOfRange) << true << "3";
         QTest::newRow("in the band") << "12.345" << 0 << false << "12.345";
     }
     void simplexTakesTheFocusedFrequency()
     {
-        QFETCH(QString, focused);
-        QFETCH(int, message);
-        QFETCH(bool, duplexAfter);
-        QFETCH(QString, txAfter);
+        auto [focused, message, duplexAfter, txAfter] =
+            fetch<QString, int, bool, QString>("focused", "message", "duplexAfter", "txAfter");
         ChannelController& c = controller();
         c.setTxText("3");
         c.setRxText(focused.toStdString());
@@ -168,11 +127,8 @@ private slots:
 
     void scanFollowsTheRadio_data()
     {
-        QTest::addColumn<bool>("enabled");
-        QTest::addColumn<QList<int>>("reportKinds");
-        QTest::addColumn<int>("state");
-        QTest::addColumn<QString>("scanText");
-        QTest::addColumn<bool>("programEnabled");
+        columns<bool, QList<int>, int, QString, bool>("enabled", "reportKinds", "state", "scanText",
+                                                      "programEnabled");
         QTest::newRow("disabled") << false << QList<int>{} << -1 << "Scan: off" << false;
         QTest::newRow("enabled") << true << QList<int>{} << 0 << "Scan: off" << true;
         QTest::newRow("front panel starts a scan")
@@ -183,11 +139,9 @@ private slots:
     }
     void scanFollowsTheRadio()
     {
-        QFETCH(bool, enabled);
-        QFETCH(QList<int>, reportKinds);
-        QFETCH(int, state);
-        QFETCH(QString, scanText);
-        QFETCH(bool, programEnabled);
+        auto [enabled, reportKinds, state, scanText, programEnabled] =
+            fetch<bool, QList<int>, int, QString, bool>("enabled", "reportKinds", "state",
+                                                        "scanText", "programEnabled");
         // Only group B holds channels: it is the group a scan falls back to.
         m_session->records().radio.groups[1].setMember(5, true);
         ChannelController& c = controller();
@@ -207,8 +161,7 @@ private slots:
     {
         // Events: 100 + the ALE state the radio reports, or a channel report kind (1 a scan
         // visits a channel, 2 the scan stopped).
-        QTest::addColumn<QList<int>>("events");
-        QTest::addColumn<bool>("ale");
+        columns<QList<int>, bool>("events", "ale");
         QTest::newRow("ALE switched on at the radio") << QList<int>{101} << true;
         QTest::newRow("and off again") << QList<int>{101, 100} << false;
         QTest::newRow("a group scan keeps its mode") << QList<int>{1, 101} << false;
@@ -216,8 +169,7 @@ private slots:
     }
     void scanModeFollowsTheRadiosAleState()
     {
-        QFETCH(QList<int>, events);
-        QFETCH(bool, ale);
+        auto [events, ale] = fetch<QList<int>, bool>("events", "ale");
         m_session->records().radio.groups[1].setMember(5, true);
         ChannelController& c = controller();
         c.setEnabled(true);
@@ -259,20 +211,15 @@ private slots:
 
     void aleCallAddressDecidesTheCall_data()
     {
-        QTest::addColumn<int>("row");
-        QTest::addColumn<int>("callType");
-        QTest::addColumn<bool>("channelEnabled");
-        QTest::addColumn<QString>("channel");
+        columns<int, int, bool, QString>("row", "callType", "channelEnabled", "channel");
         QTest::newRow("a station") << 1 << 0 << true << "5";
         QTest::newRow("all call forces Auto") << 2 << 2 << false << "Auto";
         QTest::newRow("the net") << 3 << 1 << true << "5";
     }
     void aleCallAddressDecidesTheCall()
     {
-        QFETCH(int, row);
-        QFETCH(int, callType);
-        QFETCH(bool, channelEnabled);
-        QFETCH(QString, channel);
+        auto [row, callType, channelEnabled, channel] =
+            fetch<int, int, bool, QString>("row", "callType", "channelEnabled", "channel");
         SessionRecords& records = m_session->records();
         const auto name = [](AleAddress& field, const char* text) {
             std::strncpy(field.data(), text, field.size() - 1);

@@ -49,12 +49,8 @@ class DispatcherTest : public QObject
 private slots:
     void linkResults_data()
     {
-        QTest::addColumn<int>("stateBefore");
-        QTest::addColumn<int>("code");
-        QTest::addColumn<int>("stateAfter");
-        QTest::addColumn<int>("logged");
-        QTest::addColumn<QString>("status");
-        QTest::addColumn<bool>("linkedAfter");
+        columns<int, int, int, int, QString, bool>("stateBefore", "code", "stateAfter", "logged",
+                                                   "status", "linkedAfter");
         QTest::newRow("no link") << 36 << 0 << 1 << 0 << "No link was established." << false;
         QTest::newRow("link outside a call")
             << 36 << 1 << 1 << 0 << "Link was established." << false;
@@ -70,12 +66,9 @@ private slots:
     }
     void linkResults()
     {
-        QFETCH(int, stateBefore);
-        QFETCH(int, code);
-        QFETCH(int, stateAfter);
-        QFETCH(int, logged);
-        QFETCH(QString, status);
-        QFETCH(bool, linkedAfter);
+        auto [stateBefore, code, stateAfter, logged, status, linkedAfter] =
+            fetch<int, int, int, int, QString, bool>("stateBefore", "code", "stateAfter", "logged",
+                                                     "status", "linkedAfter");
         SessionFixture fixture;
         auto& session = *fixture.session;
         // No radio takes the AcceptLink of an established link here; that is not under test.
@@ -101,8 +94,7 @@ private slots:
     // r = the radio ends the call (channel busy).
     void incomingCallsAreRecordedOnce_data()
     {
-        QTest::addColumn<QString>("steps");
-        QTest::addColumn<QStringList>("stacked");
+        columns<QString, QStringList>("steps", "stacked");
         // A call the operator took leaves the radio linked with the caller.
         QTest::addColumn<bool>("linked");
         QTest::newRow("announced and closed") << "ac" << QStringList{"STN1"} << true;
@@ -115,9 +107,8 @@ private slots:
     }
     void incomingCallsAreRecordedOnce()
     {
-        QFETCH(QString, steps);
-        QFETCH(QStringList, stacked);
-        QFETCH(bool, linked);
+        auto [steps, stacked, linked] =
+            fetch<QString, QStringList, bool>("steps", "stacked", "linked");
         SessionFixture fixture;
         auto& session = *fixture.session;
         QSignalSpy announced(&session.dispatcher(), &MessageDispatcher::incomingCall);
@@ -131,77 +122,52 @@ private slots:
             else
                 session.dispatcher().closeIncomingCall();
         }
-        QStringList froms;
-        for (const CallRecord& record : session.calls().stack())
-            froms << QString::fromStdString(record.from);
-        QCOMPARE(froms, stacked);
+        const auto stackedFroms = [&fixture] {
+            QStringList froms;
+            for (const CallRecord& record : fixture.session->calls().stack())
+                froms << QString::fromStdString(record.from);
+            return froms;
+        };
+        QCOMPARE(stackedFroms(), stacked);
         QCOMPARE(int(session.calls().log().size()), int(stacked.size()));
         QCOMPARE(announced.size(), int(steps.count('a') + steps.count('b')));
         QCOMPARE(session.view().linked, linked);
         QCOMPARE(session.aleCalls().abortEnabled(), linked);
-        if (!stacked.isEmpty()) {
-            const CallRecord& first = session.calls().log().front();
-            QCOMPARE(first.channel, std::string("7"));
-            QCOMPARE(first.message, std::string("HELLO"));
-            QCOMPARE(first.callType, std::string("Station"));
-            QVERIFY(!first.end.empty());
-        }
         QCOMPARE(session.calls().channelValue(7), 22);
-    }
-
-    void recordedCallsSurviveARestart()
-    {
-        SessionFixture fixture;
-        fixture.session->dispatcher().dispatchMessage(callReport("STN1", "HELLO"));
-        fixture.session->dispatcher().closeIncomingCall();
+        if (stacked.isEmpty())
+            return;
+        const CallRecord& first = session.calls().log().front();
+        QCOMPARE(first.channel, std::string("7"));
+        QCOMPARE(first.message, std::string("HELLO"));
+        QCOMPARE(first.callType, std::string("Station"));
+        QVERIFY(!first.end.empty());
+        // What was recorded survives a restart.
         fixture.session =
             std::make_unique<ControlCenterSession>(fixture.notifier, fixture.dataDir());
         fixture.session->calls().load();
-        QCOMPARE(int(fixture.session->calls().stack().size()), 1);
+        QCOMPARE(stackedFroms(), stacked);
         QCOMPARE(fixture.session->calls().log().front().message, std::string("HELLO"));
     }
 
     // Reply from the stack: whom it calls and on which channel.
     void replyCallsTheOtherParty_data()
     {
-        QTest::addColumn<QString>("from");
-        QTest::addColumn<QString>("to");
-        QTest::addColumn<QString>("channel");
-        QTest::addColumn<QString>("called");
-        QTest::addColumn<QString>("calledOn");
-        QTest::newRow("an incoming call calls its caller back") << "STN1"
-                                                                << ""
-                                                                << "12"
-                                                                << "STN1"
-                                                                << "12";
-        QTest::newRow("an outgoing call calls its station again") << "BASE01"
-                                                                  << "STN2"
-                                                                  << "12"
-                                                                  << "STN2"
-                                                                  << "12";
-        QTest::newRow("a caller not in the directory") << "FAR9"
-                                                       << ""
-                                                       << "12"
-                                                       << "FAR9"
-                                                       << "12";
-        QTest::newRow("an automatic channel stays automatic") << "STN1"
-                                                              << ""
-                                                              << "255"
-                                                              << "STN1"
-                                                              << "Auto";
-        QTest::newRow("a channel the radio cannot use goes automatic") << "STN1"
-                                                                       << ""
-                                                                       << "13"
-                                                                       << "STN1"
-                                                                       << "Auto";
+        // The record's from, to and channel; the address and channel called.
+        columns<QStringList, QStringList>("record", "called");
+        QTest::newRow("an incoming call calls its caller back")
+            << QStringList{"STN1", "", "12"} << QStringList{"STN1", "12"};
+        QTest::newRow("an outgoing call calls its station again")
+            << QStringList{"BASE01", "STN2", "12"} << QStringList{"STN2", "12"};
+        QTest::newRow("a caller not in the directory")
+            << QStringList{"FAR9", "", "12"} << QStringList{"FAR9", "12"};
+        QTest::newRow("an automatic channel stays automatic")
+            << QStringList{"STN1", "", "255"} << QStringList{"STN1", "Auto"};
+        QTest::newRow("a channel the radio cannot use goes automatic")
+            << QStringList{"STN1", "", "13"} << QStringList{"STN1", "Auto"};
     }
     void replyCallsTheOtherParty()
     {
-        QFETCH(QString, from);
-        QFETCH(QString, to);
-        QFETCH(QString, channel);
-        QFETCH(QString, called);
-        QFETCH(QString, calledOn);
+        auto [fields, called] = fetch<QStringList, QStringList>("record", "called");
         SessionFixture fixture;
         auto& session = *fixture.session;
         session.link().setReportNoResponse(false);
@@ -213,30 +179,27 @@ private slots:
         records.radio.channelNo(12).rxFrequency.set(7'000'000);
         session.aleCalls().refresh();
         CallRecord record;
-        record.from = from.toStdString();
-        record.to = to.toStdString();
-        record.channel = channel.toStdString();
+        record.from = fields[0].toStdString();
+        record.to = fields[1].toStdString();
+        record.channel = fields[2].toStdString();
         session.aleCalls().reply(record);
         const AleCallController& ale = session.aleCalls();
-        QCOMPARE(QString::fromStdString(ale.addresses()[std::size_t(ale.addressRow())]), called);
-        QCOMPARE(QString::fromStdString(ale.channelChoices()[std::size_t(ale.channelRow())]),
-                 calledOn);
+        QCOMPARE((QStringList{
+                     QString::fromStdString(ale.addresses()[std::size_t(ale.addressRow())]),
+                     QString::fromStdString(ale.channelChoices()[std::size_t(ale.channelRow())])}),
+                 called);
         QCOMPARE(ale.callType(), AleCallController::CallType::Station);
-        QCOMPARE(QString::fromStdString(session.calls().currentCall().to), called);
+        QCOMPARE(QString::fromStdString(session.calls().currentCall().to), called[0]);
         QCOMPARE(session.view().lastOpcode, 69);
         QCOMPARE(texts(fixture.notifier), QStringList());
     }
 
     void linkQualityRequests_data()
     {
-        QTest::addColumn<int>("scan"); // -1 no scan control, 0 not scanning, 1 scanning
-        QTest::addColumn<bool>("databaseRead");
-        QTest::addColumn<int>("type"); // 0 bidirectional, 1 sounding
-        QTest::addColumn<bool>("toNet");
-        QTest::addColumn<int>("callState");
-        QTest::addColumn<bool>("bidirectional");
-        QTest::addColumn<bool>("sounding");
-        QTest::addColumn<QString>("message");
+        // scan: -1 no scan control, 0 not scanning, 1 scanning; type: 0 bidirectional, 1 sounding
+        columns<int, bool, int, bool, int, bool, bool, QString>(
+            "scan", "databaseRead", "type", "toNet", "callState", "bidirectional", "sounding",
+            "message");
         QTest::newRow("a station") << 0 << true << 0 << false << 37 << true << false << "";
         QTest::newRow("the net's name") << 1 << true << 0 << true << 38 << true << false << "";
         QTest::newRow("sounding while scanning")
@@ -251,14 +214,10 @@ private slots:
     }
     void linkQualityRequests()
     {
-        QFETCH(int, scan);
-        QFETCH(bool, databaseRead);
-        QFETCH(int, type);
-        QFETCH(bool, toNet);
-        QFETCH(int, callState);
-        QFETCH(bool, bidirectional);
-        QFETCH(bool, sounding);
-        QFETCH(QString, message);
+        auto [scan, databaseRead, type, toNet, callState, bidirectional, sounding, message] =
+            fetch<int, bool, int, bool, int, bool, bool, QString>(
+                "scan", "databaseRead", "type", "toNet", "callState", "bidirectional", "sounding",
+                "message");
         SessionFixture fixture;
         auto& session = *fixture.session;
         session.link().setReportNoResponse(false);
@@ -294,10 +253,7 @@ private slots:
 
     void commonTail_data()
     {
-        QTest::addColumn<int>("stateBefore");
-        QTest::addColumn<int>("opcode");
-        QTest::addColumn<int>("stateAfter");
-        QTest::addColumn<bool>("linked");
+        columns<int, int, int, bool>("stateBefore", "opcode", "stateAfter", "linked");
         QTest::newRow("36 ends on another report") << 36 << 84 << 1 << false;
         QTest::newRow("36 waits on a status value") << 36 << 65 << 36 << true;
         QTest::newRow("40 becomes 36") << 40 << 84 << 36 << true;
@@ -309,10 +265,8 @@ private slots:
     }
     void commonTail()
     {
-        QFETCH(int, stateBefore);
-        QFETCH(int, opcode);
-        QFETCH(int, stateAfter);
-        QFETCH(bool, linked);
+        auto [stateBefore, opcode, stateAfter, linked] =
+            fetch<int, int, int, bool>("stateBefore", "opcode", "stateAfter", "linked");
         SessionFixture fixture;
         auto& session = *fixture.session;
         session.view().linked = true;
@@ -324,16 +278,14 @@ private slots:
 
     void monitorReportShowsOnTheToolbar_data()
     {
-        QTest::addColumn<int>("byte6");
-        QTest::addColumn<bool>("on");
+        columns<int, bool>("byte6", "on");
         QTest::newRow("on") << 1 << true;
         QTest::newRow("off") << 0 << false;
         QTest::newRow("out of range is off") << 7 << false;
     }
     void monitorReportShowsOnTheToolbar()
     {
-        QFETCH(int, byte6);
-        QFETCH(bool, on);
+        auto [byte6, on] = fetch<int, bool>("byte6", "on");
         SessionFixture fixture;
         auto& commands = fixture.session->commands();
         commands.showToggleState(ViewCommands::Toggle::Monitor, !on);
@@ -360,27 +312,15 @@ private slots:
         QCOMPARE(isb.count(), 2);
         QCOMPARE(dispatcher.isbMode(), 1);
         QCOMPARE(isb.back().at(1).toBool(), false);
-    }
-
-    void channelReportLayoutFollowsTheSoftwareClass_data()
-    {
-        QTest::addColumn<int>("softwareClass");
-        QTest::addColumn<int>("layout");
-        QTest::newRow("class 1") << 1 << 2;
-        QTest::newRow("class 2") << 2 << 1;
-        QTest::newRow("unknown") << 0 << 1;
-    }
-    void channelReportLayoutFollowsTheSoftwareClass()
-    {
-        QFETCH(int, softwareClass);
-        QFETCH(int, layout);
-        SessionFixture fixture;
-        fixture.session->flags().softwareClass = std::uint8_t(softwareClass);
-        int shown = 0;
-        connect(&fixture.session->dispatcher(), &MessageDispatcher::channelReport, this,
-                [&](const CRadioMessage&, int used) { shown = used; });
-        fixture.session->dispatcher().dispatchMessage(report(46, {0, 5}));
-        QCOMPARE(shown, layout);
+        // The channel report's layout follows the software class: 1, 2, unknown.
+        QList<int> layouts;
+        connect(&dispatcher, &MessageDispatcher::channelReport, this,
+                [&](const CRadioMessage&, int used) { layouts << used; });
+        for (int softwareClass : {1, 2, 0}) {
+            fixture.session->flags().softwareClass = std::uint8_t(softwareClass);
+            dispatcher.dispatchMessage(report(46, {0, std::uint8_t(5 + softwareClass)}));
+        }
+        QCOMPARE(layouts, (QList<int>{2, 1, 1}));
     }
 
     void remoteRequestRunsTheExchangeOnlyWhenReady()

@@ -2,6 +2,8 @@
 // exchange with its failure path, the request that keeps the radio reporting its display, the
 // companion's switches, and the display lines taken from the radio's reports.
 
+#include "Table.h"
+
 #include "common/RecordingNotifier.h"
 #include "common/Texts.h"
 #include "koralapi/Opcodes.h"
@@ -16,6 +18,7 @@
 #include <cstring>
 
 using namespace koral;
+using namespace koral::test;
 using Layout = FrontPanelKeypad::Layout;
 
 Q_DECLARE_METATYPE(koral::FrontPanelKeypad::Layout)
@@ -26,12 +29,8 @@ class FrontPanelRulesTest : public QObject
 private slots:
     void keyCodes_data()
     {
-        QTest::addColumn<Layout>("layout");
-        QTest::addColumn<QString>("label");
-        QTest::addColumn<int>("code");
+        columns<Layout, QString, int>("layout", "label", "code");
         QTest::newRow("0 comes before 1, not after 9") << Layout::Full << "0" << 13;
-        QTest::newRow("F1") << Layout::Full << "F1" << 4;
-        QTest::newRow("GPS") << Layout::Full << "GPS" << 12;
         QTest::newRow("MENU") << Layout::Short << "MENU" << 23;
         QTest::newRow("* in the short layout") << Layout::Short << "*" << 9;
         QTest::newRow("short layout has no GPS") << Layout::Short << "GPS" << 0;
@@ -39,16 +38,13 @@ private slots:
     }
     void keyCodes()
     {
-        QFETCH(Layout, layout);
-        QFETCH(QString, label);
-        QFETCH(int, code);
+        auto [layout, label, code] = fetch<Layout, QString, int>("layout", "label", "code");
         QCOMPARE(FrontPanelKeypad::code(layout, label.toStdString()), code);
     }
 
     void layouts_data()
     {
-        QTest::addColumn<Layout>("layout");
-        QTest::addColumn<int>("count");
+        columns<Layout, int>("layout", "count");
         QTest::newRow("full") << Layout::Full << 20;
         QTest::newRow("short") << Layout::Short << 15;
     }
@@ -56,8 +52,7 @@ private slots:
     // send 4 to 7 or 12.
     void layouts()
     {
-        QFETCH(Layout, layout);
-        QFETCH(int, count);
+        auto [layout, count] = fetch<Layout, int>("layout", "count");
         const auto keys = FrontPanelKeypad::keys(layout);
         QCOMPARE(int(keys.size()), count);
         QSet<int> codes;
@@ -77,11 +72,8 @@ private slots:
 
     void exchange_data()
     {
-        QTest::addColumn<bool>("open");
-        QTest::addColumn<int>("accepted"); // sends the radio takes before it stops answering
-        QTest::addColumn<QList<int>>("sent");
-        QTest::addColumn<int>("result");
-        QTest::addColumn<int>("messages");
+        // accepted: the sends the radio takes before it stops answering
+        columns<bool, int, QList<int>, int, int>("open", "accepted", "sent", "result", "messages");
         QTest::newRow("key and release") << true << 2 << QList<int>{13, 24} << 1 << 0;
         QTest::newRow("link closed: message once, nothing sent")
             << false << 2 << QList<int>{} << 0 << 1;
@@ -90,11 +82,8 @@ private slots:
     }
     void exchange()
     {
-        QFETCH(bool, open);
-        QFETCH(int, accepted);
-        QFETCH(QList<int>, sent);
-        QFETCH(int, result);
-        QFETCH(int, messages);
+        auto [open, accepted, sent, result, messages] = fetch<bool, int, QList<int>, int, int>(
+            "open", "accepted", "sent", "result", "messages");
         RecordingNotifier notifier;
         QList<int> codes;
         FrontPanelKeypad keypad(
@@ -120,10 +109,9 @@ private slots:
 
     void displayReports_data()
     {
-        QTest::addColumn<QString>("steps"); // s: page shown, h: hidden, r: link ready, c: closed
-        QTest::addColumn<bool>("canSend");
-        QTest::addColumn<bool>("radioTakes");
-        QTest::addColumn<QList<int>>("sent"); // the enable byte of each request
+        // steps: s page shown, h hidden, r link ready, c closed; sent: the enable byte of each
+        // request
+        columns<QString, bool, bool, QList<int>>("steps", "canSend", "radioTakes", "sent");
         QTest::newRow("a page opens and closes") << "sh" << true << true << QList<int>{1, 0};
         QTest::newRow("every opening asks afresh") << "ss" << true << true << QList<int>{1, 1};
         QTest::newRow("asked again after a long command")
@@ -137,10 +125,8 @@ private slots:
     }
     void displayReports()
     {
-        QFETCH(QString, steps);
-        QFETCH(bool, canSend);
-        QFETCH(bool, radioTakes);
-        QFETCH(QList<int>, sent);
+        auto [steps, canSend, radioTakes, sent] =
+            fetch<QString, bool, bool, QList<int>>("steps", "canSend", "radioTakes", "sent");
         QList<int> enables;
         FrontPanelReports reports([canSend] { return canSend; },
                                   [&](const CRadioMessage& message) {
@@ -165,9 +151,7 @@ private slots:
     // The full head carries every switch; the short one three at a time, MORE for the rest.
     void companionSwitches_data()
     {
-        QTest::addColumn<Layout>("layout");
-        QTest::addColumn<int>("more");
-        QTest::addColumn<QString>("shown");
+        columns<Layout, int, QString>("layout", "more", "shown");
         QTest::newRow("full head") << Layout::Full << 1 << "SQL MON NB ATT CLP";
         QTest::newRow("short head") << Layout::Short << 0 << "SQL MON NB";
         QTest::newRow("short head, MORE") << Layout::Short << 1 << "ATT CLP";
@@ -175,9 +159,7 @@ private slots:
     }
     void companionSwitches()
     {
-        QFETCH(Layout, layout);
-        QFETCH(int, more);
-        QFETCH(QString, shown);
+        auto [layout, more, shown] = fetch<Layout, int, QString>("layout", "more", "shown");
         FrontPanelCompanion companion(layout);
         QCOMPARE(companion.hasMore(), layout == Layout::Short);
         for (int i = 0; i < more; ++i)
@@ -190,11 +172,7 @@ private slots:
 
     void displayLines_data()
     {
-        QTest::addColumn<int>("opcode");
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<QByteArray>("text");
-        QTest::addColumn<bool>("taken");
-        QTest::addColumn<QString>("shown");
+        columns<int, int, QByteArray, bool, QString>("opcode", "kind", "text", "taken", "shown");
         QTest::newRow("heading") << 27 << 0 << QByteArray("CHAN     CH 012") << true
                                  << "CHAN     CH 012";
         QTest::newRow("last line") << 27 << 2 << QByteArray("SQL ON") << true << "SQL ON";
@@ -210,11 +188,8 @@ private slots:
     }
     void displayLines()
     {
-        QFETCH(int, opcode);
-        QFETCH(int, kind);
-        QFETCH(QByteArray, text);
-        QFETCH(bool, taken);
-        QFETCH(QString, shown);
+        auto [opcode, kind, text, taken, shown] =
+            fetch<int, int, QByteArray, bool, QString>("opcode", "kind", "text", "taken", "shown");
         CRadioMessage message;
         message.prepareReport();
         message.setOpcodeAndLength(opcode, 2 + std::size_t(text.size()));

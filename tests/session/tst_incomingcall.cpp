@@ -1,3 +1,5 @@
+#include "Table.h"
+
 #include "session/IncomingCall.h"
 
 #include <QtTest>
@@ -6,6 +8,7 @@
 #include <cstring>
 
 using namespace koral;
+using namespace koral::test;
 
 namespace {
 
@@ -41,36 +44,25 @@ class IncomingCallTest : public QObject
 private slots:
     void titleAndCallType_data()
     {
-        QTest::addColumn<int>("opcode");
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<QString>("callType");
-        QTest::newRow("79") << 79 << "Incoming Station Call."
-                            << "Station";
-        QTest::newRow("90") << 90 << "Incoming Station Call."
-                            << "Station";
-        QTest::newRow("80") << 80 << "Incoming Net Call."
-                            << "Net";
-        QTest::newRow("82") << 82 << "Incoming Priority Call."
-                            << "Priority";
-        QTest::newRow("81 keeps the previous title") << 81 << ""
-                                                     << "";
+        columns<QString, int, QString>("title", "opcode", "callType");
+        QTest::newRow("79") << "Incoming Station Call." << 79 << "Station";
+        QTest::newRow("90") << "Incoming Station Call." << 90 << "Station";
+        QTest::newRow("80") << "Incoming Net Call." << 80 << "Net";
+        QTest::newRow("82") << "Incoming Priority Call." << 82 << "Priority";
+        QTest::newRow("81 keeps the previous title") << "" << 81 << "";
     }
     void titleAndCallType()
     {
-        QFETCH(int, opcode);
-        QFETCH(QString, title);
-        QFETCH(QString, callType);
-        const Message message = callReport(0, 5, 0, "ALPHA");
-        const IncomingCall call = decodeIncomingCall(opcode, message);
+        auto [title, opcode, callType] =
+            fetch<QString, int, QString>("title", "opcode", "callType");
+        const IncomingCall call = decodeIncomingCall(opcode, callReport(0, 5, 0, "ALPHA"));
         QCOMPARE(qs(call.title), title);
         QCOMPARE(qs(call.callType), callType);
     }
 
     void channel_data()
     {
-        QTest::addColumn<int>("high");
-        QTest::addColumn<int>("low");
-        QTest::addColumn<int>("channel");
+        columns<int, int, int>("high", "low", "channel");
         QTest::newRow("text 12") << int('1') << int('2') << 12;
         QTest::newRow("byte 12 after a zero") << 0 << 12 << 12;
         QTest::newRow("single digit text") << int('7') << 0 << 7;
@@ -79,26 +71,19 @@ private slots:
     }
     void channel()
     {
-        QFETCH(int, high);
-        QFETCH(int, low);
-        QFETCH(int, channel);
+        auto [high, low, channel] = fetch<int, int, int>("high", "low", "channel");
         const Message message = callReport(std::uint8_t(high), std::uint8_t(low), 0, "A");
         QCOMPARE(decodeIncomingCall(79, message).channel, channel);
     }
 
     void addressValueAndMessage()
     {
-        const Message message = callReport(0, 3, 42, "STATION7", "HELLO THERE");
+        Message message = callReport(0, 3, 42, "STATION7", "HELLO THERE");
         const IncomingCall call = decodeIncomingCall(80, message);
         QCOMPARE(call.channelValue, 42);
         QCOMPARE(call.address, std::string("STATION7"));
-        QVERIFY(call.message.has_value());
-        QCOMPARE(*call.message, std::string("HELLO THERE"));
-    }
-
-    void noMessageWithoutFlag()
-    {
-        Message message = callReport(0, 3, 0, "STATION7", "HELLO");
+        QCOMPARE(call.message.value_or("none"), std::string("HELLO THERE"));
+        // Without its flag the text is no message.
         message[incoming_call::kMessageFlag] = 0;
         QVERIFY(!decodeIncomingCall(79, message).message.has_value());
     }

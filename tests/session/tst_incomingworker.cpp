@@ -1,11 +1,14 @@
 // What the incoming worker settles itself and what it hands to the view, message by message.
 
+#include "Table.h"
+
 #include "session/IncomingWorker.h"
 #include "session/SessionState.h"
 
 #include <QtTest>
 
 using namespace koral;
+using namespace koral::test;
 
 namespace {
 
@@ -38,8 +41,7 @@ class IncomingWorkerTest : public QObject
 private slots:
     void handOver_data()
     {
-        QTest::addColumn<int>("opcode");
-        QTest::addColumn<bool>("forwarded");
+        columns<int, bool>("opcode", "forwarded");
         QTest::newRow("27 display") << 27 << true;
         QTest::newRow("30 is dropped although the view has a row") << 30 << false;
         QTest::newRow("46 channel report") << 46 << true;
@@ -51,8 +53,7 @@ private slots:
     }
     void handOver()
     {
-        QFETCH(int, opcode);
-        QFETCH(bool, forwarded);
+        auto [opcode, forwarded] = fetch<int, bool>("opcode", "forwarded");
         Harness h;
         IncomingWorker::handle(report(opcode, 7), h.context, &h.stop);
         QCOMPARE(h.notified, forwarded ? 1 : 0);
@@ -71,44 +72,40 @@ private slots:
         QCOMPARE(h.aleReports, 0);
     }
 
-    void ccirReport_data()
+    // The CCIR report (96) and the ALE report (88) the worker settles itself.
+    void ccirAndAleReports_data()
     {
-        QTest::addColumn<int>("byte6");
-        QTest::addColumn<int>("byte7");
-        QTest::addColumn<bool>("ccir");
-        QTest::addColumn<bool>("fileLoaded");
-        QTest::addColumn<bool>("aleOff");
-        QTest::newRow("CCIR, ALE on") << 1 << 1 << true << true << false;
-        QTest::newRow("byte 6 = 2 clears both") << 2 << 1 << false << false << false;
-        QTest::newRow("ALE state 0 is off") << 0 << 0 << false << false << true;
-        QTest::newRow("ALE state 2 is off too") << 1 << 2 << true << true << true;
+        columns<int, int, int, bool, bool, int, bool>("opcode", "byte6", "byte7", "ccir",
+                                                      "fileLoaded", "aleState", "aleOff");
+        QTest::newRow("CCIR, ALE on") << 96 << 1 << 1 << true << true << 1 << false;
+        QTest::newRow("byte 6 = 2 clears both") << 96 << 2 << 1 << false << false << 1 << false;
+        QTest::newRow("ALE state 0 is off") << 96 << 0 << 0 << false << false << 0 << true;
+        QTest::newRow("ALE state 2 is off too") << 96 << 1 << 2 << true << true << 2 << true;
+        QTest::newRow("ALE on") << 88 << 1 << 0 << false << true << 1 << false;
+        QTest::newRow("ALE off") << 88 << 0 << 0 << false << true << 0 << true;
+        QTest::newRow("ALE 2") << 88 << 2 << 0 << false << true << 2 << true;
     }
-    void ccirReport()
+    void ccirAndAleReports()
     {
-        QFETCH(int, byte6);
-        QFETCH(int, byte7);
-        QFETCH(bool, ccir);
-        QFETCH(bool, fileLoaded);
-        QFETCH(bool, aleOff);
+        auto [opcode, byte6, byte7, ccir, fileLoaded, aleState, aleOff] =
+            fetch<int, int, int, bool, bool, int, bool>("opcode", "byte6", "byte7", "ccir",
+                                                        "fileLoaded", "aleState", "aleOff");
         Harness h;
         h.flags.ccirFileLoaded = true;
-        IncomingWorker::handle(report(96, std::uint8_t(byte6), std::uint8_t(byte7)), h.context,
+        IncomingWorker::handle(report(opcode, std::uint8_t(byte6), std::uint8_t(byte7)), h.context,
                                &h.stop);
         QCOMPARE(h.flags.ccirMode.load(), ccir);
         QCOMPARE(h.flags.ccirFileLoaded.load(), fileLoaded);
-        QCOMPARE(int(h.flags.aleState), byte7);
+        QCOMPARE(int(h.flags.aleState), aleState);
         QCOMPARE(h.flags.aleOff.load(), aleOff);
-        QCOMPARE(h.flags.ccirAnswers.load(), 1);
+        QCOMPARE(h.flags.ccirAnswers.load(), opcode == 96 ? 1 : 0);
         QCOMPARE(h.notified, 0);
         QCOMPARE(h.aleReports, 1);
     }
 
     void supportReport_data()
     {
-        QTest::addColumn<bool>("answered");
-        QTest::addColumn<int>("byte6");
-        QTest::addColumn<bool>("before");
-        QTest::addColumn<bool>("after");
+        columns<bool, int, bool, bool>("answered", "byte6", "before", "after");
         QTest::newRow("not asked: ignored") << false << 1 << false << false;
         QTest::newRow("asked, bit 0 set") << true << 1 << false << true;
         QTest::newRow("asked, other bits only") << true << 0xFE << false << false;
@@ -116,10 +113,8 @@ private slots:
     }
     void supportReport()
     {
-        QFETCH(bool, answered);
-        QFETCH(int, byte6);
-        QFETCH(bool, before);
-        QFETCH(bool, after);
+        auto [answered, byte6, before, after] =
+            fetch<bool, int, bool, bool>("answered", "byte6", "before", "after");
         Harness h;
         h.flags.supportModeAnswered = answered;
         h.flags.aleGlobalSupported = before;
@@ -127,24 +122,6 @@ private slots:
         IncomingWorker::handle(report(98, std::uint8_t(byte6)), h.context, &h.stop);
         QCOMPARE(h.flags.aleGlobalSupported.load(), after);
         QCOMPARE(h.flags.extraOptionsSupported.load(), after);
-    }
-
-    void aleReport_data()
-    {
-        QTest::addColumn<int>("byte6");
-        QTest::addColumn<bool>("aleOff");
-        QTest::newRow("on") << 1 << false;
-        QTest::newRow("off") << 0 << true;
-        QTest::newRow("2") << 2 << true;
-    }
-    void aleReport()
-    {
-        QFETCH(int, byte6);
-        QFETCH(bool, aleOff);
-        Harness h;
-        IncomingWorker::handle(report(88, std::uint8_t(byte6)), h.context, &h.stop);
-        QCOMPARE(int(h.flags.aleState), byte6);
-        QCOMPARE(h.flags.aleOff.load(), aleOff);
     }
 
     void workerWithoutStopEventEndsAtOnce()

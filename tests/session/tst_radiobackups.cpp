@@ -1,9 +1,12 @@
+#include "Table.h"
+
 #include "session/RadioBackups.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
 
 using namespace koral;
+using namespace koral::test;
 using namespace std::chrono;
 
 class RadioBackupsTest : public QObject
@@ -13,18 +16,14 @@ private slots:
     // Each row saves `saved` sets a minute apart, the ALE programme with every second one.
     void retention_data()
     {
-        QTest::addColumn<int>("keep");
-        QTest::addColumn<int>("saved");
-        QTest::addColumn<int>("left");
+        columns<int, int, int>("keep", "saved", "left");
         QTest::newRow("fewer than kept") << 20 << 3 << 3;
         QTest::newRow("the oldest go") << 4 << 7 << 4;
         QTest::newRow("keep at least one") << 0 << 2 << 1;
     }
     void retention()
     {
-        QFETCH(int, keep);
-        QFETCH(int, saved);
-        QFETCH(int, left);
+        auto [keep, saved, left] = fetch<int, int, int>("keep", "saved", "left");
         QTemporaryDir dir;
         RadioBackups backups(std::filesystem::path(dir.path().toStdString()) / "backups", keep);
         dbase radio{};

@@ -29,9 +29,8 @@ class RadioCommandsTest : public QObject
 private slots:
     void enableRules_data()
     {
-        QTest::addColumn<bool>("busy");
-        QTest::addColumn<bool>("linkPending");
-        QTest::addColumn<QList<bool>>("enabled"); // squelch, blanker, attenuator, clipper, read
+        // enabled: squelch, blanker, attenuator, clipper, read
+        columns<bool, bool, QList<bool>>("busy", "linkPending", "enabled");
         QTest::newRow("idle") << false << false << QList<bool>{true, true, true, true, true};
         QTest::newRow("busy: attenuator and clipper stay")
             << true << false << QList<bool>{false, false, true, true, false};
@@ -40,9 +39,8 @@ private slots:
     }
     void enableRules()
     {
-        QFETCH(bool, busy);
-        QFETCH(bool, linkPending);
-        QFETCH(QList<bool>, enabled);
+        auto [busy, linkPending, enabled] =
+            fetch<bool, bool, QList<bool>>("busy", "linkPending", "enabled");
         SessionFixture fixture;
         QVERIFY(fixture.startUp());
         auto& view = fixture.session->view();
@@ -63,112 +61,22 @@ private slots:
         QVERIFY(!commands.isEnabled(C::Squelch));
     }
 
-    void monitorFollowsTheAleState_data()
+    void monitorAndRemoteControl()
     {
-        QTest::addColumn<bool>("ccir");
-        QTest::addColumn<int>("aleState");
-        QTest::addColumn<bool>("enabled");
-        QTest::newRow("ALE on") << false << 1 << true;
-        QTest::newRow("ALE off") << false << 0 << false;
-        QTest::newRow("ALE off, state 2, not CCIR") << false << 2 << false;
-        QTest::newRow("CCIR, state 2") << true << 2 << true;
-    }
-    void monitorFollowsTheAleState()
-    {
-        QFETCH(bool, ccir);
-        QFETCH(int, aleState);
-        QFETCH(bool, enabled);
         SessionFixture fixture;
         QVERIFY(fixture.startUp());
         auto& flags = fixture.session->flags();
-        flags.ccirMode = ccir;
-        flags.aleState = std::uint8_t(aleState);
-        flags.aleOff = aleState != 1;
-        QCOMPARE(fixture.session->commands().isEnabled(ViewCommands::Command::Monitor), enabled);
-    }
-
-    void dspSlidersSendWhatTheyShow()
-    {
-        using Kind = DspSlider::Kind;
-        using Scroll = DspSlider::Scroll;
-        enum Action
-        {
-            Move,
-            Up,
-            Off,
-            Disable
-        };
-        // Each row starts where the previous one left the slider and the radio.
-        struct Row
-        {
-            const char* name;
-            Kind kind;
-            Action action;
-            int position;
-            Scroll how;
-            int shown;
-            int radio; // the clarifier as a signed value, the notch as its step index
-        };
-        const Row rows[] = {
-            {"15 rounds up", Kind::Clarifier, Move, 15, Scroll::LineDown, 20, 20},
-            {"-15 rounds away from zero", Kind::Clarifier, Move, -15, Scroll::PageUp, -20, -20},
-            {"14 rounds down", Kind::Clarifier, Move, 14, Scroll::ThumbPosition, 10, 10},
-            {"dragging sends nothing", Kind::Clarifier, Move, 37, Scroll::ThumbTrack, 40, 10},
-            {"end of scroll sends nothing", Kind::Clarifier, Move, 90, Scroll::EndScroll, 90, 10},
-            {"a step from the top stays there", Kind::Clarifier, Move, 200, Scroll::LineDown, 200,
-             200},
-            {"step up at the top", Kind::Clarifier, Up, 0, Scroll::LineDown, 200, 200},
-            {"zero", Kind::Clarifier, Off, 0, Scroll::ThumbPosition, 0, 0},
-            {"50 then disabled", Kind::Clarifier, Move, 50, Scroll::LineUp, 50, 50},
-            {"disabling tells the radio nothing", Kind::Clarifier, Disable, 0, Scroll::LineUp, 0,
-             50},
-            {"notch 420 is step 1", Kind::Notch, Move, 420, Scroll::ThumbPosition, 540, 1},
-            {"notch 419 is off", Kind::Notch, Move, 419, Scroll::ThumbPosition, 300, 0},
-            {"notch top", Kind::Notch, Move, 2700, Scroll::PageDown, 2700, 10},
-            {"notch step up clamps", Kind::Notch, Up, 0, Scroll::LineDown, 2700, 10},
-            {"notch dragged", Kind::Notch, Move, 1500, Scroll::ThumbTrack, 1500, 10},
-            {"notch off", Kind::Notch, Off, 0, Scroll::ThumbPosition, 300, 0},
-        };
-        SessionFixture fixture;
-        QVERIFY(fixture.startUp());
-        auto& session = *fixture.session;
-        session.clarifier().setEnabled(true);
-        session.notch().setEnabled(true);
-        for (const Row& row : rows) {
-            DspSlider& slider = row.kind == Kind::Clarifier ? session.clarifier() : session.notch();
-            switch (row.action) {
-            case Move:
-                slider.scroll(row.position, row.how);
-                break;
-            case Up:
-                slider.stepUp();
-                break;
-            case Off:
-                slider.toOff();
-                break;
-            case Disable:
-                slider.setEnabled(false);
-                break;
-            }
-            QVERIFY2(slider.position() == row.shown, row.name);
-            CRadioMessage reply;
-            if (row.kind == Kind::Clarifier) {
-                QVERIFY(
-                    session.link().query(&ReportClarifierPosition, op::ClarifierPosition, reply));
-                const int value = reply[6] == 1 ? reply[7] : reply[6] == 2 ? -reply[7] : 0;
-                QVERIFY2(value == row.radio, row.name);
-            } else {
-                QVERIFY(session.link().query(&ReportDspMenuParameters, op::DspParameters, reply));
-                QVERIFY2(reply[6] == row.radio, row.name);
-            }
+        // CCIR mode, the radio's ALE state, Monitor enabled.
+        const std::tuple<bool, int, bool> rows[] = {
+            {false, 1, true}, {false, 0, false}, {false, 2, false}, {true, 2, true}};
+        for (const auto& [ccir, aleState, enabled] : rows) {
+            flags.ccirMode = ccir;
+            flags.aleState = std::uint8_t(aleState);
+            flags.aleOff = aleState != 1;
+            QCOMPARE(fixture.session->commands().isEnabled(ViewCommands::Command::Monitor),
+                     enabled);
         }
-        QCOMPARE(texts(fixture.notifier), QStringList());
-    }
-
-    void remoteControlAlternates()
-    {
-        SessionFixture fixture;
-        QVERIFY(fixture.startUp());
+        // Remote control alternates between the radio's two remote modes.
         auto& commands = fixture.session->commands();
         QVERIFY(!commands.isChecked(ViewCommands::Command::RemoteControl));
         QCOMPARE(commands.toggleRemoteMode(), 1);
@@ -178,19 +86,85 @@ private slots:
         QCOMPARE(fixture.session->view().remoteMode, 2);
     }
 
+    void dspSlidersSendWhatTheyShow()
+    {
+        using Kind = DspSlider::Kind;
+        using Scroll = DspSlider::Scroll;
+        // Each row starts where the previous one left the slider and the radio: its name, the
+        // slider, the action (m moves to the position, u steps up, o turns off, d disables),
+        // the position and scroll, the position shown, and the radio's value (the clarifier
+        // signed, the notch as its step index).
+        using Row = std::tuple<const char*, Kind, char, int, Scroll, int, int>;
+        const Row rows[] = {
+            {"15 rounds up", Kind::Clarifier, 'm', 15, Scroll::LineDown, 20, 20},
+            {"-15 rounds away from zero", Kind::Clarifier, 'm', -15, Scroll::PageUp, -20, -20},
+            {"14 rounds down", Kind::Clarifier, 'm', 14, Scroll::ThumbPosition, 10, 10},
+            {"dragging sends nothing", Kind::Clarifier, 'm', 37, Scroll::ThumbTrack, 40, 10},
+            {"end of scroll sends nothing", Kind::Clarifier, 'm', 90, Scroll::EndScroll, 90, 10},
+            {"a step from the top stays", Kind::Clarifier, 'm', 200, Scroll::LineDown, 200, 200},
+            {"step up at the top", Kind::Clarifier, 'u', 0, Scroll::LineDown, 200, 200},
+            {"zero", Kind::Clarifier, 'o', 0, Scroll::ThumbPosition, 0, 0},
+            {"50 then disabled", Kind::Clarifier, 'm', 50, Scroll::LineUp, 50, 50},
+            {"disabling tells the radio nothing", Kind::Clarifier, 'd', 0, Scroll::LineUp, 0, 50},
+            {"notch 420 is step 1", Kind::Notch, 'm', 420, Scroll::ThumbPosition, 540, 1},
+            {"notch 419 is off", Kind::Notch, 'm', 419, Scroll::ThumbPosition, 300, 0},
+            {"notch top", Kind::Notch, 'm', 2700, Scroll::PageDown, 2700, 10},
+            {"notch step up clamps", Kind::Notch, 'u', 0, Scroll::LineDown, 2700, 10},
+            {"notch dragged", Kind::Notch, 'm', 1500, Scroll::ThumbTrack, 1500, 10},
+            {"notch off", Kind::Notch, 'o', 0, Scroll::ThumbPosition, 300, 0},
+        };
+        SessionFixture fixture;
+        QVERIFY(fixture.startUp());
+        auto& session = *fixture.session;
+        session.clarifier().setEnabled(true);
+        session.notch().setEnabled(true);
+        for (const auto& [name, kind, action, position, how, shown, radio] : rows) {
+            DspSlider& slider = kind == Kind::Clarifier ? session.clarifier() : session.notch();
+            if (action == 'm')
+                slider.scroll(position, how);
+            else if (action == 'u')
+                slider.stepUp();
+            else if (action == 'o')
+                slider.toOff();
+            else
+                slider.setEnabled(false);
+            QVERIFY2(slider.position() == shown, name);
+            CRadioMessage reply;
+            int value = 0;
+            if (kind == Kind::Clarifier) {
+                QVERIFY(
+                    session.link().query(&ReportClarifierPosition, op::ClarifierPosition, reply));
+                value = reply[6] == 1 ? reply[7] : reply[6] == 2 ? -reply[7] : 0;
+            } else {
+                QVERIFY(session.link().query(&ReportDspMenuParameters, op::DspParameters, reply));
+                value = reply[6];
+            }
+            QVERIFY2(value == radio, name);
+        }
+        QCOMPARE(texts(fixture.notifier), QStringList());
+    }
+
     void resetShowsTheNoticesAndEndsBusy()
     {
         SessionFixture fixture;
+        // Before the start-up there is no port to send the reset on.
+        fixture.session->commands().performReset();
+        QCOMPARE(texts(fixture.notifier), QStringList{kNoResponse});
+        QVERIFY(!fixture.session->view().busy);
+        fixture.notifier.clear();
         QVERIFY(fixture.startUp());
         auto& commands = fixture.session->commands();
         commands.setNoticeMilliseconds(50);
-        QSignalSpy busy(&commands, &ViewCommands::busyChanged);
+        // While busy the status says so and the window cannot be closed.
+        QStringList whileBusy;
+        connect(&commands, &ViewCommands::busyChanged, this, [&] {
+            whileBusy << QString::fromStdString(commands.statusText()) +
+                             (commands.closeEnabled() ? " closable" : "");
+        });
         QSignalSpy notices(&commands, &ViewCommands::noticeChanged);
         commands.performReset();
-        QCOMPARE(busy.count(), 2);
+        QCOMPARE(whileBusy, (QStringList{"Command in progress, please wait!!!", " closable"}));
         QVERIFY(!fixture.session->view().busy);
-        QVERIFY(commands.closeEnabled());
-        QVERIFY(commands.statusText().empty());
         QVERIFY(!commands.isNoticeShown(ViewCommands::Notice::PleaseWait));
         QVERIFY(commands.isNoticeShown(ViewCommands::Notice::Completed));
         QTRY_VERIFY(!commands.isNoticeShown(ViewCommands::Notice::Completed));
@@ -199,32 +173,9 @@ private slots:
         QCOMPARE(texts(fixture.notifier), QStringList());
     }
 
-    void resetWithoutAPortSaysNoResponse()
-    {
-        SessionFixture fixture;
-        fixture.session->commands().performReset();
-        QCOMPARE(texts(fixture.notifier), QStringList{kNoResponse});
-        QVERIFY(!fixture.session->view().busy);
-    }
-
-    void busyBracket()
-    {
-        SessionFixture fixture;
-        auto& commands = fixture.session->commands();
-        commands.beginBusy();
-        QCOMPARE(QString::fromStdString(commands.statusText()),
-                 "Command in progress, please wait!!!");
-        QVERIFY(!commands.closeEnabled());
-        commands.endBusy();
-        QVERIFY(commands.statusText().empty());
-        QVERIFY(commands.closeEnabled());
-    }
-
     void rejectedCommands_data()
     {
-        QTest::addColumn<int>("opcode");
-        QTest::addColumn<QString>("message");
-        QTest::addColumn<bool>("aborted");
+        columns<int, QString, bool>("opcode", "message", "aborted");
         QTest::newRow("self test") << 27 << "Can not perform Self Test." << false;
         QTest::newRow("all call") << 71 << "Can not perform Priority Call." << true;
         QTest::newRow("station call") << 69 << "Can not perform Station Call." << true;
@@ -233,9 +184,7 @@ private slots:
     }
     void rejectedCommands()
     {
-        QFETCH(int, opcode);
-        QFETCH(QString, message);
-        QFETCH(bool, aborted);
+        auto [opcode, message, aborted] = fetch<int, QString, bool>("opcode", "message", "aborted");
         SessionFixture fixture;
         QVERIFY(fixture.startUp());
         fixture.play(FaultCommand{FaultKind::Reject, unsigned(opcode)});
@@ -243,23 +192,17 @@ private slots:
         QSignalSpy bite(&dispatcher, &MessageDispatcher::selfTestRejected);
         CRadioMessage request;
         request.prepareRequest();
-        switch (opcode) {
-        case 27:
+        const std::array<signed char, 2> noChannel{-1, -1};
+        if (opcode == 27)
             PerformSelfTest(&request, 2);
-            break;
-        case 68:
-            BiDirectionalNet(&request, "NET", 4, std::array<signed char, 2>{-1, -1}.data(), "", 0);
-            break;
-        case 69:
-            StationCall(&request, "BASE", 5, std::array<signed char, 2>{-1, -1}.data(), "", 0);
-            break;
-        case 71:
-            AllCall(&request, std::array<signed char, 2>{-1, -1}.data(), "", 0);
-            break;
-        default:
+        else if (opcode == 68)
+            BiDirectionalNet(&request, "NET", 4, noChannel.data(), "", 0);
+        else if (opcode == 69)
+            StationCall(&request, "BASE", 5, noChannel.data(), "", 0);
+        else if (opcode == 71)
+            AllCall(&request, noChannel.data(), "", 0);
+        else
             SetActiveChannel(&request, 0, 3);
-            break;
-        }
         fixture.session->link().sendToRadio(request);
         if (message.isEmpty()) {
             QTest::qWait(300);
@@ -279,29 +222,13 @@ private slots:
         QCOMPARE(fixture.session->view().callState, 1);
     }
 
-    void biteSummaries_data()
+    // A full test with failed and unperformed items goes to its summary and into the file.
+    void biteRunsToItsSummary()
     {
-        QTest::addColumn<QList<int>>("failed");
-        QTest::addColumn<QList<int>>("unable");
-        QTest::addColumn<QString>("summary");
-        QTest::newRow("all passed")
-            << QList<int>{} << QList<int>{} << "Summary: 39 Passed, 0 Failed, 0 Not Performed";
-        QTest::newRow("mixed") << QList<int>{2, 30} << QList<int>{39}
-                               << "Summary: 36 Passed, 2 Failed, 1 Not Performed";
-    }
-    void biteSummaries()
-    {
-        QFETCH(QList<int>, failed);
-        QFETCH(QList<int>, unable);
-        QFETCH(QString, summary);
         SessionFixture fixture;
         QVERIFY(fixture.startUp());
-        if (!failed.isEmpty())
-            fixture.play(SelfTestOutcome{SelfTestOutcome::Result::Failed,
-                                         std::vector<unsigned>(failed.begin(), failed.end())});
-        if (!unable.isEmpty())
-            fixture.play(SelfTestOutcome{SelfTestOutcome::Result::Unable,
-                                         std::vector<unsigned>(unable.begin(), unable.end())});
+        fixture.play(SelfTestOutcome{SelfTestOutcome::Result::Failed, {2, 30}});
+        fixture.play(SelfTestOutcome{SelfTestOutcome::Result::Unable, {39}});
         BiteRunner& bite = fixture.session->bite();
         QList<int> positions;
         connect(&bite, &BiteRunner::changed, this, [&] { positions << bite.progress(); });
@@ -312,7 +239,8 @@ private slots:
         QCOMPARE(QString::fromStdString(bite.status()), "Command in progress, please wait!!!");
         QVERIFY(bite.statusHighlighted());
         QTRY_VERIFY_WITH_TIMEOUT(bite.controlsEnabled(), 10000);
-        QCOMPARE(QString::fromStdString(bite.status()), summary);
+        QCOMPARE(QString::fromStdString(bite.status()),
+                 "Summary: 36 Passed, 2 Failed, 1 Not Performed");
         QVERIFY(!bite.statusHighlighted());
         QCOMPARE(bite.progress(), 12);
         QVERIFY(!bite.watchdogActive());
@@ -331,19 +259,6 @@ private slots:
         QVERIFY(!saved.contains("Wide Information", "Software_Version"));
         QVERIFY(saved.contains("Options", "Delete LSB"));
         QVERIFY(!saved.contains("Options", "Noise Blanker"));
-    }
-
-    void biteCancelledSetUpSendsNothing()
-    {
-        SessionFixture fixture;
-        QVERIFY(fixture.startUp());
-        BiteRunner& bite = fixture.session->bite();
-        bite.setTestType(BiteTestType::Channel);
-        fixture.notifier.queueAnswer(Answer::Cancel);
-        QVERIFY(!bite.run());
-        QCOMPARE(texts(fixture.notifier), QStringList{"Connect a dummy load or an antenna"});
-        QVERIFY(!bite.isRunning());
-        QVERIFY(bite.controlsEnabled());
     }
 
     void biteWithoutAnswerEndsInTheWatchdog()
@@ -375,6 +290,13 @@ private slots:
         SessionFixture fixture;
         QVERIFY(fixture.startUp());
         BiteRunner& bite = fixture.session->bite();
+        // Cancelling the set-up question starts nothing.
+        bite.setTestType(BiteTestType::Channel);
+        fixture.notifier.queueAnswer(Answer::Cancel);
+        QVERIFY(!bite.run());
+        QCOMPARE(texts(fixture.notifier), QStringList{"Connect a dummy load or an antenna"});
+        QVERIFY(!bite.isRunning() && bite.controlsEnabled());
+        fixture.notifier.clear();
         bite.setTestType(BiteTestType::LowRf);
         QStringList statuses;
         connect(&bite, &BiteRunner::changed, this,
@@ -386,12 +308,8 @@ private slots:
         bite.close();
         QCOMPARE(statuses.contains("Wait to perform RESET!!!"), midRun);
         const auto asNew = [&bite] {
-            QVERIFY(!bite.isRunning());
-            QVERIFY(!bite.watchdogActive());
-            QVERIFY(bite.controlsEnabled());
-            QCOMPARE(bite.progress(), 0);
-            QVERIFY(bite.status().empty());
-            QVERIFY(bite.results().rows.empty());
+            QVERIFY(!bite.isRunning() && !bite.watchdogActive() && bite.controlsEnabled());
+            QVERIFY(bite.progress() == 0 && bite.status().empty() && bite.results().rows.empty());
         };
         asNew();
 
@@ -411,123 +329,100 @@ private slots:
         QCOMPARE(texts(fixture.notifier), QStringList());
     }
 
-    void channelsGoToTheRadioBigEndian()
+    // Sections reach the radio only in programming mode, their numbers big-endian; outside it
+    // the radio refuses them, the document keeps what it had and a fault is named.
+    void memoryProgramming()
     {
         SessionFixture fixture;
         QVERIFY(fixture.startUp());
         dbase& document = fixture.session->records().radio;
+        auto& memory = fixture.session->memory();
+        const std::array<Group, kGroupCount> groups = document.groups;
+        QCOMPARE(memory.writeGroups(document, groups), 0);
+        QVERIFY(std::memcmp(document.groups.data(), groups.data(), sizeof groups) == 0);
+        MemoryProgramming::Options options;
+        options.options = document.radioOptions;
+        std::memcpy(options.head.data(), &document, options.head.size());
+        QCOMPARE(memory.writeOptionsReportingFaults(document, options), 0);
+        QCOMPARE(texts(fixture.notifier), QStringList{"RadioOptions Programming fault!"});
+        fixture.notifier.clear();
+
         std::array<channel, kChannelCount> channels = document.channels;
         channels[0].txFrequency.set(12345000);
         channels[0].rxFrequency.set(0x01020304);
         MessageEngine* engine = fixture.session->link().engine();
         QVERIFY(StartRADIOProgramming(engine));
-        QCOMPARE(fixture.session->memory().writeChannels(document, channels), 1);
+        QCOMPARE(memory.writeChannels(document, channels), 1);
+        QVERIFY(StopRADIOProgramming(engine));
         QCOMPARE(document.channels[0].txFrequency.get(), 12345000u);
         QCOMPARE(document.channels[0].rxFrequency.get(), 0x01020304u);
-        QVERIFY(StopRADIOProgramming(engine));
-        const auto& memory = fixture.radio().databases().radio;
+        const auto& radio = fixture.radio().databases().radio;
         const std::size_t rx = layout::kChannels + layout::kChannelRx;
-        QCOMPARE((std::vector<int>{memory[rx], memory[rx + 1], memory[rx + 2], memory[rx + 3]}),
+        QCOMPARE((std::vector<int>{radio[rx], radio[rx + 1], radio[rx + 2], radio[rx + 3]}),
                  (std::vector<int>{1, 2, 3, 4}));
-    }
 
-    void sectionWriteOutsideProgrammingFails()
-    {
-        SessionFixture fixture;
-        QVERIFY(fixture.startUp());
-        dbase& document = fixture.session->records().radio;
-        const std::array<Group, kGroupCount> groups = document.groups;
-        QCOMPARE(fixture.session->memory().writeGroups(document, groups), 0);
-        QVERIFY(std::memcmp(document.groups.data(), groups.data(), sizeof groups) == 0);
-    }
-
-    void optionsProgramming()
-    {
-        SessionFixture fixture;
-        QVERIFY(fixture.startUp());
-        dbase& document = fixture.session->records().radio;
-        MemoryProgramming::Options options;
-        options.options = document.radioOptions;
         options.options.priorityChannel.set(1);
-        std::memcpy(options.head.data(), &document, options.head.size());
         options.baudIndex = 3;
-        auto& memory = fixture.session->memory();
         memory.setInterMessageDelay(0);
         QCOMPARE(memory.programOptions(document, options), 1);
         QCOMPARE(texts(fixture.notifier), QStringList());
-        const auto& radio = fixture.radio().databases().radio;
         QCOMPARE(int(radio[layout::kRadioOptions]), 0);
         QCOMPARE(int(radio[layout::kRadioOptions + 1]), 1);
         QCOMPARE(document.radioOptions.priorityChannel.get(), 1);
         QCOMPARE(fixture.session->link().settings().baudRate, 9600);
     }
 
-    void optionsFaultIsNamed()
+    void commPortCheck_data()
     {
-        SessionFixture fixture;
-        QVERIFY(fixture.startUp());
-        dbase& document = fixture.session->records().radio;
-        MemoryProgramming::Options options;
-        options.options = document.radioOptions;
-        std::memcpy(options.head.data(), &document, options.head.size());
-        // Outside programming mode the radio refuses the first section.
-        QCOMPARE(fixture.session->memory().writeOptionsReportingFaults(document, options), 0);
-        QCOMPARE(texts(fixture.notifier), QStringList{"RadioOptions Programming fault!"});
+        columns<bool, QString>("silent", "message");
+        QTest::newRow("radio answers")
+            << false << "Communication test has been completed successfully.";
+        QTest::newRow("radio switched off") << true << "Communication test failed!!!";
     }
-
-    void commPortCheckAgainstASilentRadio()
+    void commPortCheck()
     {
-        // The radio is switched off: every radio the port makes from now on stays silent.
+        auto [silent, message] = fetch<bool, QString>("silent", "message");
+        // Once switched off, every radio the port makes from now on stays silent.
         std::atomic<bool> switchedOff{false};
         SessionFixture fixture([&](VirtualRadio& radio) {
             if (switchedOff)
                 radio.inject({FaultKind::NoAnswer, 0});
         });
         QVERIFY(fixture.startUp());
-        switchedOff = true;
-        fixture.play(FaultCommand{FaultKind::NoAnswer, 0});
+        switchedOff = silent;
+        if (silent)
+            fixture.play(FaultCommand{FaultKind::NoAnswer, 0});
         CommPortEditor& editor = fixture.session->beginCommPortSetup();
         QVERIFY(fixture.session->view().busy);
         QCOMPARE(editor.selectedPort(), 1);
-        editor.setBaudIndex(2);
-        QCOMPARE(editor.check(), 0);
-        QCOMPARE(texts(fixture.notifier), QStringList{"Communication test failed!!!"});
-        QCOMPARE(fixture.notifier.entries().front().icon, Icon::Critical);
+        if (silent)
+            editor.setBaudIndex(2);
+        QCOMPARE(editor.check(), silent ? 0 : 1);
+        QCOMPARE(texts(fixture.notifier), QStringList{message});
+        QCOMPARE(fixture.notifier.entries().front().icon,
+                 silent ? Icon::Critical : Icon::Information);
         QVERIFY(fixture.session->link().reportNoResponse());
-        QCOMPARE(fixture.session->link().settings().baudRate, 4800);
-        fixture.session->endCommPortSetup(false);
-        QCOMPARE(fixture.session->link().settings().baudRate, SessionFixture::kFastBaud);
+        if (silent) {
+            QCOMPARE(fixture.session->link().settings().baudRate, 4800);
+            fixture.session->endCommPortSetup(false);
+            QCOMPARE(fixture.session->link().settings().baudRate, SessionFixture::kFastBaud);
+        } else {
+            editor.accept();
+            fixture.session->endCommPortSetup(true);
+            QVERIFY(fixture.session->view().radioReady);
+            QVERIFY(fixture.session->commands().radioCommandsEnabled());
+        }
         QVERIFY(!fixture.session->view().busy);
     }
-
-    void commPortCheckPasses()
-    {
-        SessionFixture fixture;
-        QVERIFY(fixture.startUp());
-        CommPortEditor& editor = fixture.session->beginCommPortSetup();
-        QCOMPARE(editor.check(), 1);
-        QCOMPARE(texts(fixture.notifier),
-                 QStringList{"Communication test has been completed successfully."});
-        QCOMPARE(fixture.notifier.entries().front().icon, Icon::Information);
-        editor.accept();
-        fixture.session->endCommPortSetup(true);
-        QVERIFY(fixture.session->view().radioReady);
-        QVERIFY(fixture.session->commands().radioCommandsEnabled());
-    }
-
     void commPortBaudSelection_data()
     {
-        QTest::addColumn<int>("baud");
-        QTest::addColumn<bool>("accepted");
-        QTest::addColumn<int>("index");
+        columns<int, bool, int>("baud", "accepted", "index");
         QTest::newRow("2400") << 2400 << true << 1;
         QTest::newRow("19200 is refused") << 19200 << false << 3;
     }
     void commPortBaudSelection()
     {
-        QFETCH(int, baud);
-        QFETCH(bool, accepted);
-        QFETCH(int, index);
+        auto [baud, accepted, index] = fetch<int, bool, int>("baud", "accepted", "index");
         SessionFixture fixture({}, 9600);
         CommPortEditor editor(fixture.session->link(), fixture.notifier);
         QCOMPARE(editor.setBaudRate(baud), accepted);

@@ -21,8 +21,7 @@ private slots:
 
     void receiving_data()
     {
-        QTest::addColumn<uint>("hertz");
-        QTest::addColumn<QList<int>>("channels");
+        columns<uint, QList<int>>("hertz", "channels");
         QTest::newRow("one channel") << 7055000u << QList<int>{17};
         QTest::newRow("a duplex pair shares its receive side") << 4125000u << QList<int>{7, 9};
         QTest::newRow("a transmit frequency is not a receive one") << 4417000u << QList<int>{};
@@ -31,13 +30,12 @@ private slots:
     }
     void receiving()
     {
-        QFETCH(uint, hertz);
-        QFETCH(QList<int>, channels);
+        auto [hertz, channels] = fetch<uint, QList<int>>("hertz", "channels");
         const std::vector<int> found = m_fixture->session->activeChannel().receiving(hertz);
         QCOMPARE(QList<int>(found.begin(), found.end()), channels);
     }
 
-    void selectQueryAndRead()
+    void selectQueryReadAndProgram()
     {
         ActiveChannel& active = m_fixture->session->activeChannel();
         QSignalSpy selected(&active, &ActiveChannel::selected);
@@ -48,18 +46,14 @@ private slots:
         QCOMPARE(active.query(number, scanning), 1);
         QCOMPARE(number, 12);
         QVERIFY(!scanning);
-        channel record{};
-        QCOMPARE(active.readCurrent(record), 1);
-        QCOMPARE(record.rxFrequency.get(), 5815000u);
+        channel current{};
+        QCOMPARE(active.readCurrent(current), 1);
+        QCOMPARE(current.rxFrequency.get(), 5815000u);
         QCOMPARE(active.select(0), 0);
         QCOMPARE(selected.size(), 1);
-    }
 
-    // A programmed channel is the radio's and the session's at once: the table that later
-    // searches use knows it.
-    void programOneChannel()
-    {
-        ActiveChannel& active = m_fixture->session->activeChannel();
+        // A programmed channel is the radio's and the session's at once: the table that later
+        // searches use knows it.
         QVERIFY(!active.isProgrammed(150));
         channel record{};
         record.power = 4;
@@ -70,9 +64,8 @@ private slots:
         QVERIFY(active.isProgrammed(150));
         QCOMPARE(active.receiving(7100000), std::vector<int>{150});
         QCOMPARE(active.select(150), 1);
-        channel read{};
-        QCOMPARE(active.readCurrent(read), 1);
-        QCOMPARE(read.txFrequency.get(), 7100000u);
+        QCOMPARE(active.readCurrent(current), 1);
+        QCOMPARE(current.txFrequency.get(), 7100000u);
     }
 
     void silentRadioShowsTheMessageOnce()
