@@ -7,6 +7,7 @@ using namespace koral;
 namespace {
 
 using Outcome = test::KoralctlOutcome;
+using Changes = QList<QPair<QByteArray, QByteArray>>;
 
 Outcome koralctl(const QStringList& arguments)
 {
@@ -14,6 +15,10 @@ Outcome koralctl(const QStringList& arguments)
 }
 
 const QString kExample = QStringLiteral(KORAL_EXAMPLES_DIR "/radio.rss");
+const QString kProgramme = QStringLiteral(KORAL_EXAMPLES_DIR "/radio.ale");
+const QByteArray kBroken = "[Radio Options]\r\nPriority_Channel=5\r\n"
+                           "[Groups Guard Channels]\r\nGroup_C=17,17,30\r\n"
+                           "[Channels]\r\nChannel30=Max,USB,0,0,Slow,SSB\r\n";
 
 QByteArray readAll(const QString& path)
 {
@@ -26,6 +31,15 @@ void writeFile(const QString& path, const QByteArray& content)
     QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write(content);
+}
+
+// The example ALE programme with some texts replaced.
+QByteArray editedProgramme(const Changes& changes)
+{
+    QByteArray text = readAll(kProgramme);
+    for (const auto& [from, to] : changes)
+        text.replace(from, to);
+    return text;
 }
 
 } // namespace
@@ -42,7 +56,7 @@ private slots:
     {
         QVERIFY(m_dir.isValid());
         QVERIFY(QDir().mkdir(path("folder.rss")));
-        writeFile(path("notes.txt"), "[ZOV]\r\n");
+        writeFile(path("broken.rss"), kBroken);
     }
 
     // Every complaint is one line on standard error with exit code 2; nothing on standard out.
@@ -70,6 +84,9 @@ private slots:
                "such file or directory\n";
         QTest::newRow("unknown kind") << QStringList{"summary", "NOTES"}
                                       << "koralctl: NOTES: unknown file kind (expected .rss)\n";
+        QTest::newRow("programme of another kind")
+            << QStringList{"check", kExample, kExample}
+            << "koralctl: " + kExample + ": unknown file kind (expected .ale)\n";
         QTest::newRow("missing CCIR file")
             << QStringList{"normalize", "/nonexistent/a.ccr", "b.ccr"}
             << "koralctl: Cannot read the file /nonexistent/a.ccr: No such file or directory\n";
@@ -127,47 +144,70 @@ private slots:
         QVERIFY2(shown.startsWith(start), qPrintable(shown));
     }
 
-    void checkOfTheExampleFindsNothing()
+    // A radio database alone or with an ALE programme (the example's, edited): every line, in
+    // order, and the exit code.
+    void check_data()
     {
-        const Outcome outcome = koralctl({"check", kExample});
-        QCOMPARE(outcome.out, QString());
-        QCOMPARE(outcome.exitCode, cli::kExitOk);
+        QTest::addColumn<QByteArray>("radio");
+        QTest::addColumn<bool>("withProgramme");
+        QTest::addColumn<Changes>("changes");
+        QTest::addColumn<QStringList>("lines");
+        QTest::newRow("example") << QByteArray() << false << Changes{} << QStringList{};
+        QTest::newRow("every line in order")
+            << kBroken << false << Changes{}
+            << QStringList{"Priority channel 5 is not programmed.",
+                           "Guard channel 17 for group C is not programmed.",
+                           "Channel 30 in group C selected but not programmed."};
+        QTest::newRow("example with its programme")
+            << QByteArray() << true << Changes{} << QStringList{};
+        QTest::newRow("radio lines before ALE lines")
+            << QByteArray() << true
+            << Changes{{"Scanned Channels=20,22", "Scanned Channels=20,22,40"},
+                       {"Self Address=NCCOAST", "Self Address=PORTA"}}
+            << QStringList{"Channel 40 is scanned channel in net no. 3 but not programmed.",
+                           "Net no. 2 Self Address ('PORTA') defined in the Directory"};
+        QTest::newRow("name equal to a self address")
+            << QByteArray() << true << Changes{{"Net Name=EMERG", "Net Name=NCHQ"}}
+            << QStringList{"Net no. 5 Self Address ('NCHQ') defined as Net no. 1 Net Name"};
     }
-
-    void checkPrintsEveryLineInOrder()
+    void check()
     {
-        writeFile(path("broken.rss"), "[Radio Options]\r\nPriority_Channel=5\r\n"
-                                      "[Groups Guard Channels]\r\nGroup_C=17,17,30\r\n"
-                                      "[Channels]\r\nChannel30=Max,USB,0,0,Slow,SSB\r\n");
-        const Outcome outcome = koralctl({"check", path("broken.rss")});
-        QCOMPARE(outcome.exitCode, cli::kExitProblems);
-        QCOMPARE(outcome.out, QString("Priority channel 5 is not programmed.\n"
-                                      "Guard channel 17 for group C is not programmed.\n"
-                                      "Channel 30 in group C selected but not programmed.\n"));
+        QFETCH(QByteArray, radio);
+        QFETCH(bool, withProgramme);
+        QFETCH(Changes, changes);
+        QFETCH(QStringList, lines);
+        QStringList arguments{"check", kExample};
+        if (!radio.isEmpty()) {
+            writeFile(path("check.rss"), radio);
+            arguments[1] = path("check.rss");
+        }
+        if (withProgramme) {
+            writeFile(path("check.ale"), editedProgramme(changes));
+            arguments << path("check.ale");
+        }
+        const Outcome outcome = koralctl(arguments);
+        QCOMPARE(outcome.out, lines.isEmpty() ? QString() : lines.join('\n') + '\n');
+        QCOMPARE(outcome.exitCode, lines.isEmpty() ? cli::kExitOk : cli::kExitProblems);
     }
 
     void summaryRows_data()
     {
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<int>("rows");
-        QTest::addColumn<QString>("firstRow");
-        QTest::newRow("programmed channels") << QStringList{"summary", kExample} << 41
-                                             << "1\t2.182\t2.182\tHIGH\tUSB\tSSB\tSlow\t2.7\t401";
-        QTest::newRow("all channels") << QStringList{"summary", kExample, "--all"} << 200
-                                      << "1\t2.182\t2.182\tHIGH\tUSB\tSSB\tSlow\t2.7\t401";
+        QTest::newRow("programmed channels") << QStringList{"summary", kExample} << 41;
+        QTest::newRow("all channels") << QStringList{"summary", kExample, "--all"} << 200;
     }
     void summaryRows()
     {
         QFETCH(QStringList, arguments);
         QFETCH(int, rows);
-        QFETCH(QString, firstRow);
         const Outcome outcome = koralctl(arguments);
         QCOMPARE(outcome.exitCode, cli::kExitOk);
-        const QStringList lines = outcome.out.split('\n', Qt::SkipEmptyParts);
+        const QStringList lines = outcome.outLines();
         QCOMPARE(lines.size(), rows + 1);
         QCOMPARE(lines[0], QString("No.\tTx. Freq.\tRx. Freq.\tTx Power\tBand\tMode\tA.G.C.\tB.W.\t"
                                    "Ch. Num."));
-        QCOMPARE(lines[1], firstRow);
+        QCOMPARE(lines[1], QString("1\t2.182\t2.182\tHIGH\tUSB\tSSB\tSlow\t2.7\t401"));
     }
 
     void summaryWithoutCcirNumbersHasEightColumns()
@@ -185,6 +225,7 @@ private slots:
     {
         QTest::addColumn<QString>("name");
         QTest::newRow("radio database") << "radio.rss";
+        QTest::newRow("ALE programme") << "radio.ale";
         QTest::newRow("CCIR database") << "radio.ccr";
     }
     void normalizeOfTheExamplesKeepsTheirBytes()
@@ -197,20 +238,76 @@ private slots:
         QCOMPARE(readAll(path("example-" + name)), readAll(example));
     }
 
-    void normalizeOfACcirFile()
+    // A repaired file holds these lines and not those, and normalizing it again changes nothing.
+    void normalizeRepairs_data()
     {
-        writeFile(path("calls.CCR"), "[Ccir Option]\nCcir 4 Digits Id=4117\nCcir Message1="
-                                     "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789ABCD\n"
-                                     "Ccir Directory7=401000\nCcir Directory8=0\n");
-        QCOMPARE(koralctl({"normalize", path("calls.CCR"), path("calls.ccr")}).exitCode, 0);
-        const QByteArray saved = readAll(path("calls.ccr"));
-        QVERIFY(saved.contains("Ccir 4 Digits Id=4117\r\n"));
-        QVERIFY(saved.contains("Ccir Preamble=6\r\n"));
-        QVERIFY(saved.contains("Ccir Message1=ABCDEFGHIJKLMNOPQRSTUVWXYZ012345\r\n"));
-        QVERIFY(saved.contains("Ccir Directory7=401000\r\n"));
-        QVERIFY(!saved.contains("Ccir Directory8"));
-        QCOMPARE(koralctl({"normalize", path("calls.ccr"), path("calls2.ccr")}).exitCode, 0);
-        QCOMPARE(readAll(path("calls2.ccr")), saved);
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QStringList>("options");
+        QTest::addColumn<QByteArrayList>("present");
+        QTest::addColumn<QByteArrayList>("absent");
+        QTest::newRow("CCIR database")
+            << "calls.CCR"
+            << QByteArray("[Ccir Option]\nCcir 4 Digits Id=4117\nCcir Message1="
+                          "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789ABCD\n"
+                          "Ccir Directory7=401000\nCcir Directory8=0\n")
+            << QStringList{}
+            << QByteArrayList{"Ccir 4 Digits Id=4117\r\n", "Ccir Preamble=6\r\n",
+                              "Ccir Message1=ABCDEFGHIJKLMNOPQRSTUVWXYZ012345\r\n",
+                              "Ccir Directory7=401000\r\n"}
+            << QByteArrayList{"Ccir Directory8"};
+        // Channel 4 loses its transmit frequency, so it has no CCIR number line any more.
+        QTest::newRow("radio database")
+            << "messy.rss"
+            << QByteArray("[zov]\nZOV_Version=1.00\nComment=two\\rlines\nUserName=Op\n"
+                          "[Channels]\nChannel3=High,LSB,2000000\nChannel4=Huge,USB,1599999,"
+                          "7000000,Fast,SSB,9\nChannel5=Max,USB,7000000,7000000\n[Radio "
+                          "Options]\nScan_Rate=7 Ch/Sec\n[RSS]\nOld=1\n"
+                          "[Ccir Channel Number]\nChannel4=12\nChannel5=13\n")
+            << QStringList{}
+            << QByteArrayList{"Comment=two\\rlines\r\n",
+                              "UserName=Op\r\n",
+                              "Channel3=High,LSB,2000000,0,Slow,SSB,2700\r\n",
+                              "Channel4=Max,USB,0,7000000,Fast,SSB,2700\r\n",
+                              "Scan_Rate=2 Ch/Sec\r\n",
+                              "[Ccir Channel Number]\r\nChannel5=13\r\n"}
+            << QByteArrayList{"[RSS]", "Channel4=12"};
+        QTest::newRow("ALE programme keeps its identity")
+            << "old.ale"
+            << editedProgramme({{"ZOV_Version=2.01", "ZOV_Version=1.00"},
+                                {"Scan_Rate=5 Ch/Sec", "Scan_Rate=3 Ch/Sec"},
+                                {"Address No. 3=PORTA", "Address No. 3=PORT-A"}})
+            << QStringList{}
+            << QByteArrayList{"ZOV_Version=2.01\r\n", "Serial_Number=KR2E004417\r\n",
+                              "Address No. 3=PORTA\r\n"}
+            << QByteArrayList{"Scan_Rate=5 Ch/Sec", "Scan_Rate=3"};
+        QTest::newRow("ALE programme without global members")
+            << "plain.ale" << readAll(kProgramme) << QStringList{"--no-global-members"}
+            << QByteArrayList{"Member No. 1=NCBASE1"} << QByteArrayList{"Global Member"};
+    }
+    void normalizeRepairs()
+    {
+        QFETCH(QString, name);
+        QFETCH(QByteArray, content);
+        QFETCH(QStringList, options);
+        QFETCH(QByteArrayList, present);
+        QFETCH(QByteArrayList, absent);
+        const QString suffix = QFileInfo(name).suffix().toLower();
+        writeFile(path(name), content);
+        QCOMPARE(koralctl(QStringList{"normalize", path(name), path("once." + suffix)} + options)
+                     .exitCode,
+                 0);
+        QCOMPARE(
+            koralctl(QStringList{"normalize", path("once." + suffix), path("twice." + suffix)} +
+                     options)
+                .exitCode,
+            0);
+        const QByteArray once = readAll(path("once." + suffix));
+        QCOMPARE(readAll(path("twice." + suffix)), once);
+        for (const QByteArray& line : present)
+            QVERIFY2(once.contains(line), line.constData());
+        for (const QByteArray& line : absent)
+            QVERIFY2(!once.contains(line), line.constData());
     }
 
     // A file against itself prints nothing; a change is named with both values.
@@ -269,28 +366,6 @@ private slots:
         QCOMPARE(outcome.exitCode, cli::kExitProblems);
         QCOMPARE(outcome.err, path("bad.csv") + ": line 4: 3.023x is an invalid frequency\n");
         QCOMPARE(readAll(path("plan.rss")), readAll(path("normal.rss")));
-    }
-
-    void normalizeRepairsAndIsStable()
-    {
-        writeFile(path("messy.rss"),
-                  "[zov]\nZOV_Version=1.00\nComment=two\\rlines\nUserName=Op\n"
-                  "[Channels]\nChannel3=High,LSB,2000000\nChannel4=Huge,USB,1599999,7000000,"
-                  "Fast,SSB,9\nChannel5=Max,USB,7000000,7000000\n[Radio Options]\nScan_Rate=7 "
-                  "Ch/Sec\n[RSS]\nOld=1\n"
-                  "[Ccir Channel Number]\nChannel4=12\nChannel5=13\n");
-        QCOMPARE(koralctl({"normalize", path("messy.rss"), path("once.rss")}).exitCode, 0);
-        QCOMPARE(koralctl({"normalize", path("once.rss"), path("twice.rss")}).exitCode, 0);
-        const QByteArray once = readAll(path("once.rss"));
-        QCOMPARE(readAll(path("twice.rss")), once);
-        QVERIFY(once.contains("Comment=two\\rlines\r\n"));
-        QVERIFY(once.contains("UserName=Op\r\n"));
-        QVERIFY(once.contains("Channel3=High,LSB,2000000,0,Slow,SSB,2700\r\n"));
-        QVERIFY(once.contains("Channel4=Max,USB,0,7000000,Fast,SSB,2700\r\n"));
-        QVERIFY(once.contains("Scan_Rate=2 Ch/Sec\r\n"));
-        QVERIFY(!once.contains("[RSS]"));
-        // Channel 4 lost its transmit frequency, so it has no CCIR number line any more.
-        QVERIFY(once.endsWith("[Ccir Channel Number]\r\nChannel5=13\r\n"));
     }
 
     void garbageNeverCrashes()
