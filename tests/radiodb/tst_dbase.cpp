@@ -17,10 +17,8 @@ private slots:
         QTest::addColumn<int>("byteIndex");
         QTest::addColumn<int>("byteValue");
         QTest::newRow("bit 0") << 0 << 0 << 0x80;
-        QTest::newRow("channel 1") << 1 << 0 << 0x40;
         QTest::newRow("channel 7") << 7 << 0 << 0x01;
         QTest::newRow("channel 8") << 8 << 1 << 0x80;
-        QTest::newRow("channel 17") << 17 << 2 << 0x40;
         QTest::newRow("channel 200") << 200 << 25 << 0x80;
     }
     void groupMemberBits()

@@ -10,36 +10,24 @@ class RadioSummaryTest : public QObject
 private slots:
     void row_data()
     {
-        QTest::addColumn<int>("power");
-        QTest::addColumn<int>("sideband");
-        QTest::addColumn<int>("modulation");
-        QTest::addColumn<int>("agc");
-        QTest::addColumn<int>("bandwidth");
+        // channel{power, sideband, bandwidth, tx, rx, agc, modulation}
+        QTest::addColumn<channel>("ch");
         QTest::addColumn<QStringList>("cells");
         QTest::newRow("low, LSB, AME, off, CW")
-            << 2 << 0 << 2 << 255 << 3 << QStringList{"LOW", "LSB", "AME", "Off", "CW "};
+            << channel{2, 0, 3, {}, {}, 255, 2} << QStringList{"LOW", "LSB", "AME", "Off", "CW "};
         QTest::newRow("medium, USB, ISB, fast, 2100")
-            << 3 << 1 << 3 << 1 << 5 << QStringList{"MED", "USB", "ISB", "Fast", "2.1"};
+            << channel{3, 1, 5, {}, {}, 1, 3} << QStringList{"MED", "USB", "ISB", "Fast", "2.1"};
         QTest::newRow("values outside the lists keep the template")
-            << 9 << 7 << 9 << 9 << 9 << QStringList{"MAX", "USB", "SSB", "Slow", "2.7"};
+            << channel{9, 7, 9, {}, {}, 9, 9} << QStringList{"MAX", "USB", "SSB", "Slow", "2.7"};
     }
     void row()
     {
-        QFETCH(int, power);
-        QFETCH(int, sideband);
-        QFETCH(int, modulation);
-        QFETCH(int, agc);
-        QFETCH(int, bandwidth);
+        QFETCH(channel, ch);
         QFETCH(QStringList, cells);
         ChannelTable channels{};
-        channel& ch = channels[16];
-        ch.power = std::uint8_t(power);
-        ch.sideband = std::uint8_t(sideband);
-        ch.modulation = std::uint8_t(modulation);
-        ch.agc = std::uint8_t(agc);
-        ch.bandwidth = std::uint8_t(bandwidth);
-        ch.txFrequency.set(12'345'678);
-        ch.rxFrequency.set(7'000'000);
+        channels[16] = ch;
+        channels[16].txFrequency.set(12'345'678);
+        channels[16].rxFrequency.set(7'000'000);
         const RadioSummary summary = RadioSummary::of(channels, std::nullopt);
         QCOMPARE(summary.rows.size(), std::size_t(200));
         QStringList actual;
