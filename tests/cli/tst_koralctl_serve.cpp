@@ -41,27 +41,20 @@ private slots:
 
     void referenceClient_data()
     {
+        const auto row = [](const char* name, const char* command, const char* out,
+                            bool refused = false) {
+            QTest::newRow(name) << QString(command) << QString(out) << refused;
+        };
         QTest::addColumn<QString>("command");
         QTest::addColumn<QString>("out");
         QTest::addColumn<bool>("refused");
-        QTest::newRow("select channel 12") << "E 12"
-                                           << "" << false;
-        QTest::newRow("channel") << "e"
-                                 << "12\n"
-                                 << false;
-        QTest::newRow("frequency") << "f"
-                                   << "5815000\n"
-                                   << false;
-        QTest::newRow("mode") << "m"
-                              << "USB\n3000\n"
-                              << false;
-        QTest::newRow("no channel on 7.1 MHz") << "F 7100000"
-                                               << "" << true;
-        QTest::newRow("channel 17 on 7.055 MHz") << "F 7055000"
-                                                 << "" << false;
-        QTest::newRow("now on channel 17") << "e"
-                                           << "17\n"
-                                           << false;
+        row("select channel 12", "E 12", "");
+        row("channel", "e", "12\n");
+        row("frequency", "f", "5815000\n");
+        row("mode", "m", "USB\n3000\n");
+        row("no channel on 7.1 MHz", "F 7100000", "", true);
+        row("channel 17 on 7.055 MHz", "F 7055000", "");
+        row("now on channel 17", "e", "17\n");
     }
     void referenceClient()
     {

@@ -64,13 +64,10 @@ private slots:
                                 ";12;5;;Low;LSB;SSB;Slow;3.3\n\n";
         ChannelPlan plan = samplePlan();
         QCOMPARE(importChannelCsv(csv, plan, false), std::vector<std::string>{});
-        const channel& three = plan.record.channelNo(3);
-        QCOMPARE(three.txFrequency.get(), 7'100'000u);
-        QCOMPARE(three.rxFrequency.get(), 7'100'000u);
-        QCOMPARE(int(three.power), 5);
-        QCOMPARE(int(three.modulation), 2);
-        QCOMPARE(int(three.agc), 1);
-        QCOMPARE(int(three.bandwidth), 3);
+        channel three{5, 1, 3, {}, {}, 1, 2};
+        three.txFrequency.set(7'100'000u);
+        three.rxFrequency.set(7'100'000u);
+        QCOMPARE(std::memcmp(&plan.record.channelNo(3), &three, sizeof three), 0);
         QCOMPARE(plan.record.channelNo(12).txFrequency.get(), 0u);
         QCOMPARE(plan.record.channelNo(12).rxFrequency.get(), 5'000'000u);
         QVERIFY(!plan.record.channelNo(1).isProgrammed()); // not listed: emptied
