@@ -1,14 +1,11 @@
 // koralctl serve against the protocol's reference client (rigctl, rig model 2 "NET rigctl")
-// on the built-in virtual radio. Without rigctl installed the client half is skipped.
-
-#include "support/KoralctlRunner.h"
+// on the built-in virtual radio; skipped without rigctl installed. Its argument errors are in
+// tst_koralctl.
 
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTcpServer>
 #include <QtTest>
-
-using namespace koral::test;
 
 namespace {
 constexpr int kBound = 60000;
@@ -18,27 +15,6 @@ class ServeTest : public QObject
 {
     Q_OBJECT
 private slots:
-    void badArguments_data()
-    {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<QString>("complaint");
-        QTest::newRow("no radio port") << QStringList{"serve"} << "--port P is required";
-        QTest::newRow("listen without port")
-            << QStringList{"serve", "--port", "virtual", "--listen", "127.0.0.1"}
-            << "'127.0.0.1' is not ADDRESS:PORT";
-        QTest::newRow("scratch beyond 200")
-            << QStringList{"serve", "--port", "virtual", "--scratch", "201"}
-            << "The scratch channel 201 is not a channel number";
-    }
-    void badArguments()
-    {
-        QFETCH(QStringList, arguments);
-        QFETCH(QString, complaint);
-        const KoralctlOutcome outcome = runKoralctl(arguments);
-        QCOMPARE(outcome.exitCode, 2);
-        QVERIFY2(outcome.err.contains(complaint), qPrintable(outcome.err));
-    }
-
     void referenceClient_data()
     {
         const auto row = [](const char* name, const char* command, const char* out,
