@@ -216,26 +216,40 @@ private slots:
         QCOMPARE(editor.channels()[0].rxFrequency.get(), rx - rx % 10);
     }
 
+    // Moving to another channel stores the one shown, CCIR number included, and shows the next.
     void changingChannelStoresTheCurrentOne()
     {
         Editor::Setup setup = setupWith(5'000'000u, 0u, 3);
         setup.channels[3].txFrequency.set(9'000'000u);
         setup.channels[3].rxFrequency.set(9'000'000u);
+        setup.ccirNumbers = CcirChannelNumbers{};
+        (*setup.ccirNumbers)[3] = 42;
         Editor editor(setup);
         int notified = 0;
         editor.setOnChanged([&notified] { ++notified; });
+        QVERIFY(editor.hasCcirNumbers());
+        QCOMPARE(editor.ccirNumber(), 0);
+        editor.setCcirNumber(900);
+        QCOMPARE(editor.ccirNumber(), 500);
         editor.setText(Editor::Edit::TransmitOnly, "6.5");
         editor.select(Editor::List::Power, 0); // "Low"
         editor.setChannelNumber(4);
         QCOMPARE(editor.channelNumber(), 4);
         QCOMPARE(q(editor.text(Editor::Edit::Simplex)), QString("9"));
+        QCOMPARE(editor.ccirNumber(), 42);
         QCOMPARE(editor.channels()[2].txFrequency.get(), 6'500'000u);
         QCOMPARE(int(editor.channels()[2].power), 2);
-        QCOMPARE(notified, 3);
+        QCOMPARE((*editor.ccirNumbers())[2], std::uint16_t(500));
+        QCOMPARE(notified, 4); // the CCIR number, the text, the power, the move
         editor.setChannelNumber(0);
         QCOMPARE(editor.channelNumber(), 1);
         editor.setChannelNumber(999);
         QCOMPARE(editor.channelNumber(), 200);
+
+        Editor without(setupWith(7'000'000u, 7'000'000u));
+        without.setCcirNumber(5);
+        QVERIFY(!without.hasCcirNumbers());
+        QCOMPARE(without.ccirNumber(), 0);
     }
 
     void modeListOffersIsbOnlyWhenTheRadioDoes()
@@ -249,26 +263,6 @@ private slots:
             QCOMPARE(editor.selectedIndex(Editor::List::Mode), isb ? 3 : -1);
             QCOMPARE(QString(editor.entries(Editor::List::Agc)[2].text), QString("Off"));
         }
-    }
-
-    void ccirNumberFollowsTheChannel()
-    {
-        Editor::Setup setup = setupWith(7'000'000u, 7'000'000u);
-        setup.ccirNumbers = CcirChannelNumbers{};
-        (*setup.ccirNumbers)[1] = 42;
-        Editor editor(setup);
-        QVERIFY(editor.hasCcirNumbers());
-        QCOMPARE(editor.ccirNumber(), 0);
-        editor.setCcirNumber(900);
-        QCOMPARE(editor.ccirNumber(), 500);
-        editor.setChannelNumber(2);
-        QCOMPARE(editor.ccirNumber(), 42);
-        QCOMPARE((*editor.ccirNumbers())[0], std::uint16_t(500));
-
-        Editor without(setupWith(7'000'000u, 7'000'000u));
-        without.setCcirNumber(5);
-        QVERIFY(!without.hasCcirNumbers());
-        QCOMPARE(without.ccirNumber(), 0);
     }
 
     void overLongTextShowsItsLength()
