@@ -1,14 +1,11 @@
 // koralctl serve against the protocol's reference client (rigctl, rig model 2 "NET rigctl")
-// on the built-in virtual radio. Without rigctl installed the client half is skipped.
-
-#include "support/KoralctlRunner.h"
+// on the built-in virtual radio; skipped without rigctl installed. Its argument errors are in
+// tst_koralctl.
 
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTcpServer>
 #include <QtTest>
-
-using namespace koral::test;
 
 namespace {
 constexpr int kBound = 60000;
@@ -18,50 +15,22 @@ class ServeTest : public QObject
 {
     Q_OBJECT
 private slots:
-    void badArguments_data()
-    {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<QString>("complaint");
-        QTest::newRow("no radio port") << QStringList{"serve"} << "--port P is required";
-        QTest::newRow("listen without port")
-            << QStringList{"serve", "--port", "virtual", "--listen", "127.0.0.1"}
-            << "'127.0.0.1' is not ADDRESS:PORT";
-        QTest::newRow("scratch beyond 200")
-            << QStringList{"serve", "--port", "virtual", "--scratch", "201"}
-            << "The scratch channel 201 is not a channel number";
-    }
-    void badArguments()
-    {
-        QFETCH(QStringList, arguments);
-        QFETCH(QString, complaint);
-        const KoralctlOutcome outcome = runKoralctl(arguments);
-        QCOMPARE(outcome.exitCode, 2);
-        QVERIFY2(outcome.err.contains(complaint), qPrintable(outcome.err));
-    }
-
     void referenceClient_data()
     {
+        const auto row = [](const char* name, const char* command, const char* out,
+                            bool refused = false) {
+            QTest::newRow(name) << QString(command) << QString(out) << refused;
+        };
         QTest::addColumn<QString>("command");
         QTest::addColumn<QString>("out");
         QTest::addColumn<bool>("refused");
-        QTest::newRow("select channel 12") << "E 12"
-                                           << "" << false;
-        QTest::newRow("channel") << "e"
-                                 << "12\n"
-                                 << false;
-        QTest::newRow("frequency") << "f"
-                                   << "5815000\n"
-                                   << false;
-        QTest::newRow("mode") << "m"
-                              << "USB\n3000\n"
-                              << false;
-        QTest::newRow("no channel on 7.1 MHz") << "F 7100000"
-                                               << "" << true;
-        QTest::newRow("channel 17 on 7.055 MHz") << "F 7055000"
-                                                 << "" << false;
-        QTest::newRow("now on channel 17") << "e"
-                                           << "17\n"
-                                           << false;
+        row("select channel 12", "E 12", "");
+        row("channel", "e", "12\n");
+        row("frequency", "f", "5815000\n");
+        row("mode", "m", "USB\n3000\n");
+        row("no channel on 7.1 MHz", "F 7100000", "", true);
+        row("channel 17 on 7.055 MHz", "F 7055000", "");
+        row("now on channel 17", "e", "17\n");
     }
     void referenceClient()
     {

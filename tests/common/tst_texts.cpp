@@ -13,8 +13,6 @@ private slots:
     {
         QTest::addColumn<int>("id");
         QTest::addColumn<QString>("expected");
-        QTest::newRow("1") << 1 << "Command in progress, please wait!!!";
-        QTest::newRow("61465") << 61465 << "Can't open port.";
         QTest::newRow("61466 keeps its two blanks")
             << 61466
             << "Radio does not respond to application messages. Check if the  \nradio is turned "

@@ -1,5 +1,6 @@
 #include "radiodb/ProgrammedFlags.h"
 #include "radiodb/RadioSanitiser.h"
+#include "radiodb/dbase.h"
 
 #include <QtTest>
 
@@ -37,6 +38,7 @@ dbase validRecord()
 
 } // namespace
 
+// The record: its layout and bitmaps, and what the sanitiser repairs.
 class RadioSanitiserTest : public QObject
 {
     Q_OBJECT
@@ -108,22 +110,19 @@ private slots:
 
     void cleansTexts_data()
     {
+        const auto row = [](const char* name, const char* field, const char* allowed,
+                            const char* expected) {
+            QTest::newRow(name) << QByteArray(field, 8) << QString(allowed)
+                                << QByteArray(expected, 8);
+        };
         QTest::addColumn<QByteArray>("field");
         QTest::addColumn<QString>("allowed");
         QTest::addColumn<QByteArray>("expected");
-        QTest::newRow("version keeps digits and points")
-            << QByteArray("1.2-b3\0\0", 8) << "0123456789." << QByteArray("1.23\0\0\0\0", 8);
-        QTest::newRow("nothing after the first NUL survives")
-            << QByteArray("12\0"
-                          "34\0\0\0",
-                          8)
-            << "0123456789." << QByteArray("12\0\0\0\0\0\0", 8);
-        QTest::newRow("full field stays full")
-            << QByteArray("AB12cd34", 8)
-            << "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"
-            << QByteArray("AB12cd34", 8);
-        QTest::newRow("space removed from alphanumerics")
-            << QByteArray("A B\0\0\0\0\0", 8) << "ABC" << QByteArray("AB\0\0\0\0\0\0", 8);
+        const char* digits = "0123456789.";
+        row("version keeps digits and points", "1.2-b3\0\0", digits, "1.23\0\0\0\0");
+        row("nothing after the first NUL survives", "12\00034\0\0\0", digits, "12\0\0\0\0\0\0");
+        row("full field stays full", "AB12cd34", "0123456789ABCDabcd", "AB12cd34");
+        row("space removed from alphanumerics", "A B\0\0\0\0\0", "ABC", "AB\0\0\0\0\0\0");
     }
     void cleansTexts()
     {
@@ -143,11 +142,11 @@ private slots:
         setFieldText(db.serialNumber, "SN-42");
         setFieldText(db.option(OptionSlot::SelCall).hardwareVersion, "v1.0");
         sanitise(db);
-        QCOMPARE(fieldText(db.ecn[3]), std::string_view("NET 1A"));
-        QCOMPARE(fieldText(db.sp[0]), std::string_view("SP1"));
-        QCOMPARE(fieldText(db.serialNumber), std::string_view("SN42"));
-        QCOMPARE(fieldText(db.option(OptionSlot::SelCall).hardwareVersion),
-                 std::string_view("1.0"));
+        const std::string cleaned =
+            std::string(fieldText(db.ecn[3])) + "|" + std::string(fieldText(db.sp[0])) + "|" +
+            std::string(fieldText(db.serialNumber)) + "|" +
+            std::string(fieldText(db.option(OptionSlot::SelCall).hardwareVersion));
+        QCOMPARE(cleaned, std::string("NET 1A|SP1|SN42|1.0"));
     }
 
     void groupsKeepOnlyRealChannels_data()
@@ -268,6 +267,66 @@ private slots:
                 set << int(i);
         }
         QCOMPARE(set, (QList<int>{0, 50, 51, 61, 62, 261}));
+    }
+
+    // The bitmap is most significant bit first: channel n is bit 7 - n % 8 of byte n / 8.
+    void groupMemberBits_data()
+    {
+        QTest::addColumn<int>("number");
+        QTest::addColumn<int>("byteIndex");
+        QTest::addColumn<int>("byteValue");
+        QTest::newRow("bit 0") << 0 << 0 << 0x80;
+        QTest::newRow("channel 7") << 7 << 0 << 0x01;
+        QTest::newRow("channel 8") << 8 << 1 << 0x80;
+        QTest::newRow("channel 200") << 200 << 25 << 0x80;
+    }
+    void groupMemberBits()
+    {
+        QFETCH(int, number);
+        QFETCH(int, byteIndex);
+        QFETCH(int, byteValue);
+        Group group{};
+        QVERIFY(!group.isProgrammed());
+        group.setMember(number, true);
+        QCOMPARE(int(group.members[std::size_t(byteIndex)]), byteValue);
+        QVERIFY(group.isMember(number));
+        QVERIFY(!group.isMember(number + 1));
+        QVERIFY(group.isProgrammed());
+        group.setMember(number, false);
+        QVERIFY(!group.isProgrammed());
+    }
+
+    void groupIgnoresBitsOutsideTheBitmap()
+    {
+        Group group{};
+        group.setMember(201, true);
+        group.setMember(-1, true);
+        QVERIFY(!group.isProgrammed());
+        QVERIFY(!group.isMember(201));
+    }
+
+    void numbersAreHostOrderAtTheirOffsets()
+    {
+        dbase db{};
+        db.channelNo(2).txFrequency.set(0x01020304u);
+        db.radioOptions.priorityChannel.set(0x0506);
+        const auto* bytes = reinterpret_cast<const unsigned char*>(&db);
+        std::uint32_t tx = 0;
+        std::memcpy(&tx, bytes + 1688 + 13 + 3, 4);
+        QCOMPARE(tx, 0x01020304u);
+        std::uint16_t priority = 0;
+        std::memcpy(&priority, bytes + 4288, 2);
+        QCOMPARE(priority, std::uint16_t(0x0506));
+    }
+
+    void fixedWidthTexts()
+    {
+        std::array<char, 8> field{};
+        setFieldText(field, "0123456789");
+        QCOMPARE(fieldText(field), std::string_view("01234567"));
+        setFieldText(field, "1.2");
+        QCOMPARE(fieldText(field), std::string_view("1.2"));
+        QCOMPARE(field[7], '\0');
     }
 };
 

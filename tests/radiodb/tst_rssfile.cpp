@@ -38,14 +38,12 @@ void setChannel(dbase& db, int number, std::uint32_t tx, std::uint32_t rx)
     ch.modulation = 2;
 }
 
-QString members(const Group& group)
+QString joined(const QList<int>& values, char separator)
 {
     QStringList list;
-    for (int n = 0; n <= kGroupBitCount; ++n) {
-        if (group.isMember(n))
-            list << QString::number(n);
-    }
-    return list.join(',');
+    for (int value : values)
+        list << QString::number(value);
+    return list.join(separator);
 }
 
 // One field of a loaded record, as the test tables name it.
@@ -56,16 +54,18 @@ QString describe(const dbase& db, bool isb, const QString& field)
     };
     if (field.startsWith("channel")) {
         const channel& ch = db.channelNo(field.mid(7).toInt());
-        QStringList values;
-        for (int value :
-             {int(ch.power), int(ch.sideband), int(ch.bandwidth), int(ch.txFrequency.get()),
-              int(ch.rxFrequency.get()), int(ch.agc), int(ch.modulation)})
-            values << QString::number(value);
-        return values.join(',');
+        return joined({ch.power, ch.sideband, ch.bandwidth, int(ch.txFrequency.get()),
+                       int(ch.rxFrequency.get()), ch.agc, ch.modulation},
+                      ',');
     }
     if (field.startsWith("group")) {
         const Group& group = db.groups[std::size_t(field.back().toLatin1() - 'A')];
-        return QStringLiteral("%1:%2").arg(group.guardChannel.get()).arg(members(group));
+        QList<int> members;
+        for (int n = 0; n <= kGroupBitCount; ++n) {
+            if (group.isMember(n))
+                members << n;
+        }
+        return QStringLiteral("%1:%2").arg(group.guardChannel.get()).arg(joined(members, ','));
     }
     if (field.startsWith("option")) {
         const OptionRecord& option = db.options[std::size_t(field.mid(6).toInt())];
@@ -78,15 +78,11 @@ QString describe(const dbase& db, bool isb, const QString& field)
         return text(db.serialNumber);
     if (field == "radio options") {
         const RadioOptions& o = db.radioOptions;
-        QStringList values;
-        for (int value :
-             {int(o.priorityChannel.get()), int(o.cwPttHold), int(o.scanRate),
-              int(o.dataPowerLevel), int(o.alertTone), int(o.alternateDisplayTime),
-              int(o.accessorySideTone), int(o.microphoneSideTone), int(o.beepAfterKeyboardPress),
-              int(o.beepAfterPttRelease), int(o.frequencyDisplay), int(o.baudRate),
-              int(o.noiseBlanker), int(db.language)})
-            values << QString::number(value);
-        return values.join(' ');
+        return joined({o.priorityChannel.get(), o.cwPttHold, o.scanRate, o.dataPowerLevel,
+                       o.alertTone, o.alternateDisplayTime, o.accessorySideTone,
+                       o.microphoneSideTone, o.beepAfterKeyboardPress, o.beepAfterPttRelease,
+                       o.frequencyDisplay, o.baudRate, o.noiseBlanker, db.language},
+                      ' ');
     }
     if (field == "accessories")
         return QStringLiteral("%1 %2 isb %3").arg(db.accessoryInstalled).arg(db.tuner).arg(isb);
@@ -99,381 +95,361 @@ class TestRssFile : public QObject
 {
     Q_OBJECT
 
+    std::filesystem::path path(const char* name) const { return m_dir.path(name); }
+    test::TestFolder m_dir;
+
 private slots:
     void init() { QVERIFY(m_dir.isValid()); }
 
-    void savedLayout();
-    void load_data();
-    void load();
-    void versionCheck_data();
-    void versionCheck();
-    void fileInformation();
-    void saveReplacesTheWholeFile();
-    void failedSaveKeepsTheOldFile();
-    void savedFilesReloadToTheSameBytes();
-    void brokenFilesLoadSanitised_data();
-    void brokenFilesLoadSanitised();
-    void ccirChannelNumbers();
+    void savedLayout()
+    {
+        dbase db{};
+        setFieldText(db.serialNumber, "SN42");
+        setFieldText(db.softwareVersion, "1.2");
+        setFieldText(db.option(OptionSlot::DeleteLsb).softwareVersion, "01.00");
+        db.option(OptionSlot::NoiseBlanker).status = 1;
+        setFieldText(db.ecn[2], "EC N");
+        setChannel(db, 1, 12345000, 12345000);
+        setChannel(db, 200, 0, 5000000);
+        db.groups[1].setMember(1, true);
+        db.groups[1].setMember(200, true);
+        db.groups[1].guardChannel.set(200);
+        db.radioOptions.scanRate = 4;
+        db.radioOptions.noiseBlanker = 1;
+        db.tuner = 1;
+        FileInfo info{.comment = "first\r\nsecond", .userName = "Op"};
+        const CcirChannelNumbers ccir{7};
 
-private:
-    std::filesystem::path path(const char* name) const { return m_dir.path(name); }
-    test::TestFolder m_dir;
-};
+        const std::string expected =
+            "[ZOV]\r\nZOV_Version=2.01\r\nComment=first\\rsecond\r\nUserName=Op\r\n"
+            "[Wide Information]\r\nSerial_Number=SN42\r\nRadio_Code=\r\nSoftware_Version=1.2\r\n"
+            "Hardware_Version=\r\nControl_Head_Software_Version=\r\n"
+            "Control_Head_Hardware_Version=\r\n"
+            "[Options]\r\nHigh Stability Oscillator=,,Disabled\r\nDelete LSB=01.00,,Disabled\r\n"
+            "Noise Blanker=,,Enabled\r\nRemote Control=,,Disabled\r\nSelCall=,,Disabled\r\n"
+            "Delete ALE=,,Disabled\r\nDelete Data=,,Disabled\r\nAccessory Stop Scan=,,Disabled\r\n"
+            "Amateure Ferq Restriction=,,Disabled\r\nMultyNet Enable=,,Disabled\r\n"
+            "Broad Band Filter Enable=,,Disabled\r\nRead Programmed Memory=,,Disabled\r\n"
+            "VP Option Enable=,,Disabled\r\nPPS Option Enable=,,Disabled\r\n"
+            "Input Password Enable=,,Disabled\r\n"
+            "[ECN List]\r\nECN3=EC N\r\n"
+            "[Groups Guard Channels]\r\nGroup_B=200,1,200\r\n"
+            "[Channels]\r\nChannel1=High,LSB,12345000,12345000,Off,AME,3300\r\n"
+            "Channel200=High,LSB,0,5000000,Off,AME,3300\r\n"
+            "[Radio Options]\r\nPriority_Channel=1\r\nScan_Rate=4 Ch/Sec\r\nBaud_Rate=1200\r\n"
+            "Alert_Tone=Low\r\nCW_PTT_Hold=500 mSec\r\nAlternate_Display_Time=5 Sec\r\n"
+            "Data_Power_Level=Max\r\nLanguage=ENGLISH\r\nBeep_After_Keyboard_Press=No\r\n"
+            "Beep_After_PTT_Release=No\r\nAccessory_Side_Tone=No\r\nMicrophone_Side_Tone=No\r\n"
+            "Frequency_Display=Hide\r\nNoise_Blanker=Yes\r\nISB=Yes\r\n"
+            "[Accessories]\r\nAccessory_Installed=None\r\nTuner=Yes\r\n"
+            "[Ccir Channel Number]\r\nChannel1=7\r\n";
 
-void TestRssFile::savedLayout()
-{
-    dbase db{};
-    setFieldText(db.serialNumber, "SN42");
-    setFieldText(db.softwareVersion, "1.2");
-    setFieldText(db.option(OptionSlot::DeleteLsb).softwareVersion, "01.00");
-    db.option(OptionSlot::NoiseBlanker).status = 1;
-    setFieldText(db.ecn[2], "EC N");
-    setChannel(db, 1, 12345000, 12345000);
-    setChannel(db, 200, 0, 5000000);
-    db.groups[1].setMember(1, true);
-    db.groups[1].setMember(200, true);
-    db.groups[1].guardChannel.set(200);
-    db.radioOptions.scanRate = 4;
-    db.radioOptions.noiseBlanker = 1;
-    db.tuner = 1;
-    FileInfo info{.comment = "first\r\nsecond", .userName = "Op"};
-    const CcirChannelNumbers ccir{7};
+        RssFile file(path("a.rss"));
+        QCOMPARE(file.save(info, db, true, &ccir), RssFile::kOk);
+        QCOMPARE(QByteArray::fromStdString(test::readBytes(path("a.rss"))),
+                 QByteArray(expected.c_str()));
+        QVERIFY(info.modificationTime > 0);
 
-    const std::string expected =
-        "[ZOV]\r\nZOV_Version=2.01\r\nComment=first\\rsecond\r\nUserName=Op\r\n"
-        "[Wide Information]\r\nSerial_Number=SN42\r\nRadio_Code=\r\nSoftware_Version=1.2\r\n"
-        "Hardware_Version=\r\nControl_Head_Software_Version=\r\n"
-        "Control_Head_Hardware_Version=\r\n"
-        "[Options]\r\nHigh Stability Oscillator=,,Disabled\r\nDelete LSB=01.00,,Disabled\r\n"
-        "Noise Blanker=,,Enabled\r\nRemote Control=,,Disabled\r\nSelCall=,,Disabled\r\n"
-        "Delete ALE=,,Disabled\r\nDelete Data=,,Disabled\r\nAccessory Stop Scan=,,Disabled\r\n"
-        "Amateure Ferq Restriction=,,Disabled\r\nMultyNet Enable=,,Disabled\r\n"
-        "Broad Band Filter Enable=,,Disabled\r\nRead Programmed Memory=,,Disabled\r\n"
-        "VP Option Enable=,,Disabled\r\nPPS Option Enable=,,Disabled\r\n"
-        "Input Password Enable=,,Disabled\r\n"
-        "[ECN List]\r\nECN3=EC N\r\n"
-        "[Groups Guard Channels]\r\nGroup_B=200,1,200\r\n"
-        "[Channels]\r\nChannel1=High,LSB,12345000,12345000,Off,AME,3300\r\n"
-        "Channel200=High,LSB,0,5000000,Off,AME,3300\r\n"
-        "[Radio Options]\r\nPriority_Channel=1\r\nScan_Rate=4 Ch/Sec\r\nBaud_Rate=1200\r\n"
-        "Alert_Tone=Low\r\nCW_PTT_Hold=500 mSec\r\nAlternate_Display_Time=5 Sec\r\n"
-        "Data_Power_Level=Max\r\nLanguage=ENGLISH\r\nBeep_After_Keyboard_Press=No\r\n"
-        "Beep_After_PTT_Release=No\r\nAccessory_Side_Tone=No\r\nMicrophone_Side_Tone=No\r\n"
-        "Frequency_Display=Hide\r\nNoise_Blanker=Yes\r\nISB=Yes\r\n"
-        "[Accessories]\r\nAccessory_Installed=None\r\nTuner=Yes\r\n"
-        "[Ccir Channel Number]\r\nChannel1=7\r\n";
-
-    RssFile file(path("a.rss"));
-    QCOMPARE(file.save(info, db, true, &ccir), RssFile::kOk);
-    QCOMPARE(QByteArray::fromStdString(test::readBytes(path("a.rss"))),
-             QByteArray(expected.c_str()));
-    QVERIFY(info.modificationTime > 0);
-
-    // Printing writes the same text with the CCIR channel numbers first.
-    const std::string printed = RssFile::content(info, db, true, &ccir, kChannelCount, true);
-    QVERIFY(printed.starts_with("[Ccir Channel Number]\r\nChannel1=7\r\n[ZOV]\r\n"));
-    QCOMPARE(printed.size(), expected.size());
-}
-
-void TestRssFile::load_data()
-{
-    const auto row = [](const char* name, const QByteArray& content, const char* field,
-                        const char* expected) {
-        QTest::newRow(name) << content << QString(field) << QString(expected);
-    };
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("field");
-    QTest::addColumn<QString>("expected");
-
-    row("missing option loads disabled", "", "option0", ",,0");
-    row("option", "[Options]\r\nSelCall=01.00,02.5,Enabled\r\n", "option4", "01.00,02.5,1");
-    row("defaults of the radio options", "", "radio options", "1 50 2 5 0 5 0 0 1 0 1 3 0 0");
-    row("radio options",
-        "[Radio Options]\r\nPriority_Channel=150\r\nCW_PTT_Hold=150 mSec\r\n"
-        "Scan_Rate=5 Ch/Sec\r\nData_Power_Level=Low\r\nAlert_Tone=High\r\n"
-        "Alternate_Display_Time=10 Sec\r\nAccessory_Side_Tone=Yes\r\n"
-        "Microphone_Side_Tone=Yes\r\nBeep_After_Keyboard_Press=No\r\n"
-        "Beep_After_PTT_Release=Yes\r\nFrequency_Display=Hide\r\n"
-        "Baud_Rate=2400\r\nLanguage=BAHASA\r\n",
-        "radio options", "150 15 5 2 1 10 1 1 0 1 0 1 0 3");
-    row("unknown scan rate repaired", "[Radio Options]\r\nScan_Rate=7 Ch/Sec\r\n", "radio options",
-        "1 50 2 5 0 5 0 0 1 0 1 3 0 0");
-    row("priority beyond the channels repaired", "[Radio Options]\r\nPriority_Channel=201\r\n",
-        "radio options", "1 50 2 5 0 5 0 0 1 0 1 3 0 0");
-    row("noise blanker needs its option",
-        "[Options]\r\nNoise Blanker=,,Enabled\r\n"
-        "[Radio Options]\r\nNoise_Blanker=Yes\r\nBeep_After_Keyboard_Press=No",
-        "radio options", "1 50 2 5 0 5 0 0 0 0 1 3 1 0");
-    row("accessories and isb",
-        "[Accessories]\r\nAccessory_Installed=Accessory2\r\nTuner=Yes\r\n"
-        "[Radio Options]\r\nISB=Yes",
-        "accessories", "3 1 isb 1");
-    row("unknown isb is off", "[Radio Options]\r\nISB=yes", "accessories", "0 0 isb 0");
-    row("channel",
-        "[Channels]\r\nChannel7=Low,LSB,2000000,3000000,Fast,"
-        "PLT,CW",
-        "channel7", "2,0,3,2000000,3000000,1,1");
-    row("old channel line without bandwidth",
-        "[Channels]\r\nChannel7=Low,USB,2000000,3000000,Fast,ISB", "channel7",
-        "2,1,0,2000000,3000000,1,3");
-    row("transmit-only channel", "[Channels]\r\nChannel3=High,LSB,2000000", "channel3",
-        "4,0,0,2000000,0,0,0");
-    row("missing channel is empty", "", "channel3", "5,1,0,0,0,0,0");
-    row("frequency below range cleared",
-        "[Channels]\r\nChannel9=Max,USB,1599999,100000,Off,SSB,2100", "channel9",
-        "5,1,5,0,100000,255,0");
-    row("unknown texts repaired", "[Channels]\r\nChannel9=max,usb,2000000,2000000,2,SSB,9",
-        "channel9", "5,0,0,2000000,2000000,0,0");
-    row("delete LSB forces USB",
-        "[Options]\r\nDelete LSB=,,Enabled\r\n"
-        "[Channels]\r\nChannel9=Max,LSB,2000000,2000000,Slow,SSB,2700",
-        "channel9", "5,1,0,2000000,2000000,0,0");
-    row("group", "[Groups Guard Channels]\r\nGroup_A=17,3,5,17", "groupA", "17:3,5,17");
-    row("group guard not a member", "[Groups Guard Channels]\r\nGroup_B=100,5,250", "groupB",
-        "65535:5");
-    row("group without members", "[Groups Guard Channels]\r\nGroup_C=9", "groupC", "65535:");
-    row("missing group", "", "groupE", "65535:");
-    row("ecn keeps blanks inside", "[ECN List]\r\nECN2=A B,C", "ecn2", "A B");
-    row("ecn cut to its field", "[ECN List]\r\nECN50=0123456789ABCDEFGH", "ecn50",
-        "0123456789ABCDEF");
-    row("serial cleaned", "[Wide Information]\r\nSerial_Number=AB-12 cd", "serial", "AB12cd");
-}
-
-void TestRssFile::load()
-{
-    QFETCH(QByteArray, content);
-    QFETCH(QString, field);
-    QFETCH(QString, expected);
-
-    test::writeBytes(path("in.rss"), content.toStdString());
-    dbase db{};
-    bool isb = false;
-    QCOMPARE(RssFile(path("in.rss")).load(nullptr, &db, &isb), RssFile::kOk);
-    QCOMPARE(describe(db, isb, field), expected);
-}
-
-void TestRssFile::versionCheck_data()
-{
-    QTest::addColumn<QByteArray>("version");
-    QTest::addColumn<bool>("check");
-    QTest::addColumn<int>("result");
-    QTest::newRow("same version checked") << QByteArray("2.01") << true << RssFile::kOk;
-    QTest::newRow("other version checked")
-        << QByteArray("1.00") << true << RssFile::kVersionMismatch;
-    QTest::newRow("other version unchecked") << QByteArray("1.00") << false << RssFile::kOk;
-}
-
-void TestRssFile::versionCheck()
-{
-    QFETCH(QByteArray, version);
-    QFETCH(bool, check);
-    QFETCH(int, result);
-
-    test::writeBytes(path("v.rss"),
-                     "[ZOV]\r\nZOV_Version=" + version.toStdString() +
-                         "\r\nComment=c\r\n[Channels]\r\nChannel1=Max,USB,2000000,0\r\n");
-    dbase db{};
-    db.tuner = 7; // an unsanitised marker: a refused load must not touch the record
-    FileInfo info{.comment = "before"};
-    bool isb = true;
-    QCOMPARE(RssFile(path("v.rss")).load(&info, &db, &isb, check), result);
-    if (result == RssFile::kOk) {
-        QCOMPARE(db.channelNo(1).txFrequency.get(), 2000000u);
-        QCOMPARE(info.comment, std::string("c"));
-        QVERIFY(!isb);
-    } else {
-        QCOMPARE(db.tuner, std::uint8_t{7});
-        QCOMPARE(info.comment, std::string("before"));
-        QVERIFY(isb);
+        // Printing writes the same text with the CCIR channel numbers first.
+        const std::string printed = RssFile::content(info, db, true, &ccir, kChannelCount, true);
+        QVERIFY(printed.starts_with("[Ccir Channel Number]\r\nChannel1=7\r\n[ZOV]\r\n"));
+        QCOMPARE(printed.size(), expected.size());
     }
-}
 
-void TestRssFile::fileInformation()
-{
-    test::writeBytes(path("i.rss"),
-                     "[zov]\r\ncomment=one\\rtwo\\r\r\nUserName=" + std::string(30, 'u') + "\r\n");
-    FileInfo info;
-    QCOMPARE(RssFile(path("i.rss")).load(&info, nullptr, nullptr), RssFile::kOk);
-    QCOMPARE(info.comment, std::string("one\r\ntwo\r\n"));
-    QCOMPARE(info.userName, std::string(19, 'u'));
-    QCOMPARE(info.modificationTime, fileModificationTime(path("i.rss")));
-    QVERIFY(info.modificationTime > 0);
+    void load_data()
+    {
+        const auto row = [](const char* name, const QByteArray& content, const char* field,
+                            const char* expected) {
+            QTest::newRow(name) << content << QString(field) << QString(expected);
+        };
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<QString>("expected");
 
-    FileInfo missing{.comment = "x", .modificationTime = 5};
-    QCOMPARE(RssFile(path("none.rss")).load(&missing, nullptr, nullptr), RssFile::kOk);
-    QCOMPARE(missing.comment, std::string());
-    QCOMPARE(missing.modificationTime, std::int64_t{0});
-}
+        row("missing option loads disabled", "", "option0", ",,0");
+        row("option", "[Options]\r\nSelCall=01.00,02.5,Enabled\r\n", "option4", "01.00,02.5,1");
+        row("defaults of the radio options", "", "radio options", "1 50 2 5 0 5 0 0 1 0 1 3 0 0");
+        row("radio options",
+            "[Radio Options]\r\nPriority_Channel=150\r\nCW_PTT_Hold=150 mSec\r\n"
+            "Scan_Rate=5 Ch/Sec\r\nData_Power_Level=Low\r\nAlert_Tone=High\r\n"
+            "Alternate_Display_Time=10 Sec\r\nAccessory_Side_Tone=Yes\r\n"
+            "Microphone_Side_Tone=Yes\r\nBeep_After_Keyboard_Press=No\r\n"
+            "Beep_After_PTT_Release=Yes\r\nFrequency_Display=Hide\r\n"
+            "Baud_Rate=2400\r\nLanguage=BAHASA\r\n",
+            "radio options", "150 15 5 2 1 10 1 1 0 1 0 1 0 3");
+        row("unknown scan rate repaired", "[Radio Options]\r\nScan_Rate=7 Ch/Sec\r\n",
+            "radio options", "1 50 2 5 0 5 0 0 1 0 1 3 0 0");
+        row("priority beyond the channels repaired", "[Radio Options]\r\nPriority_Channel=201\r\n",
+            "radio options", "1 50 2 5 0 5 0 0 1 0 1 3 0 0");
+        row("noise blanker needs its option",
+            "[Options]\r\nNoise Blanker=,,Enabled\r\n"
+            "[Radio Options]\r\nNoise_Blanker=Yes\r\nBeep_After_Keyboard_Press=No",
+            "radio options", "1 50 2 5 0 5 0 0 0 0 1 3 1 0");
+        row("accessories and isb",
+            "[Accessories]\r\nAccessory_Installed=Accessory2\r\nTuner=Yes\r\n"
+            "[Radio Options]\r\nISB=Yes",
+            "accessories", "3 1 isb 1");
+        row("unknown isb is off", "[Radio Options]\r\nISB=yes", "accessories", "0 0 isb 0");
+        row("channel",
+            "[Channels]\r\nChannel7=Low,LSB,2000000,3000000,Fast,"
+            "PLT,CW",
+            "channel7", "2,0,3,2000000,3000000,1,1");
+        row("old channel line without bandwidth",
+            "[Channels]\r\nChannel7=Low,USB,2000000,3000000,Fast,ISB", "channel7",
+            "2,1,0,2000000,3000000,1,3");
+        row("transmit-only channel", "[Channels]\r\nChannel3=High,LSB,2000000", "channel3",
+            "4,0,0,2000000,0,0,0");
+        row("missing channel is empty", "", "channel3", "5,1,0,0,0,0,0");
+        row("frequency below range cleared",
+            "[Channels]\r\nChannel9=Max,USB,1599999,100000,Off,SSB,2100", "channel9",
+            "5,1,5,0,100000,255,0");
+        row("unknown texts repaired", "[Channels]\r\nChannel9=max,usb,2000000,2000000,2,SSB,9",
+            "channel9", "5,0,0,2000000,2000000,0,0");
+        row("delete LSB forces USB",
+            "[Options]\r\nDelete LSB=,,Enabled\r\n"
+            "[Channels]\r\nChannel9=Max,LSB,2000000,2000000,Slow,SSB,2700",
+            "channel9", "5,1,0,2000000,2000000,0,0");
+        row("group", "[Groups Guard Channels]\r\nGroup_A=17,3,5,17", "groupA", "17:3,5,17");
+        row("group guard not a member", "[Groups Guard Channels]\r\nGroup_B=100,5,250", "groupB",
+            "65535:5");
+        row("group without members", "[Groups Guard Channels]\r\nGroup_C=9", "groupC", "65535:");
+        row("missing group", "", "groupE", "65535:");
+        row("ecn keeps blanks inside", "[ECN List]\r\nECN2=A B,C", "ecn2", "A B");
+        row("ecn cut to its field", "[ECN List]\r\nECN50=0123456789ABCDEFGH", "ecn50",
+            "0123456789ABCDEF");
+        row("serial cleaned", "[Wide Information]\r\nSerial_Number=AB-12 cd", "serial", "AB12cd");
+    }
 
-void TestRssFile::saveReplacesTheWholeFile()
-{
-    test::writeBytes(path("r.rss"),
-                     "[RSS]\r\nold=1\r\n[Channels]\r\nChannel5=Max,USB,2000000,2000000\r\n"
-                     "[Groups Guard Channels]\r\nGroup_A=5,5\r\n");
-    FileInfo info;
-    RssFile file(path("r.rss"));
-    QCOMPARE(file.save(info, dbase{}, false), RssFile::kOk);
-    const std::string saved = test::readBytes(path("r.rss"));
-    QVERIFY(saved.find("[RSS]") == std::string::npos);
-    QVERIFY(saved.find("Channel5") == std::string::npos);
-    QVERIFY(saved.find("[Channels]") == std::string::npos);
-    QVERIFY(saved.find("Group_A") == std::string::npos);
-    QVERIFY(saved.find("[Ccir Channel Number]") == std::string::npos);
+    void load()
+    {
+        QFETCH(QByteArray, content);
+        QFETCH(QString, field);
+        QFETCH(QString, expected);
 
-    dbase loaded{};
-    loaded.channelNo(5).txFrequency.set(1);
-    QCOMPARE(file.load(nullptr, &loaded, nullptr), RssFile::kOk);
-    QVERIFY(!loaded.channelNo(5).isProgrammed());
-}
+        test::writeBytes(path("in.rss"), content.toStdString());
+        dbase db{};
+        bool isb = false;
+        QCOMPARE(RssFile(path("in.rss")).load(nullptr, &db, &isb), RssFile::kOk);
+        QCOMPARE(describe(db, isb, field), expected);
+    }
 
-void TestRssFile::failedSaveKeepsTheOldFile()
-{
-    const std::filesystem::path target = path("missing-folder/x.rss");
-    FileInfo info{.modificationTime = 3};
-    RssFile file(target);
-    QCOMPARE(file.save(info, dbase{}, false), RssFile::kWriteFailed);
-    QCOMPARE(file.errorString(),
-             "Cannot write the file " + target.string() + ": No such file or directory");
-    QCOMPARE(info.modificationTime, std::int64_t{3});
+    // The header: the version check, and the comment and user name read back (a refused load
+    // touches nothing).
+    void versionCheck_data()
+    {
+        QTest::addColumn<QByteArray>("version");
+        QTest::addColumn<bool>("check");
+        QTest::addColumn<int>("result");
+        QTest::newRow("same version checked") << QByteArray("2.01") << true << RssFile::kOk;
+        QTest::newRow("other version checked")
+            << QByteArray("1.00") << true << RssFile::kVersionMismatch;
+        QTest::newRow("other version unchecked") << QByteArray("1.00") << false << RssFile::kOk;
+    }
 
-    // A folder standing where the file should go stays as it was.
-    QVERIFY(std::filesystem::create_directory(path("busy.rss")));
-    RssFile blocked(path("busy.rss"));
-    QCOMPARE(blocked.save(info, dbase{}, false), RssFile::kWriteFailed);
-    QVERIFY(std::filesystem::is_directory(path("busy.rss")));
-    QVERIFY(std::filesystem::is_empty(path("busy.rss")));
-    for (const auto& entry : std::filesystem::directory_iterator(m_dir.root()))
-        QVERIFY(entry.path().filename().string().find(".tmp") == std::string::npos);
-}
+    void versionCheck()
+    {
+        QFETCH(QByteArray, version);
+        QFETCH(bool, check);
+        QFETCH(int, result);
 
-// Whatever a database holds, its saved file loads back to a database that saves the same bytes.
-void TestRssFile::savedFilesReloadToTheSameBytes()
-{
-    QRandomGenerator random(4304);
-    for (int round = 0; round < 25; ++round) {
-        dbase db;
-        auto* bytes = reinterpret_cast<std::uint8_t*>(&db);
-        for (std::size_t i = 0; i < sizeof db; ++i)
-            bytes[i] = static_cast<std::uint8_t>(random.bounded(256));
-        // The sanitiser leaves option states and the language alone, and a value outside its
-        // list is saved as an empty text, which loads as the list's first value: keep them
-        // listed.
-        for (OptionRecord& option : db.options)
-            option.status = static_cast<std::uint8_t>(random.bounded(2));
-        db.language = static_cast<std::uint8_t>(random.bounded(4));
-        // Most channels programmed with real frequencies, so the channel lines carry values.
-        for (int number = 1; number <= kChannelCount; number += 1 + random.bounded(3))
-            setChannel(db, number, 1600000 + random.bounded(28400000), random.bounded(30000000));
-        CcirChannelNumbers ccir;
-        for (auto& n : ccir)
-            n = static_cast<std::uint16_t>(random.bounded(65536));
-        const bool isb = random.bounded(2) == 1;
-        FileInfo info{.comment = "a\r\nb", .userName = "me"};
+        test::writeBytes(path("v.rss"),
+                         "[zov]\r\nZOV_Version=" + version.toStdString() +
+                             "\r\ncomment=one\\rtwo\\r\r\nUserName=" + std::string(30, 'u') +
+                             "\r\n[Channels]\r\nChannel1=Max,USB,2000000,0\r\n");
+        dbase db{};
+        db.tuner = 7; // an unsanitised marker: a refused load must not touch the record
+        FileInfo info{.comment = "before"};
+        bool isb = true;
+        QCOMPARE(RssFile(path("v.rss")).load(&info, &db, &isb, check), result);
+        if (result == RssFile::kOk) {
+            QCOMPARE(db.channelNo(1).txFrequency.get(), 2000000u);
+            QCOMPARE(info.comment, std::string("one\r\ntwo\r\n"));
+            QCOMPARE(info.userName, std::string(19, 'u'));
+            QCOMPARE(info.modificationTime, fileModificationTime(path("v.rss")));
+            QVERIFY(info.modificationTime > 0);
+            QVERIFY(!isb);
+        } else {
+            QCOMPARE(db.tuner, std::uint8_t{7});
+            QCOMPARE(info.comment, std::string("before"));
+            QVERIFY(isb);
+        }
+    }
 
-        RssFile first(path("first.rss"));
-        QCOMPARE(first.save(info, db, isb, &ccir), RssFile::kOk);
+    void missingFileHasNoInformation()
+    {
+        FileInfo missing{.comment = "x", .modificationTime = 5};
+        QCOMPARE(RssFile(path("none.rss")).load(&missing, nullptr, nullptr), RssFile::kOk);
+        QCOMPARE(missing.comment, std::string());
+        QCOMPARE(missing.modificationTime, std::int64_t{0});
+    }
+
+    void saveReplacesTheWholeFile()
+    {
+        test::writeBytes(path("r.rss"),
+                         "[RSS]\r\nold=1\r\n[Channels]\r\nChannel5=Max,USB,2000000,2000000\r\n"
+                         "[Groups Guard Channels]\r\nGroup_A=5,5\r\n");
+        FileInfo info;
+        RssFile file(path("r.rss"));
+        QCOMPARE(file.save(info, dbase{}, false), RssFile::kOk);
+        const std::string saved = test::readBytes(path("r.rss"));
+        for (const char* gone :
+             {"[RSS]", "Channel5", "[Channels]", "Group_A", "[Ccir Channel Number]"})
+            QVERIFY2(saved.find(gone) == std::string::npos, gone);
+
         dbase loaded{};
-        bool loadedIsb = false;
-        FileInfo loadedInfo;
-        CcirChannelNumbers loadedCcir{};
-        RssFile reread(path("first.rss"));
-        QCOMPARE(reread.load(&loadedInfo, &loaded, &loadedIsb), RssFile::kOk);
-        QVERIFY(reread.loadCcirChannelNumbers(loadedCcir));
-        QCOMPARE(loadedIsb, isb);
-        QCOMPARE(loadedInfo.comment, info.comment);
-
-        RssFile second(path("second.rss"));
-        QCOMPARE(second.save(loadedInfo, loaded, loadedIsb, &loadedCcir), RssFile::kOk);
-        QCOMPARE(firstDifference(test::readBytes(path("second.rss")),
-                                 test::readBytes(path("first.rss"))),
-                 QString());
+        loaded.channelNo(5).txFrequency.set(1);
+        QCOMPARE(file.load(nullptr, &loaded, nullptr), RssFile::kOk);
+        QVERIFY(!loaded.channelNo(5).isProgrammed());
     }
-}
 
-void TestRssFile::brokenFilesLoadSanitised_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    dbase db{};
-    setChannel(db, 3, 2000000, 2000000);
-    db.groups[0].setMember(3, true);
-    const CcirChannelNumbers ccir{};
-    const QByteArray good = QByteArray::fromStdString(RssFile::content({}, db, false, &ccir));
-    for (int cut : {1, 7, 100, 400, 900})
-        QTest::newRow(qPrintable(QStringLiteral("cut at %1").arg(cut))) << good.left(cut);
-    QTest::newRow("binary") << QByteArray("\0\xFF[\x01]=\r\n\0=\0[Channels]\r\nChannel3=\0\0", 30);
-    QTest::newRow("only separators") << QByteArray("[Channels]\r\nChannel1=,,,,,,,,,,,\r\n"
-                                                   "[Groups Guard Channels]\r\nGroup_A=,,,,");
-    QTest::newRow("huge numbers") << QByteArray(
-        "[Channels]\r\nChannel1=Max,USB,99999999999999,-5\r\n"
-        "[Groups Guard Channels]\r\nGroup_A=-70000,99999999999,201,200\r\n"
-        "[Radio Options]\r\nPriority_Channel=-1");
-    QRandomGenerator random(262);
-    for (int i = 0; i < 5; ++i) {
-        QByteArray noise = good;
-        for (int j = 0; j < 40; ++j)
-            noise[random.bounded(int(noise.size()))] = char(random.bounded(256));
-        QTest::newRow(qPrintable(QStringLiteral("noise %1").arg(i))) << noise;
+    void failedSaveKeepsTheOldFile()
+    {
+        const std::filesystem::path target = path("missing-folder/x.rss");
+        FileInfo info{.modificationTime = 3};
+        RssFile file(target);
+        QCOMPARE(file.save(info, dbase{}, false), RssFile::kWriteFailed);
+        QCOMPARE(file.errorString(),
+                 "Cannot write the file " + target.string() + ": No such file or directory");
+        QCOMPARE(info.modificationTime, std::int64_t{3});
+
+        // A folder standing where the file should go stays as it was.
+        QVERIFY(std::filesystem::create_directory(path("busy.rss")));
+        RssFile blocked(path("busy.rss"));
+        QCOMPARE(blocked.save(info, dbase{}, false), RssFile::kWriteFailed);
+        QVERIFY(std::filesystem::is_directory(path("busy.rss")));
+        QVERIFY(std::filesystem::is_empty(path("busy.rss")));
+        for (const auto& entry : std::filesystem::directory_iterator(m_dir.root()))
+            QVERIFY(entry.path().filename().string().find(".tmp") == std::string::npos);
     }
-}
 
-void TestRssFile::brokenFilesLoadSanitised()
-{
-    QFETCH(QByteArray, content);
-    test::writeBytes(path("broken.rss"), content.toStdString());
-    dbase db{};
-    FileInfo info;
-    bool isb = false;
-    RssFile file(path("broken.rss"));
-    QCOMPARE(file.load(&info, &db, &isb), RssFile::kOk);
-    const dbase repaired = sanitised(db);
-    QCOMPARE(std::memcmp(&db, &repaired, sizeof db), 0);
+    // Whatever a database holds, its saved file loads back to a database that saves the same bytes.
+    void savedFilesReloadToTheSameBytes()
+    {
+        QRandomGenerator random(4304);
+        for (int round = 0; round < 25; ++round) {
+            dbase db;
+            auto* bytes = reinterpret_cast<std::uint8_t*>(&db);
+            for (std::size_t i = 0; i < sizeof db; ++i)
+                bytes[i] = static_cast<std::uint8_t>(random.bounded(256));
+            // The sanitiser leaves option states and the language alone, and a value outside its
+            // list is saved as an empty text, which loads as the list's first value: keep them
+            // listed.
+            for (OptionRecord& option : db.options)
+                option.status = static_cast<std::uint8_t>(random.bounded(2));
+            db.language = static_cast<std::uint8_t>(random.bounded(4));
+            // Most channels programmed with real frequencies, so the channel lines carry values.
+            for (int number = 1; number <= kChannelCount; number += 1 + random.bounded(3))
+                setChannel(db, number, 1600000 + random.bounded(28400000),
+                           random.bounded(30000000));
+            CcirChannelNumbers ccir;
+            for (auto& n : ccir)
+                n = static_cast<std::uint16_t>(random.bounded(65536));
+            const bool isb = random.bounded(2) == 1;
+            FileInfo info{.comment = "a\r\nb", .userName = "me"};
 
-    CcirChannelNumbers ccir{};
-    file.loadCcirChannelNumbers(ccir);
-    RssFile out(path("clean.rss"));
-    QCOMPARE(out.save(info, db, isb, &ccir), RssFile::kOk);
-    dbase again{};
-    QCOMPARE(RssFile(path("clean.rss")).load(nullptr, &again, nullptr), RssFile::kOk);
-    QCOMPARE(std::memcmp(&db, &again, sizeof db), 0);
-}
+            RssFile first(path("first.rss"));
+            QCOMPARE(first.save(info, db, isb, &ccir), RssFile::kOk);
+            dbase loaded{};
+            bool loadedIsb = false;
+            FileInfo loadedInfo;
+            CcirChannelNumbers loadedCcir{};
+            RssFile reread(path("first.rss"));
+            QCOMPARE(reread.load(&loadedInfo, &loaded, &loadedIsb), RssFile::kOk);
+            QVERIFY(reread.loadCcirChannelNumbers(loadedCcir));
+            QCOMPARE(loadedIsb, isb);
+            QCOMPARE(loadedInfo.comment, info.comment);
 
-void TestRssFile::ccirChannelNumbers()
-{
-    dbase db{};
-    setChannel(db, 1, 2000000, 3000000);
-    setChannel(db, 2, 2000000, 0); // transmit only: no number
-    setChannel(db, 3, 0, 3000000); // receive only: no number
-    setChannel(db, 200, 2000000, 2000000);
-    CcirChannelNumbers numbers{};
-    numbers[0] = 11;
-    numbers[1] = 22;
-    numbers[2] = 33;
-    numbers[199] = 65535;
+            RssFile second(path("second.rss"));
+            QCOMPARE(second.save(loadedInfo, loaded, loadedIsb, &loadedCcir), RssFile::kOk);
+            QCOMPARE(firstDifference(test::readBytes(path("second.rss")),
+                                     test::readBytes(path("first.rss"))),
+                     QString());
+        }
+    }
 
-    test::writeBytes(path("c.rss"),
-                     "[ZOV]\r\nComment=kept\r\n[Ccir Channel Number]\r\nChannel5=9\r\n");
-    RssFile file(path("c.rss"));
-    QCOMPARE(file.saveCcirChannelNumbers(db.channels, numbers), 1);
-    QCOMPARE(test::readBytes(path("c.rss")), std::string("[ZOV]\r\nComment=kept\r\n"
-                                                         "[Ccir Channel Number]\r\nChannel1=11\r\n"
-                                                         "Channel200=65535\r\n"));
+    void brokenFilesLoadSanitised_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        dbase db{};
+        setChannel(db, 3, 2000000, 2000000);
+        db.groups[0].setMember(3, true);
+        const CcirChannelNumbers ccir{};
+        const QByteArray good = QByteArray::fromStdString(RssFile::content({}, db, false, &ccir));
+        for (int cut : {1, 7, 100, 400, 900})
+            QTest::newRow(qPrintable(QStringLiteral("cut at %1").arg(cut))) << good.left(cut);
+        QTest::newRow("binary") << QByteArray("\0\xFF[\x01]=\r\n\0=\0[Channels]\r\nChannel3=\0\0",
+                                              30);
+        QTest::newRow("only separators") << QByteArray("[Channels]\r\nChannel1=,,,,,,,,,,,\r\n"
+                                                       "[Groups Guard Channels]\r\nGroup_A=,,,,");
+        QTest::newRow("huge numbers")
+            << QByteArray("[Channels]\r\nChannel1=Max,USB,99999999999999,-5\r\n"
+                          "[Groups Guard Channels]\r\nGroup_A=-70000,99999999999,201,200\r\n"
+                          "[Radio Options]\r\nPriority_Channel=-1");
+        QRandomGenerator random(262);
+        for (int i = 0; i < 5; ++i) {
+            QByteArray noise = good;
+            for (int j = 0; j < 40; ++j)
+                noise[random.bounded(int(noise.size()))] = char(random.bounded(256));
+            QTest::newRow(qPrintable(QStringLiteral("noise %1").arg(i))) << noise;
+        }
+    }
 
-    CcirChannelNumbers loaded;
-    loaded.fill(1);
-    QVERIFY(RssFile(path("c.rss")).loadCcirChannelNumbers(loaded));
-    CcirChannelNumbers expected{};
-    expected[0] = 11;
-    expected[199] = 65535;
-    QCOMPARE(loaded, expected);
+    void brokenFilesLoadSanitised()
+    {
+        QFETCH(QByteArray, content);
+        test::writeBytes(path("broken.rss"), content.toStdString());
+        dbase db{};
+        FileInfo info;
+        bool isb = false;
+        RssFile file(path("broken.rss"));
+        QCOMPARE(file.load(&info, &db, &isb), RssFile::kOk);
+        const dbase repaired = sanitised(db);
+        QCOMPARE(std::memcmp(&db, &repaired, sizeof db), 0);
 
-    test::writeBytes(path("none.rss"), "[Ccir Channel Number]\r\nChannel1=\r\nChannel201=4\r\n");
-    QVERIFY(!RssFile(path("none.rss")).loadCcirChannelNumbers(loaded));
-    QCOMPARE(loaded, CcirChannelNumbers{});
+        CcirChannelNumbers ccir{};
+        file.loadCcirChannelNumbers(ccir);
+        RssFile out(path("clean.rss"));
+        QCOMPARE(out.save(info, db, isb, &ccir), RssFile::kOk);
+        dbase again{};
+        QCOMPARE(RssFile(path("clean.rss")).load(nullptr, &again, nullptr), RssFile::kOk);
+        QCOMPARE(std::memcmp(&db, &again, sizeof db), 0);
+    }
 
-    RssFile unwritable(path("no/such/c.rss"));
-    QCOMPARE(unwritable.saveCcirChannelNumbers(db.channels, numbers), 0);
-    QVERIFY(!unwritable.errorString().empty());
-}
+    void ccirChannelNumbers()
+    {
+        dbase db{};
+        setChannel(db, 1, 2000000, 3000000);
+        setChannel(db, 2, 2000000, 0); // transmit only: no number
+        setChannel(db, 3, 0, 3000000); // receive only: no number
+        setChannel(db, 200, 2000000, 2000000);
+        CcirChannelNumbers numbers{11, 22, 33};
+        numbers[199] = 65535;
+
+        test::writeBytes(path("c.rss"),
+                         "[ZOV]\r\nComment=kept\r\n[Ccir Channel Number]\r\nChannel5=9\r\n");
+        RssFile file(path("c.rss"));
+        QCOMPARE(file.saveCcirChannelNumbers(db.channels, numbers), 1);
+        QCOMPARE(test::readBytes(path("c.rss")),
+                 std::string("[ZOV]\r\nComment=kept\r\n"
+                             "[Ccir Channel Number]\r\nChannel1=11\r\n"
+                             "Channel200=65535\r\n"));
+
+        CcirChannelNumbers loaded;
+        loaded.fill(1);
+        QVERIFY(RssFile(path("c.rss")).loadCcirChannelNumbers(loaded));
+        numbers[1] = numbers[2] = 0;
+        QCOMPARE(loaded, numbers);
+
+        test::writeBytes(path("none.rss"),
+                         "[Ccir Channel Number]\r\nChannel1=\r\nChannel201=4\r\n");
+        QVERIFY(!RssFile(path("none.rss")).loadCcirChannelNumbers(loaded));
+        QCOMPARE(loaded, CcirChannelNumbers{});
+
+        RssFile unwritable(path("no/such/c.rss"));
+        QCOMPARE(unwritable.saveCcirChannelNumbers(db.channels, numbers), 0);
+        QVERIFY(!unwritable.errorString().empty());
+    }
+};
 
 QTEST_GUILESS_MAIN(TestRssFile)
 #include "tst_rssfile.moc"
