@@ -28,7 +28,7 @@ class AleRecordTest : public QObject
 {
     Q_OBJECT
 private slots:
-    void scannedChannelBitsAreMostSignificantFirst_data()
+    void netByteLayout_data()
     {
         QTest::addColumn<int>("channel");
         QTest::addColumn<int>("byteIndex");
@@ -38,7 +38,7 @@ private slots:
         QTest::newRow("channel 8") << 8 << 1 << 0x80;
         QTest::newRow("channel 200") << 200 << 25 << 0x80;
     }
-    void scannedChannelBitsAreMostSignificantFirst()
+    void netByteLayout()
     {
         QFETCH(int, channel);
         QFETCH(int, byteIndex);
@@ -50,11 +50,7 @@ private slots:
         QVERIFY(!db.nets[1].isScanned(channel + 1));
         db.nets[1].setScanned(channel, false);
         QVERIFY(!db.nets[1].hasScannedChannel());
-    }
-
-    void allCallChannelIsLittleEndianAtOddOffset()
-    {
-        ale_dbase db{};
+        // The all call channel beside the bits is little-endian at an odd offset.
         db.nets[1].allCallChannel.set(0x1234);
         QCOMPARE(*byteAt(db, kNet1 + 49), std::uint8_t(0x34));
         QCOMPARE(*byteAt(db, kNet1 + 50), std::uint8_t(0x12));
@@ -202,22 +198,17 @@ private slots:
         QTest::addColumn<QString>("self");
         QTest::addColumn<QString>("text");
         QTest::addColumn<int>("slot");
-        QTest::newRow("directory entry") << "SELF"
-                                         << "BRAVO" << 1;
-        QTest::newRow("first of duplicates") << "SELF"
-                                             << "DUP" << 2;
-        QTest::newRow("self address") << "SELF"
-                                      << "SELF" << 254;
-        QTest::newRow("self wins over directory") << "ALPHA"
-                                                  << "ALPHA" << 254;
-        QTest::newRow("case matters") << "SELF"
-                                      << "bravo" << 255;
-        QTest::newRow("unknown") << "SELF"
-                                 << "ZULU" << 255;
-        QTest::newRow("empty") << "SELF"
-                               << "" << 255;
-        QTest::newRow("empty text, empty self") << ""
-                                                << "" << 254;
+        const auto row = [](const char* name, const char* self, const char* text, int slot) {
+            QTest::newRow(name) << QString(self) << QString(text) << slot;
+        };
+        row("directory entry", "SELF", "BRAVO", 1);
+        row("first of duplicates", "SELF", "DUP", 2);
+        row("self address", "SELF", "SELF", 254);
+        row("self wins over directory", "ALPHA", "ALPHA", 254);
+        row("case matters", "SELF", "bravo", 255);
+        row("unknown", "SELF", "ZULU", 255);
+        row("empty", "SELF", "", 255);
+        row("empty text, empty self", "", "", 254);
     }
     void slotMapping()
     {

@@ -151,6 +151,15 @@ private slots:
         editor.setSendAllCall(send);
         editor.setReceiveAllCall(receive);
         QCOMPARE(int(editor.programme().database.nets[0].allCall), stored);
+        // Silent is stored inverted, slave as 1; the accept-link timeout is held to 0..2.
+        editor.setSilent(send);
+        editor.setSlave(receive);
+        editor.setAcceptLinkTimeout(stored + 2);
+        const ale_net& net = editor.programme().database.nets[0];
+        QCOMPARE(int(net.silent), send ? 0 : 1);
+        QCOMPARE(int(net.masterSlave), receive ? 1 : 0);
+        QCOMPARE(int(editor.programme().database.options.acceptLinkTimeout),
+                 std::min(stored + 2, 2));
         NetConfigEditor reopened(editor.programme(), {}, notifier);
         QCOMPARE(reopened.sendAllCall(), send);
         QCOMPARE(reopened.receiveAllCall(), receive);
@@ -163,18 +172,19 @@ private slots:
         QTest::addColumn<bool>("accepted");
         QTest::addColumn<QString>("stored");
         QTest::addColumn<QString>("message");
-        QTest::newRow("another net's self address") << false << "STN7" << false << "OLD"
-                                                    << "'STN7' is net no. 7 Self Address.";
-        QTest::newRow("its own self address") << false << "OWN" << false << "OLD"
-                                              << "'OWN' is net no. 2 Self Address.";
-        QTest::newRow("a free name") << false << "FREE" << true << "FREE"
-                                     << "";
-        QTest::newRow("empty name") << false << "" << true << ""
-                                    << "";
-        QTest::newRow("self address equal to a net name") << true << "NAME9" << false << "OWN"
-                                                          << "'NAME9' is net no. 9 Net Name.";
-        QTest::newRow("a free self address") << true << "FREE" << true << "FREE"
-                                             << "";
+        const auto row = [](const char* name, bool selfAddressEdit, const char* typed,
+                            bool accepted, const char* stored, const char* message) {
+            QTest::newRow(name) << selfAddressEdit << QString(typed) << accepted << QString(stored)
+                                << QString(message);
+        };
+        row("another net's self address", false, "STN7", false, "OLD",
+            "'STN7' is net no. 7 Self Address.");
+        row("its own self address", false, "OWN", false, "OLD", "'OWN' is net no. 2 Self Address.");
+        row("a free name", false, "FREE", true, "FREE", "");
+        row("empty name", false, "", true, "", "");
+        row("self address equal to a net name", true, "NAME9", false, "OWN",
+            "'NAME9' is net no. 9 Net Name.");
+        row("a free self address", true, "FREE", true, "FREE", "");
     }
     void nameCrossCheck()
     {
@@ -220,55 +230,31 @@ private slots:
         QVERIFY(own.check().lines.empty());
     }
 
-    void eachOptionSetsItsByte_data()
-    {
-        using O = NetConfigEditor::Option;
-        QTest::addColumn<int>("option");
-        QTest::addColumn<QList<int>>("bytes"); // 0..11 ALE options, 12..15 extra options
-        QTest::newRow("Alert") << int(O::Alert) << QList<int>{1};
-        QTest::newRow("Ext. Alarm") << int(O::ExternalAlarm) << QList<int>{2};
-        QTest::newRow("Auto Address") << int(O::AutoAddress) << QList<int>{3};
-        QTest::newRow("Quick PTT Call") << int(O::QuickPttCall) << QList<int>{4};
-        QTest::newRow("MultiNet") << int(O::Multinet) << QList<int>{7, 12};
-        QTest::newRow("Anycall") << int(O::Anycall) << QList<int>{8};
-        QTest::newRow("Wildcard") << int(O::Wildcard) << QList<int>{9};
-        QTest::newRow("AMD") << int(O::Amd) << QList<int>{10};
-        QTest::newRow("In_LINK") << int(O::InLink) << QList<int>{11};
-        QTest::newRow("LINK AFTER BDIR") << int(O::LinkAfterBidirectional) << QList<int>{14};
-        QTest::newRow("VCDS") << int(O::Vcds) << QList<int>{15};
-    }
     void eachOptionSetsItsByte()
     {
-        QFETCH(int, option);
-        QFETCH(QList<int>, bytes);
-        AleProgramme zero{};
-        RecordingNotifier notifier;
-        NetConfigEditor editor(zero, {}, notifier);
-        notifier.clear();
-        const auto which = static_cast<NetConfigEditor::Option>(option);
-        editor.setOption(which, true);
-        QVERIFY(editor.option(which));
-        const AleProgramme& p = editor.programme();
-        const auto* options = reinterpret_cast<const std::uint8_t*>(&p.database.options);
-        const auto* extra = reinterpret_cast<const std::uint8_t*>(&p.extraOptions);
-        QList<int> set;
-        for (int i = 0; i < 16; ++i)
-            if ((i < 12 ? options[i] : extra[i - 12]) != 0)
-                set << i;
-        QCOMPARE(set, bytes);
-    }
-
-    void flagsUseTheirEncodings()
-    {
-        RecordingNotifier notifier;
-        NetConfigEditor editor(emptyProgramme(), {}, notifier);
-        editor.setSilent(true);
-        editor.setSlave(true);
-        editor.setAcceptLinkTimeout(5);
-        const AleProgramme& p = editor.programme();
-        QCOMPARE(p.database.nets[0].silent, 0);
-        QCOMPARE(p.database.nets[0].masterSlave, 1);
-        QCOMPARE(p.database.options.acceptLinkTimeout, 2);
+        using O = NetConfigEditor::Option;
+        // The bytes each option sets: 0..11 ALE options, 12..15 extra options.
+        const QList<std::pair<O, QList<int>>> expected{
+            {O::Alert, {1}},        {O::ExternalAlarm, {2}},
+            {O::AutoAddress, {3}},  {O::QuickPttCall, {4}},
+            {O::Multinet, {7, 12}}, {O::Anycall, {8}},
+            {O::Wildcard, {9}},     {O::Amd, {10}},
+            {O::InLink, {11}},      {O::LinkAfterBidirectional, {14}},
+            {O::Vcds, {15}}};
+        for (const auto& [option, bytes] : expected) {
+            RecordingNotifier notifier;
+            NetConfigEditor editor(AleProgramme{}, {}, notifier);
+            editor.setOption(option, true);
+            QVERIFY(editor.option(option));
+            const AleProgramme& p = editor.programme();
+            const auto* options = reinterpret_cast<const std::uint8_t*>(&p.database.options);
+            const auto* extra = reinterpret_cast<const std::uint8_t*>(&p.extraOptions);
+            QList<int> set;
+            for (int i = 0; i < 16; ++i)
+                if ((i < 12 ? options[i] : extra[i - 12]) != 0)
+                    set << i;
+            QCOMPARE(set, bytes);
+        }
     }
 };
 

@@ -105,12 +105,9 @@ private slots:
     {
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("stored");
-        QTest::newRow("address characters") << "FLEET2"
-                                            << "FLEET2";
-        QTest::newRow("blank refused") << "FLEET 2"
-                                       << "OLD";
-        QTest::newRow("too long refused") << "ABCDEFGHIJKLMNOP"
-                                          << "OLD";
+        QTest::newRow("address characters") << QString("FLEET2") << QString("FLEET2");
+        QTest::newRow("blank refused") << QString("FLEET 2") << QString("OLD");
+        QTest::newRow("too long refused") << QString("ABCDEFGHIJKLMNOP") << QString("OLD");
     }
     void globalGroupName()
     {
