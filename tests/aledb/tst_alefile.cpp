@@ -175,8 +175,7 @@ private slots:
 
     void loading_data()
     {
-        QTest::addColumn<QByteArray>("text");
-        QTest::addColumn<AleSetup>("expect");
+        addColumns<QByteArray, AleSetup>({"text", "expect"});
         QTest::newRow("no options section gives the defaults")
             << QByteArray("[ZOV]\nZOV_Version=2.01\n") << AleSetup([](AleProgramme& p) {
                    const ale_options& o = p.database.options;
@@ -251,9 +250,7 @@ private slots:
 
     void versionCheck_data()
     {
-        QTest::addColumn<QByteArray>("version");
-        QTest::addColumn<bool>("skip");
-        QTest::addColumn<int>("result");
+        addColumns<QByteArray, bool, int>({"version", "skip", "result"});
         QTest::newRow("same version") << QByteArray("2.01") << false << 0;
         QTest::newRow("other version") << QByteArray("1.00") << false << 118;
         QTest::newRow("other version, check skipped") << QByteArray("1.00") << true << 0;
@@ -301,9 +298,8 @@ private slots:
     // writes what every later save writes.
     void firstSaveIsSettled_data()
     {
-        QTest::addColumn<QByteArray>("text");
-        QTest::addColumn<QByteArray>("key");
-        QTest::addColumn<QByteArray>("line"); // empty: the key is not written at all
+        // line: empty: the key is not written at all
+        addColumns<QByteArray, QByteArray, QByteArray>({"text", "key", "line"});
         const QByteArray weather("[Messages]\nMessage No. 3=WEATHER REPORT FOLLOWS\n");
         QTest::newRow("dial of an empty address and no message")
             << QByteArray("[Directory]\nAddress No. 1=-\n[Automatic Dials]\nAuto Dial No. 1=-,\n")

@@ -30,9 +30,7 @@ class AleRecordTest : public QObject
 private slots:
     void netByteLayout_data()
     {
-        QTest::addColumn<int>("channel");
-        QTest::addColumn<int>("byteIndex");
-        QTest::addColumn<int>("byteValue");
+        addColumns<int, int, int>({"channel", "byteIndex", "byteValue"});
         QTest::newRow("channel 1") << 1 << 0 << 0x40;
         QTest::newRow("channel 7") << 7 << 0 << 0x01;
         QTest::newRow("channel 8") << 8 << 1 << 0x80;
@@ -58,9 +56,7 @@ private slots:
 
     void cleaning_data()
     {
-        QTest::addColumn<QByteArray>("field");
-        QTest::addColumn<bool>("message");
-        QTest::addColumn<QByteArray>("expected");
+        addColumns<QByteArray, bool, QByteArray>({"field", "message", "expected"});
         QTest::newRow("foreign characters close up")
             << QByteArray("AB-12 x") << false << QByteArray("AB12x");
         QTest::newRow("message keeps blanks, drops punctuation")
@@ -92,9 +88,7 @@ private slots:
 
     void normalisation_data()
     {
-        QTest::addColumn<int>("offset");
-        QTest::addColumn<int>("before");
-        QTest::addColumn<int>("after");
+        addColumns<int, int, int>({"offset", "before", "after"});
         const int net = kNet1;
         QTest::newRow("all call 4") << net + 48 << 4 << 3;
         QTest::newRow("tune time 21") << net + 51 << 21 << 0;
@@ -157,11 +151,8 @@ private slots:
 
     void netChannels_data()
     {
-        QTest::addColumn<int>("maxChannel");
-        QTest::addColumn<QList<int>>("scanned");
-        QTest::addColumn<int>("allCall");
-        QTest::addColumn<QList<int>>("expectedScanned");
-        QTest::addColumn<int>("expectedAllCall");
+        addColumns<int, QList<int>, int, QList<int>, int>(
+            {"maxChannel", "scanned", "allCall", "expectedScanned", "expectedAllCall"});
         QTest::newRow("all call among scanned")
             << 200 << QList<int>{3, 9} << 9 << QList<int>{3, 9} << 9;
         QTest::newRow("all call not scanned")
@@ -195,9 +186,7 @@ private slots:
 
     void slotMapping_data()
     {
-        QTest::addColumn<QString>("self");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("slot");
+        addColumns<QString, QString, int>({"self", "text", "slot"});
         const auto row = [](const char* name, const char* self, const char* text, int slot) {
             QTest::newRow(name) << QString(self) << QString(text) << slot;
         };

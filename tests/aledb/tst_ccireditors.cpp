@@ -3,6 +3,8 @@
 #include "aledb/CcirMessagesEditor.h"
 #include "aledb/CcirSelfAddressEditor.h"
 
+#include "ProfileTestFiles.h"
+
 #include <QtTest>
 
 #include <cstring>
@@ -18,11 +20,8 @@ class CcirEditorsTest : public QObject
 private slots:
     void selfAddress_data()
     {
-        QTest::addColumn<QString>("typed4");
-        QTest::addColumn<QString>("typed6");
-        QTest::addColumn<int>("stored4");
-        QTest::addColumn<int>("stored6");
-        QTest::addColumn<bool>("ok");
+        test::addColumns<QString, QString, int, int, bool>(
+            {"typed4", "typed6", "stored4", "stored6", "ok"});
         const auto row = [](const char* name, const char* typed4, const char* typed6, int stored4,
                             int stored6, bool ok) {
             QTest::newRow(name) << QString(typed4) << QString(typed6) << stored4 << stored6 << ok;
@@ -54,11 +53,8 @@ private slots:
 
     void directory_data()
     {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("status");
-        QTest::addColumn<bool>("add");
-        QTest::addColumn<bool>("remove");
-        QTest::addColumn<bool>("full");
+        test::addColumns<QString, QString, bool, bool, bool>(
+            {"typed", "status", "add", "remove", "full"});
         const auto row = [](const char* name, const char* typed, const char* status, bool add,
                             bool remove, bool full = false) {
             QTest::newRow(name) << QString(typed) << QString(status) << add << remove << full;
@@ -107,10 +103,7 @@ private slots:
     void messagesAndSettings_data()
     {
         // field: 1 and 2 are the messages, 3 to 5 preamble, beacon and alarm.
-        QTest::addColumn<int>("field");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("stored");
-        QTest::addColumn<QString>("warning");
+        test::addColumns<int, QString, QString, QString>({"field", "typed", "stored", "warning"});
         const auto row = [](const char* name, int field, const QString& typed,
                             const QString& stored, const QString& warning) {
             QTest::newRow(name) << field << typed << stored << warning;

@@ -104,8 +104,7 @@ private slots:
 
     void load_data()
     {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QString>("expected");
+        test::addColumns<QByteArray, QString>({"content", "expected"});
 
         // Loaded over a record holding: 999 99 9 9 9 "OLD" "OLD" 3:333
         QTest::newRow("empty file: defaults") << QByteArray() << "0 0 0 0 6 \"\" \"\"";

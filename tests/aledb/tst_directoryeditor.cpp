@@ -36,11 +36,8 @@ class DirectoryEditorTest : public QObject
 private slots:
     void addressRules_data()
     {
-        QTest::addColumn<int>("entries");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("status");
-        QTest::addColumn<bool>("add");
-        QTest::addColumn<bool>("remove");
+        addColumns<int, QString, QString, bool, bool>(
+            {"entries", "typed", "status", "add", "remove"});
         const auto row = [](const char* name, int entries, const char* typed, const char* status,
                             bool add, bool remove) {
             QTest::newRow(name) << entries << QString(typed) << QString(status) << add << remove;
@@ -99,11 +96,9 @@ private slots:
     // Deleting entry 3 of ten: net members, global members and dials follow their entries.
     void deleteRenumbersReferences_data()
     {
-        QTest::addColumn<QList<int>>("members");
-        QTest::addColumn<QList<int>>("expected");
-        QTest::addColumn<QList<int>>("allCallAndTune"); // all call, channel low, high, tune
-        QTest::addColumn<QList<int>>("groupSlots");
-        QTest::addColumn<QList<int>>("groupExpected");
+        // allCallAndTune: all call, channel low, high, tune
+        addColumns<QList<int>, QList<int>, QList<int>, QList<int>, QList<int>>(
+            {"members", "expected", "allCallAndTune", "groupSlots", "groupExpected"});
         QTest::newRow("middle member, priority bits kept")
             << QList<int>{1, 3, 5} << QList<int>{1, 4, 255} << QList<int>{0x34, 0x12, 9, 9}
             << QList<int>{0x80 | 1, 3, 0x80 | 5, 255} << QList<int>{0x80 | 1, 0x80 | 4, 255, 255};

@@ -15,8 +15,7 @@ class MessageEditorsTest : public QObject
 private slots:
     void messageValidation_data()
     {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<bool>("valid");
+        addColumns<QString, bool>({"typed", "valid"});
         QTest::newRow("upper case and digits") << "QRV 14 MHZ" << true;
         QTest::newRow("punctuation up to the underscore") << "A!?_@[]^" << true;
         QTest::newRow("empty") << "" << true;
@@ -62,10 +61,8 @@ private slots:
 
     void dialSelections_data()
     {
-        QTest::addColumn<int>("address");
-        QTest::addColumn<int>("message");
-        QTest::addColumn<int>("addressPosition");
-        QTest::addColumn<int>("messagePosition");
+        addColumns<int, int, int, int>(
+            {"address", "message", "addressPosition", "messagePosition"});
         QTest::newRow("none") << 255 << 255 << 2 << 1;
         QTest::newRow("first entries") << 0 << 1 << 0 << 0;
         QTest::newRow("entry after a gap") << 2 << 1 << 1 << 0;
@@ -92,8 +89,7 @@ private slots:
 
     void dialChoicesStoreTheChosenEntry_data()
     {
-        QTest::addColumn<int>("position");
-        QTest::addColumn<int>("stored");
+        addColumns<int, int>({"position", "stored"});
         QTest::newRow("first") << 0 << 0;
         QTest::newRow("after the gap") << 1 << 2;
         QTest::newRow("empty item") << 2 << 255;

@@ -27,10 +27,8 @@ class NetConfigEditorTest : public QObject
 private slots:
     void fillingFromTheRecord_data()
     {
-        QTest::addColumn<int>("offset");
-        QTest::addColumn<int>("value");
-        QTest::addColumn<QString>("message");
-        QTest::addColumn<QList<int>>("positions"); // scan rate, sounding, occupancy
+        // positions: scan rate, sounding, occupancy
+        addColumns<int, int, QString, QList<int>>({"offset", "value", "message", "positions"});
         // Net 1 shows 1, 1, 2; a refused value of net 5 leaves its control showing that.
         QTest::newRow("defaults") << 55 << 2 << "" << QList<int>{0, 0, 0};
         QTest::newRow("scan rate 5") << 55 << 5 << "" << QList<int>{1, 0, 0};
@@ -73,8 +71,7 @@ private slots:
 
     void selectingClampsTheNet_data()
     {
-        QTest::addColumn<int>("spin");
-        QTest::addColumn<int>("net");
+        addColumns<int, int>({"spin", "net"});
         QTest::newRow("below") << -1 << 0;
         QTest::newRow("first") << 0 << 0;
         QTest::newRow("last") << 19 << 19;
@@ -95,11 +92,9 @@ private slots:
 
     void storingListChoices_data()
     {
-        QTest::addColumn<int>("list"); // 0 scan rate, 1 sounding, 2 occupancy
-        QTest::addColumn<int>("position");
-        QTest::addColumn<int>("offset");
-        QTest::addColumn<int>("stored");
-        QTest::addColumn<QString>("message");
+        // list: 0 scan rate, 1 sounding, 2 occupancy
+        addColumns<int, int, int, int, QString>(
+            {"list", "position", "offset", "stored", "message"});
         QTest::newRow("scan rate 1") << 0 << 1 << 55 << 5 << "";
         QTest::newRow("scan rate 2") << 0 << 2 << 55 << 2 << "Scan Rate is not correct!";
         QTest::newRow("sounding 3") << 1 << 3 << 58 << 90 << "";
@@ -133,9 +128,7 @@ private slots:
 
     void allCallBoxes_data()
     {
-        QTest::addColumn<bool>("send");
-        QTest::addColumn<bool>("receive");
-        QTest::addColumn<int>("stored");
+        addColumns<bool, bool, int>({"send", "receive", "stored"});
         QTest::newRow("none") << false << false << 0;
         QTest::newRow("send") << true << false << 1;
         QTest::newRow("receive") << false << true << 2;
@@ -167,11 +160,8 @@ private slots:
 
     void nameCrossCheck_data()
     {
-        QTest::addColumn<bool>("selfAddressEdit");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<bool>("accepted");
-        QTest::addColumn<QString>("stored");
-        QTest::addColumn<QString>("message");
+        addColumns<bool, QString, bool, QString, QString>(
+            {"selfAddressEdit", "typed", "accepted", "stored", "message"});
         const auto row = [](const char* name, bool selfAddressEdit, const char* typed,
                             bool accepted, const char* stored, const char* message) {
             QTest::newRow(name) << selfAddressEdit << QString(typed) << accepted << QString(stored)

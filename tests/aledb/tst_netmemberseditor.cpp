@@ -43,10 +43,7 @@ private slots:
 
     void choices_data()
     {
-        QTest::addColumn<int>("slot");
-        QTest::addColumn<int>("position");
-        QTest::addColumn<int>("stored");
-        QTest::addColumn<QString>("warning");
+        addColumns<int, int, int, QString>({"slot", "position", "stored", "warning"});
         QTest::newRow("directory entry by name") << 5 << 2 << 0 << QString();
         QTest::newRow("entry after a gap") << 5 << 3 << 3 << "'DELTA' is member 1 and member 6.";
         QTest::newRow("self address")
@@ -69,11 +66,8 @@ private slots:
 
     void globalMembers_data()
     {
-        QTest::addColumn<int>("slot");
-        QTest::addColumn<int>("position");
-        QTest::addColumn<bool>("priority");
-        QTest::addColumn<int>("stored");
-        QTest::addColumn<QString>("warning");
+        addColumns<int, int, bool, int, QString>(
+            {"slot", "position", "priority", "stored", "warning"});
         QTest::newRow("station with mark") << 1 << 2 << true << 0x83 << QString();
         QTest::newRow("station without mark") << 1 << 2 << false << 3 << QString();
         QTest::newRow("named twice") << 1 << 1 << false << 0 << "'ALPHA' is member 1 and member 2.";
@@ -103,8 +97,7 @@ private slots:
 
     void globalGroupName_data()
     {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("stored");
+        addColumns<QString, QString>({"typed", "stored"});
         QTest::newRow("address characters") << QString("FLEET2") << QString("FLEET2");
         QTest::newRow("blank refused") << QString("FLEET 2") << QString("OLD");
         QTest::newRow("too long refused") << QString("ABCDEFGHIJKLMNOP") << QString("OLD");

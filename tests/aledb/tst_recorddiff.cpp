@@ -49,8 +49,7 @@ class RecordDiffTest : public QObject
 private slots:
     void radio_data()
     {
-        QTest::addColumn<RadioSetup>("change");
-        QTest::addColumn<QStringList>("lines");
+        test::addColumns<RadioSetup, QStringList>({"change", "lines"});
         QTest::newRow("same") << RadioSetup([](RadioContents&) {}) << QStringList{};
         QTest::newRow("receive frequency in MHz") << RadioSetup([](RadioContents& c) {
             c.record.channelNo(12).rxFrequency.set(7'200'000);
@@ -97,8 +96,7 @@ private slots:
 
     void ale_data()
     {
-        QTest::addColumn<test::AleSetup>("change");
-        QTest::addColumn<QStringList>("lines");
+        test::addColumns<test::AleSetup, QStringList>({"change", "lines"});
         QTest::newRow("self address and scanned channels of a net")
             << test::AleSetup([](AleProgramme& p) {
                    test::setNet(p, 3, "NET3", "CAMP", {16});

@@ -1,14 +1,24 @@
 #pragma once
 
-// File helpers shared by the tests of the profile engine and of the data files built on it.
+// Helpers shared by the tests of the profile engine and of the data files built on it.
 
 #include <QTemporaryDir>
+#include <QTest>
 
+#include <array>
 #include <filesystem>
 #include <string>
 #include <string_view>
 
 namespace koral::test {
+
+// Adds one data column per type, named in order: addColumns<int, QString>({"count", "text"}).
+template <typename... T>
+void addColumns(const std::array<const char*, sizeof...(T)>& names)
+{
+    std::size_t i = 0;
+    (QTest::addColumn<T>(names[i++]), ...);
+}
 
 std::string readBytes(const std::filesystem::path& path);
 void writeBytes(const std::filesystem::path& path, std::string_view bytes);

@@ -1,6 +1,8 @@
 #include "profile/FileInfo.h"
 #include "profile/ProfileFile.h"
 
+#include "ProfileTestFiles.h"
+
 #include <QtTest>
 
 using namespace koral;
@@ -12,9 +14,7 @@ class TestFileInfo : public QObject
 private slots:
     void lineBreaks_data()
     {
-        QTest::addColumn<QByteArray>("text");
-        QTest::addColumn<QByteArray>("encoded");
-        QTest::addColumn<QByteArray>("decoded");
+        test::addColumns<QByteArray, QByteArray, QByteArray>({"text", "encoded", "decoded"});
         QTest::newRow("two lines") << QByteArray("first\r\nsecond") << QByteArray("first\\rsecond")
                                    << QByteArray("first\r\nsecond");
         QTest::newRow("lone breaks")
@@ -38,8 +38,7 @@ private slots:
 
     void version_data()
     {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<bool>("matches");
+        test::addColumns<QByteArray, bool>({"content", "matches"});
         QTest::newRow("same") << QByteArray("[ZOV]\r\nZOV_Version=2.01") << true;
         QTest::newRow("missing key") << QByteArray("[Other]\r\nx=1") << true;
         QTest::newRow("older") << QByteArray("[ZOV]\r\nZOV_Version=1.00") << false;

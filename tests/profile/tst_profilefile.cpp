@@ -30,12 +30,8 @@ class TestProfileFile : public QObject
 private slots:
     void read_data()
     {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QByteArray>("section");
-        QTest::addColumn<QByteArray>("key");
-        QTest::addColumn<QByteArray>("fallback");
-        QTest::addColumn<int>("bufferSize");
-        QTest::addColumn<QByteArray>("expected");
+        koral::test::addColumns<QByteArray, QByteArray, QByteArray, QByteArray, int, QByteArray>(
+            {"content", "section", "key", "fallback", "bufferSize", "expected"});
 
         // Most rows read key k of section S with the fallback d into a large buffer.
         const auto row = [](const char* name, const QByteArray& content, const QByteArray& expected,
@@ -95,9 +91,8 @@ private slots:
                             const QStringList& operations, const QByteArray& after) {
             QTest::newRow(name) << before << operations << after;
         };
-        QTest::addColumn<QByteArray>("before");
-        QTest::addColumn<QStringList>("operations");
-        QTest::addColumn<QByteArray>("after");
+        koral::test::addColumns<QByteArray, QStringList, QByteArray>(
+            {"before", "operations", "after"});
 
         row("new file", "", {"w|S|k|v", "w|S|j|w", "w|T|k|x"},
             "[S]\r\nk=v\r\nj=w\r\n[T]\r\nk=x\r\n");
@@ -223,8 +218,7 @@ private slots:
         const auto row = [](const char* name, const char* target, const char* reason) {
             QTest::newRow(name) << QString(target) << QString(reason);
         };
-        QTest::addColumn<QString>("target");
-        QTest::addColumn<QString>("reason");
+        koral::test::addColumns<QString, QString>({"target", "reason"});
         row("missing folder", "no/such/folder/a.rss", "No such file or directory");
         row("target is a folder", "folder", "Is a directory");
     }

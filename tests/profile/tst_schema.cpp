@@ -1,6 +1,8 @@
 #include "profile/ProfileFile.h"
 #include "profile/Schema.h"
 
+#include "ProfileTestFiles.h"
+
 #include <QRandomGenerator>
 #include <QtTest>
 
@@ -157,9 +159,7 @@ class TestSchema : public QObject
 private slots:
     void load_data()
     {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QString>("field");
-        QTest::addColumn<QString>("expected");
+        test::addColumns<QByteArray, QString, QString>({"content", "field", "expected"});
 
         const auto row = [](const char* name, const char* content, const char* field,
                             const char* expected) {
@@ -213,9 +213,7 @@ private slots:
 
     void save_data()
     {
-        QTest::addColumn<QByteArray>("flags");
-        QTest::addColumn<int>("firstRow");
-        QTest::addColumn<QByteArray>("expected");
+        test::addColumns<QByteArray, int, QByteArray>({"flags", "firstRow", "expected"});
         const QByteArray all = kEveryRowSaved;
         QTest::newRow("everything present") << QByteArray("\1\1\1\1\1", 5) << 0 << all;
         QTest::newRow("second row first")
