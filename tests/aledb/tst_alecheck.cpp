@@ -94,10 +94,9 @@ private slots:
     }
     void lines()
     {
-        QFETCH(AleSetup, setup);
-        QFETCH(bool, globalMembers);
-        QFETCH(QStringList, expected);
-        QFETCH(bool, configured);
+        auto [setup, globalMembers, expected, configured] =
+            fetch<AleSetup, bool, QStringList, bool>(
+                {"setup", "globalMembers", "expected", "configured"});
         AleProgramme p = emptyProgramme();
         setup(p);
         RecordingNotifier notifier;

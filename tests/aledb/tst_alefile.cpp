@@ -242,8 +242,7 @@ private slots:
     }
     void loading()
     {
-        QFETCH(QByteArray, text);
-        QFETCH(AleSetup, expect);
+        auto [text, expect] = fetch<QByteArray, AleSetup>({"text", "expect"});
         AleProgramme p = readBack(text);
         expect(p);
     }
@@ -257,9 +256,7 @@ private slots:
     }
     void versionCheck()
     {
-        QFETCH(QByteArray, version);
-        QFETCH(bool, skip);
-        QFETCH(int, result);
+        auto [version, skip, result] = fetch<QByteArray, bool, int>({"version", "skip", "result"});
         ProfileFile file;
         file.setContent(("[ZOV]\r\nZOV_Version=" + version +
                          "\r\n[Directory]\r\n"
@@ -320,9 +317,7 @@ private slots:
     }
     void firstSaveIsSettled()
     {
-        QFETCH(QByteArray, text);
-        QFETCH(QByteArray, key);
-        QFETCH(QByteArray, line);
+        auto [text, key, line] = fetch<QByteArray, QByteArray, QByteArray>({"text", "key", "line"});
         const QByteArray once = written(readBack(text));
         QCOMPARE(written(readBack(once)), once);
         if (line.isEmpty())

@@ -38,9 +38,8 @@ private slots:
     }
     void netByteLayout()
     {
-        QFETCH(int, channel);
-        QFETCH(int, byteIndex);
-        QFETCH(int, byteValue);
+        auto [channel, byteIndex, byteValue] =
+            fetch<int, int, int>({"channel", "byteIndex", "byteValue"});
         ale_dbase db{};
         db.nets[1].setScanned(channel, true);
         QCOMPARE(*byteAt(db, kNet1 + 60 + byteIndex), std::uint8_t(byteValue));
@@ -72,9 +71,8 @@ private slots:
     }
     void cleaning()
     {
-        QFETCH(QByteArray, field);
-        QFETCH(bool, message);
-        QFETCH(QByteArray, expected);
+        auto [field, message, expected] =
+            fetch<QByteArray, bool, QByteArray>({"field", "message", "expected"});
         ale_dbase db{};
         std::span<char> target =
             message ? std::span<char>(db.messages[3]) : std::span<char>(db.directory[3]);
@@ -121,9 +119,7 @@ private slots:
     }
     void normalisation()
     {
-        QFETCH(int, offset);
-        QFETCH(int, before);
-        QFETCH(int, after);
+        auto [offset, before, after] = fetch<int, int, int>({"offset", "before", "after"});
         AleProgramme p = emptyProgramme();
         setDirectory(p, 2, "ALPHA");
         setMessage(p, 1, "HELLO");
@@ -165,11 +161,9 @@ private slots:
     }
     void netChannels()
     {
-        QFETCH(int, maxChannel);
-        QFETCH(QList<int>, scanned);
-        QFETCH(int, allCall);
-        QFETCH(QList<int>, expectedScanned);
-        QFETCH(int, expectedAllCall);
+        auto [maxChannel, scanned, allCall, expectedScanned, expectedAllCall] =
+            fetch<int, QList<int>, int, QList<int>, int>(
+                {"maxChannel", "scanned", "allCall", "expectedScanned", "expectedAllCall"});
         ale_net net{};
         for (int channel : scanned) // 201..207 are spare bits of the last byte
             net.scannedChannels[channel / 8] |= std::uint8_t(0x80 >> (channel % 8));
@@ -201,9 +195,7 @@ private slots:
     }
     void slotMapping()
     {
-        QFETCH(QString, self);
-        QFETCH(QString, text);
-        QFETCH(int, slot);
+        auto [self, text, slot] = fetch<QString, QString, int>({"self", "text", "slot"});
         AleProgramme p = emptyProgramme();
         setNet(p, 4, "NET", self.toStdString(), {});
         setDirectory(p, 0, "ALPHA");

@@ -33,11 +33,8 @@ private slots:
     }
     void selfAddress()
     {
-        QFETCH(QString, typed4);
-        QFETCH(QString, typed6);
-        QFETCH(int, stored4);
-        QFETCH(int, stored6);
-        QFETCH(bool, ok);
+        auto [typed4, typed6, stored4, stored6, ok] = test::fetch<QString, QString, int, int, bool>(
+            {"typed4", "typed6", "stored4", "stored6", "ok"});
         ccir_dbase record{};
         record.selfId4.set(4117);
         record.selfId6.set(402117);
@@ -68,11 +65,8 @@ private slots:
     }
     void directory()
     {
-        QFETCH(QString, typed);
-        QFETCH(QString, status);
-        QFETCH(bool, add);
-        QFETCH(bool, remove);
-        QFETCH(bool, full);
+        auto [typed, status, add, remove, full] = test::fetch<QString, QString, bool, bool, bool>(
+            {"typed", "status", "add", "remove", "full"});
         ccir_dbase record{};
         for (int slot = 0; full && slot < kCcirDirectorySize; ++slot)
             record.directory[std::size_t(slot)].set(std::uint32_t(100000 + slot));
@@ -130,10 +124,8 @@ private slots:
     }
     void messagesAndSettings()
     {
-        QFETCH(int, field);
-        QFETCH(QString, typed);
-        QFETCH(QString, stored);
-        QFETCH(QString, warning);
+        auto [field, typed, stored, warning] =
+            test::fetch<int, QString, QString, QString>({"field", "typed", "stored", "warning"});
         ccir_dbase record{};
         std::memcpy(record.message1.data(), "QRU NIL", 7);
         std::memcpy(record.message2.data(), "RETURNING TO PORT", 17);

@@ -135,8 +135,7 @@ private slots:
 
     void load()
     {
-        QFETCH(QByteArray, content);
-        QFETCH(QString, expected);
+        auto [content, expected] = test::fetch<QByteArray, QString>({"content", "expected"});
 
         test::writeBytes(path("in.ccr"), content.toStdString());
         ccir_dbase record{};

@@ -56,11 +56,8 @@ private slots:
     }
     void addressRules()
     {
-        QFETCH(int, entries);
-        QFETCH(QString, typed);
-        QFETCH(QString, status);
-        QFETCH(bool, add);
-        QFETCH(bool, remove);
+        auto [entries, typed, status, add, remove] = fetch<int, QString, QString, bool, bool>(
+            {"entries", "typed", "status", "add", "remove"});
         RecordingNotifier notifier;
         DirectoryEditor editor(directoryProgramme(entries), notifier);
         editor.setEditText("STN1"); // a previous state must not leak into the next text
@@ -114,11 +111,9 @@ private slots:
     }
     void deleteRenumbersReferences()
     {
-        QFETCH(QList<int>, members);
-        QFETCH(QList<int>, expected);
-        QFETCH(QList<int>, allCallAndTune);
-        QFETCH(QList<int>, groupSlots);
-        QFETCH(QList<int>, groupExpected);
+        auto [members, expected, allCallAndTune, groupSlots, groupExpected] =
+            fetch<QList<int>, QList<int>, QList<int>, QList<int>, QList<int>>(
+                {"members", "expected", "allCallAndTune", "groupSlots", "groupExpected"});
         AleProgramme p = directoryProgramme(10);
         ale_net& net = p.database.nets[0];
         for (int i = 0; i < members.size(); ++i)

@@ -25,8 +25,7 @@ private slots:
     }
     void messageValidation()
     {
-        QFETCH(QString, typed);
-        QFETCH(bool, valid);
+        auto [typed, valid] = fetch<QString, bool>({"typed", "valid"});
         AleProgramme p = emptyProgramme();
         setMessage(p, 2, "OLD");
         MessageEditor editor(p.database);
@@ -70,10 +69,8 @@ private slots:
     }
     void dialSelections()
     {
-        QFETCH(int, address);
-        QFETCH(int, message);
-        QFETCH(int, addressPosition);
-        QFETCH(int, messagePosition);
+        auto [address, message, addressPosition, messagePosition] =
+            fetch<int, int, int, int>({"address", "message", "addressPosition", "messagePosition"});
         AleProgramme p = emptyProgramme();
         setDirectory(p, 0, "ALPHA");
         setDirectory(p, 2, "CHARLIE");
@@ -97,8 +94,7 @@ private slots:
     }
     void dialChoicesStoreTheChosenEntry()
     {
-        QFETCH(int, position);
-        QFETCH(int, stored);
+        auto [position, stored] = fetch<int, int>({"position", "stored"});
         AleProgramme p = emptyProgramme();
         setDirectory(p, 0, "ALPHA");
         setDirectory(p, 2, "CHARLIE");

@@ -46,10 +46,8 @@ private slots:
     }
     void fillingFromTheRecord()
     {
-        QFETCH(int, offset);
-        QFETCH(int, value);
-        QFETCH(QString, message);
-        QFETCH(QList<int>, positions);
+        auto [offset, value, message, positions] =
+            fetch<int, int, QString, QList<int>>({"offset", "value", "message", "positions"});
         AleProgramme p = emptyProgramme();
         p.database.nets[0].scanRate = 5;
         p.database.nets[0].sounding = 30;
@@ -79,8 +77,7 @@ private slots:
     }
     void selectingClampsTheNet()
     {
-        QFETCH(int, spin);
-        QFETCH(int, net);
+        auto [spin, net] = fetch<int, int>({"spin", "net"});
         AleProgramme p = emptyProgramme();
         setNet(p, net + 1, "N", "S", {});
         RecordingNotifier notifier;
@@ -106,11 +103,8 @@ private slots:
     }
     void storingListChoices()
     {
-        QFETCH(int, list);
-        QFETCH(int, position);
-        QFETCH(int, offset);
-        QFETCH(int, stored);
-        QFETCH(QString, message);
+        auto [list, position, offset, stored, message] =
+            fetch<int, int, int, int, QString>({"list", "position", "offset", "stored", "message"});
         RecordingNotifier notifier;
         NetConfigEditor editor(emptyProgramme(), {}, notifier);
         editor.selectNet(2);
@@ -136,9 +130,7 @@ private slots:
     }
     void allCallBoxes()
     {
-        QFETCH(bool, send);
-        QFETCH(bool, receive);
-        QFETCH(int, stored);
+        auto [send, receive, stored] = fetch<bool, bool, int>({"send", "receive", "stored"});
         RecordingNotifier notifier;
         NetConfigEditor editor(emptyProgramme(), {}, notifier);
         editor.setSendAllCall(send);
@@ -178,11 +170,9 @@ private slots:
     }
     void nameCrossCheck()
     {
-        QFETCH(bool, selfAddressEdit);
-        QFETCH(QString, typed);
-        QFETCH(bool, accepted);
-        QFETCH(QString, stored);
-        QFETCH(QString, message);
+        auto [selfAddressEdit, typed, accepted, stored, message] =
+            fetch<bool, QString, bool, QString, QString>(
+                {"selfAddressEdit", "typed", "accepted", "stored", "message"});
         AleProgramme p = emptyProgramme();
         setNet(p, 2, "OLD", "OWN", {3});
         setNet(p, 7, "NAME7", "STN7", {3});

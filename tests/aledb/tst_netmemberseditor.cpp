@@ -53,10 +53,8 @@ private slots:
     }
     void choices()
     {
-        QFETCH(int, slot);
-        QFETCH(int, position);
-        QFETCH(int, stored);
-        QFETCH(QString, warning);
+        auto [slot, position, stored, warning] =
+            fetch<int, int, int, QString>({"slot", "position", "stored", "warning"});
         NetMembersEditor editor(programme().database, 1);
         editor.choose(slot, position);
         QCOMPARE(int(editor.database().nets[1].members[std::size_t(slot)]), stored);
@@ -75,11 +73,8 @@ private slots:
     }
     void globalMembers()
     {
-        QFETCH(int, slot);
-        QFETCH(int, position);
-        QFETCH(bool, priority);
-        QFETCH(int, stored);
-        QFETCH(QString, warning);
+        auto [slot, position, priority, stored, warning] = fetch<int, int, bool, int, QString>(
+            {"slot", "position", "priority", "stored", "warning"});
         const AleProgramme p = programme();
         ale_dbase_global_members globals{};
         for (auto& group : globals.nets)
@@ -104,8 +99,7 @@ private slots:
     }
     void globalGroupName()
     {
-        QFETCH(QString, typed);
-        QFETCH(QString, stored);
+        auto [typed, stored] = fetch<QString, QString>({"typed", "stored"});
         ale_dbase_global_members globals{};
         globals.nets[0].members.fill(kSlotEmpty);
         setFieldText(globals.nets[0].name, "OLD");

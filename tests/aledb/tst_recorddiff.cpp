@@ -86,8 +86,7 @@ private slots:
     }
     void radio()
     {
-        QFETCH(RadioSetup, change);
-        QFETCH(QStringList, lines);
+        auto [change, lines] = test::fetch<RadioSetup, QStringList>({"change", "lines"});
         const RadioContents before = baseRadio();
         RadioContents after = before;
         change(after);
@@ -113,8 +112,7 @@ private slots:
     }
     void ale()
     {
-        QFETCH(test::AleSetup, change);
-        QFETCH(QStringList, lines);
+        auto [change, lines] = test::fetch<test::AleSetup, QStringList>({"change", "lines"});
         AleProgramme before = test::emptyProgramme();
         test::setNet(before, 3, "NET3", "BASE", {14, 15});
         test::setDirectory(before, 6, "STATION");

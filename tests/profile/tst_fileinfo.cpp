@@ -27,9 +27,8 @@ private slots:
 
     void lineBreaks()
     {
-        QFETCH(QByteArray, text);
-        QFETCH(QByteArray, encoded);
-        QFETCH(QByteArray, decoded);
+        auto [text, encoded, decoded] =
+            test::fetch<QByteArray, QByteArray, QByteArray>({"text", "encoded", "decoded"});
         QCOMPARE(QByteArray::fromStdString(fileinfo::encodeLineBreaks(text.toStdString())),
                  encoded);
         QCOMPARE(QByteArray::fromStdString(fileinfo::decodeLineBreaks(encoded.toStdString())),
@@ -51,8 +50,7 @@ private slots:
 
     void version()
     {
-        QFETCH(QByteArray, content);
-        QFETCH(bool, matches);
+        auto [content, matches] = test::fetch<QByteArray, bool>({"content", "matches"});
         QCOMPARE(fileinfo::formatVersion(), std::string_view("2.01"));
         ProfileFile file;
         file.setContent(content.toStdString());

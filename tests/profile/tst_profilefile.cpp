@@ -70,12 +70,9 @@ private slots:
 
     void read()
     {
-        QFETCH(QByteArray, content);
-        QFETCH(QByteArray, section);
-        QFETCH(QByteArray, key);
-        QFETCH(QByteArray, fallback);
-        QFETCH(int, bufferSize);
-        QFETCH(QByteArray, expected);
+        auto [content, section, key, fallback, bufferSize, expected] =
+            koral::test::fetch<QByteArray, QByteArray, QByteArray, QByteArray, int, QByteArray>(
+                {"content", "section", "key", "fallback", "bufferSize", "expected"});
 
         const ProfileFile file = profileOf(content);
         QCOMPARE(file.read(bytesOf(section), bytesOf(key), bytesOf(fallback),
@@ -133,9 +130,8 @@ private slots:
 
     void edit()
     {
-        QFETCH(QByteArray, before);
-        QFETCH(QStringList, operations);
-        QFETCH(QByteArray, after);
+        auto [before, operations, after] = koral::test::fetch<QByteArray, QStringList, QByteArray>(
+            {"before", "operations", "after"});
 
         ProfileFile file = profileOf(before);
         for (const QString& operation : operations) {
@@ -225,8 +221,7 @@ private slots:
 
     void failedSaveIsReportedAndChangesNothing()
     {
-        QFETCH(QString, target);
-        QFETCH(QString, reason);
+        auto [target, reason] = koral::test::fetch<QString, QString>({"target", "reason"});
 
         QTemporaryDir dir;
         QVERIFY(QDir(dir.path()).mkdir("folder"));

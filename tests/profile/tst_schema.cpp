@@ -204,9 +204,8 @@ private slots:
 
     void load()
     {
-        QFETCH(QByteArray, content);
-        QFETCH(QString, field);
-        QFETCH(QString, expected);
+        auto [content, field, expected] =
+            test::fetch<QByteArray, QString, QString>({"content", "field", "expected"});
 
         QCOMPARE(describe(loaded(content.toStdString(), {.section = "S"}), field), expected);
     }
@@ -224,9 +223,8 @@ private slots:
     }
     void save()
     {
-        QFETCH(QByteArray, flags);
-        QFETCH(int, firstRow);
-        QFETCH(QByteArray, expected);
+        auto [flags, firstRow, expected] =
+            test::fetch<QByteArray, int, QByteArray>({"flags", "firstRow", "expected"});
 
         Record record = loaded(kEveryRowSaved, {.section = "N"});
         std::memcpy(record.data() + kText, "abc\0zz", 6); // nothing after the end is saved
