@@ -4,6 +4,8 @@
 
 #include "aledb/ale_dbase.h"
 
+#include "ProfileTestFiles.h"
+
 #include <QMetaType>
 
 #include <functional>

@@ -14,10 +14,8 @@ class AleCheckTest : public QObject
 private slots:
     void lines_data()
     {
-        QTest::addColumn<AleSetup>("setup");
-        QTest::addColumn<bool>("globalMembers");
-        QTest::addColumn<QStringList>("expected");
-        QTest::addColumn<bool>("configured");
+        addColumns<AleSetup, bool, QStringList, bool>(
+            {"setup", "globalMembers", "expected", "configured"});
 
         QTest::newRow("empty database")
             << AleSetup([](AleProgramme&) {}) << true << QStringList{} << false;
@@ -96,10 +94,9 @@ private slots:
     }
     void lines()
     {
-        QFETCH(AleSetup, setup);
-        QFETCH(bool, globalMembers);
-        QFETCH(QStringList, expected);
-        QFETCH(bool, configured);
+        auto [setup, globalMembers, expected, configured] =
+            fetch<AleSetup, bool, QStringList, bool>(
+                {"setup", "globalMembers", "expected", "configured"});
         AleProgramme p = emptyProgramme();
         setup(p);
         RecordingNotifier notifier;

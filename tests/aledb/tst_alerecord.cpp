@@ -28,21 +28,18 @@ class AleRecordTest : public QObject
 {
     Q_OBJECT
 private slots:
-    void scannedChannelBitsAreMostSignificantFirst_data()
+    void netByteLayout_data()
     {
-        QTest::addColumn<int>("channel");
-        QTest::addColumn<int>("byteIndex");
-        QTest::addColumn<int>("byteValue");
+        addColumns<int, int, int>({"channel", "byteIndex", "byteValue"});
         QTest::newRow("channel 1") << 1 << 0 << 0x40;
         QTest::newRow("channel 7") << 7 << 0 << 0x01;
         QTest::newRow("channel 8") << 8 << 1 << 0x80;
         QTest::newRow("channel 200") << 200 << 25 << 0x80;
     }
-    void scannedChannelBitsAreMostSignificantFirst()
+    void netByteLayout()
     {
-        QFETCH(int, channel);
-        QFETCH(int, byteIndex);
-        QFETCH(int, byteValue);
+        auto [channel, byteIndex, byteValue] =
+            fetch<int, int, int>({"channel", "byteIndex", "byteValue"});
         ale_dbase db{};
         db.nets[1].setScanned(channel, true);
         QCOMPARE(*byteAt(db, kNet1 + 60 + byteIndex), std::uint8_t(byteValue));
@@ -50,11 +47,7 @@ private slots:
         QVERIFY(!db.nets[1].isScanned(channel + 1));
         db.nets[1].setScanned(channel, false);
         QVERIFY(!db.nets[1].hasScannedChannel());
-    }
-
-    void allCallChannelIsLittleEndianAtOddOffset()
-    {
-        ale_dbase db{};
+        // The all call channel beside the bits is little-endian at an odd offset.
         db.nets[1].allCallChannel.set(0x1234);
         QCOMPARE(*byteAt(db, kNet1 + 49), std::uint8_t(0x34));
         QCOMPARE(*byteAt(db, kNet1 + 50), std::uint8_t(0x12));
@@ -62,9 +55,7 @@ private slots:
 
     void cleaning_data()
     {
-        QTest::addColumn<QByteArray>("field");
-        QTest::addColumn<bool>("message");
-        QTest::addColumn<QByteArray>("expected");
+        addColumns<QByteArray, bool, QByteArray>({"field", "message", "expected"});
         QTest::newRow("foreign characters close up")
             << QByteArray("AB-12 x") << false << QByteArray("AB12x");
         QTest::newRow("message keeps blanks, drops punctuation")
@@ -80,9 +71,8 @@ private slots:
     }
     void cleaning()
     {
-        QFETCH(QByteArray, field);
-        QFETCH(bool, message);
-        QFETCH(QByteArray, expected);
+        auto [field, message, expected] =
+            fetch<QByteArray, bool, QByteArray>({"field", "message", "expected"});
         ale_dbase db{};
         std::span<char> target =
             message ? std::span<char>(db.messages[3]) : std::span<char>(db.directory[3]);
@@ -96,9 +86,7 @@ private slots:
 
     void normalisation_data()
     {
-        QTest::addColumn<int>("offset");
-        QTest::addColumn<int>("before");
-        QTest::addColumn<int>("after");
+        addColumns<int, int, int>({"offset", "before", "after"});
         const int net = kNet1;
         QTest::newRow("all call 4") << net + 48 << 4 << 3;
         QTest::newRow("tune time 21") << net + 51 << 21 << 0;
@@ -131,9 +119,7 @@ private slots:
     }
     void normalisation()
     {
-        QFETCH(int, offset);
-        QFETCH(int, before);
-        QFETCH(int, after);
+        auto [offset, before, after] = fetch<int, int, int>({"offset", "before", "after"});
         AleProgramme p = emptyProgramme();
         setDirectory(p, 2, "ALPHA");
         setMessage(p, 1, "HELLO");
@@ -161,11 +147,8 @@ private slots:
 
     void netChannels_data()
     {
-        QTest::addColumn<int>("maxChannel");
-        QTest::addColumn<QList<int>>("scanned");
-        QTest::addColumn<int>("allCall");
-        QTest::addColumn<QList<int>>("expectedScanned");
-        QTest::addColumn<int>("expectedAllCall");
+        addColumns<int, QList<int>, int, QList<int>, int>(
+            {"maxChannel", "scanned", "allCall", "expectedScanned", "expectedAllCall"});
         QTest::newRow("all call among scanned")
             << 200 << QList<int>{3, 9} << 9 << QList<int>{3, 9} << 9;
         QTest::newRow("all call not scanned")
@@ -178,11 +161,9 @@ private slots:
     }
     void netChannels()
     {
-        QFETCH(int, maxChannel);
-        QFETCH(QList<int>, scanned);
-        QFETCH(int, allCall);
-        QFETCH(QList<int>, expectedScanned);
-        QFETCH(int, expectedAllCall);
+        auto [maxChannel, scanned, allCall, expectedScanned, expectedAllCall] =
+            fetch<int, QList<int>, int, QList<int>, int>(
+                {"maxChannel", "scanned", "allCall", "expectedScanned", "expectedAllCall"});
         ale_net net{};
         for (int channel : scanned) // 201..207 are spare bits of the last byte
             net.scannedChannels[channel / 8] |= std::uint8_t(0x80 >> (channel % 8));
@@ -199,31 +180,22 @@ private slots:
 
     void slotMapping_data()
     {
-        QTest::addColumn<QString>("self");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("slot");
-        QTest::newRow("directory entry") << "SELF"
-                                         << "BRAVO" << 1;
-        QTest::newRow("first of duplicates") << "SELF"
-                                             << "DUP" << 2;
-        QTest::newRow("self address") << "SELF"
-                                      << "SELF" << 254;
-        QTest::newRow("self wins over directory") << "ALPHA"
-                                                  << "ALPHA" << 254;
-        QTest::newRow("case matters") << "SELF"
-                                      << "bravo" << 255;
-        QTest::newRow("unknown") << "SELF"
-                                 << "ZULU" << 255;
-        QTest::newRow("empty") << "SELF"
-                               << "" << 255;
-        QTest::newRow("empty text, empty self") << ""
-                                                << "" << 254;
+        addColumns<QString, QString, int>({"self", "text", "slot"});
+        const auto row = [](const char* name, const char* self, const char* text, int slot) {
+            QTest::newRow(name) << QString(self) << QString(text) << slot;
+        };
+        row("directory entry", "SELF", "BRAVO", 1);
+        row("first of duplicates", "SELF", "DUP", 2);
+        row("self address", "SELF", "SELF", 254);
+        row("self wins over directory", "ALPHA", "ALPHA", 254);
+        row("case matters", "SELF", "bravo", 255);
+        row("unknown", "SELF", "ZULU", 255);
+        row("empty", "SELF", "", 255);
+        row("empty text, empty self", "", "", 254);
     }
     void slotMapping()
     {
-        QFETCH(QString, self);
-        QFETCH(QString, text);
-        QFETCH(int, slot);
+        auto [self, text, slot] = fetch<QString, QString, int>({"self", "text", "slot"});
         AleProgramme p = emptyProgramme();
         setNet(p, 4, "NET", self.toStdString(), {});
         setDirectory(p, 0, "ALPHA");

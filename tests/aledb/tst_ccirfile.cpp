@@ -2,7 +2,6 @@
 
 #include "ProfileTestFiles.h"
 
-#include <QRandomGenerator>
 #include <QtTest>
 
 #include <cstring>
@@ -43,184 +42,153 @@ class TestCcirFile : public QObject
     Q_OBJECT
 
 private slots:
-    void numbersAreMostSignificantByteFirst();
-    void savedLayout();
-    void load_data();
-    void load();
-    void roundTrip();
-    void failedSave();
-    void channelNames();
+    void numbersAreMostSignificantByteFirst()
+    {
+        ccir_dbase record{};
+        record.selfId4.set(0x1234);
+        record.selfId6.set(0x00ABCDEF);
+        record.directory[99].set(0x01020304);
+        const auto* bytes = reinterpret_cast<const std::uint8_t*>(&record);
+        QCOMPARE(QByteArray(reinterpret_cast<const char*>(bytes), 6).toHex(),
+                 QByteArray("123400abcdef"));
+        QCOMPARE(QByteArray(reinterpret_cast<const char*>(bytes) + 402, 4).toHex(),
+                 QByteArray("01020304"));
+        QCOMPARE(record.selfId6.get(), 0x00ABCDEFu);
+
+        // The rows see the record in host order; the conversion is its own inverse pair.
+        const ccir_dbase host = CcirFile::toHostOrder(record);
+        std::uint16_t id4;
+        std::memcpy(&id4, &host.selfId4, sizeof id4);
+        QCOMPARE(id4, std::uint16_t{0x1234});
+        const ccir_dbase back = CcirFile::toRadioOrder(host);
+        QCOMPARE(std::memcmp(&back, &record, sizeof record), 0);
+    }
+
+    void savedLayout()
+    {
+        ccir_dbase record{};
+        record.selfId6.set(123456);
+        record.selfId4.set(1234);
+        record.alarm = 1;
+        record.beacon = 200;
+        record.preamble = 6;
+        setText(record.message1, "HELLO STATION");
+        record.directory[0].set(11111);
+        record.directory[5].set(4000000000u);
+        FileInfo info;
+        info.comment = "two\r\nlines";
+        info.userName = "me";
+
+        CcirFile file(path("a.ccr"));
+        QCOMPARE(file.save(info, record), 1);
+        QCOMPARE(test::readBytes(path("a.ccr")),
+                 std::string("[Ccir Option]\r\nCcir 6 Digits Id=123456\r\nCcir 4 Digits Id=1234\r\n"
+                             "Ccir Alarm=1\r\nCcir Beacon=200\r\nCcir Preamble=6\r\n"
+                             "Ccir Message1=HELLO STATION\r\nCcir Message2=\r\n"
+                             "Ccir Directory0=11111\r\nCcir Directory5=-294967296\r\n"
+                             "Comment=two\\rlines\r\nUserName=me\r\n"
+                             "[ZOV]\r\nZOV_Version=2.01\r\n"));
+        QVERIFY(info.modificationTime > 0);
+
+        // What was saved loads back to the same record, comment and time.
+        ccir_dbase loaded{};
+        loaded.alarm = 77;
+        FileInfo loadedInfo;
+        CcirState state;
+        QCOMPARE(CcirFile(path("a.ccr")).load(&loadedInfo, loaded, state), CcirFile::kLoaded);
+        QCOMPARE(describe(loaded), describe(record));
+        QCOMPARE(std::memcmp(&loaded, &record, sizeof record), 0);
+        QCOMPARE(loadedInfo.comment, info.comment);
+        QCOMPARE(loadedInfo.modificationTime, info.modificationTime);
+    }
+
+    void load_data()
+    {
+        test::addColumns<QByteArray, QString>({"content", "expected"});
+
+        // Loaded over a record holding: 999 99 9 9 9 "OLD" "OLD" 3:333
+        QTest::newRow("empty file: defaults") << QByteArray() << "0 0 0 0 6 \"\" \"\"";
+        QTest::newRow("values")
+            << QByteArray("[ccir option]\r\nCcir 6 Digits Id=654321\r\nCcir 4 Digits Id=4321\r\n"
+                          "Ccir Alarm=3\r\nCcir Beacon=4\r\nCcir Preamble=5\r\n"
+                          "Ccir Message1=A B\r\nCcir Message2=C\r\nCcir Directory99=7\r\n"
+                          "Ccir Directory0=-1\r\n")
+            << "654321 4321 3 4 5 \"A B\" \"C\" 0:4294967295 99:7";
+        QTest::newRow("empty numbers keep the record's values")
+            << QByteArray("[Ccir Option]\r\nCcir 6 Digits Id=\r\nCcir 4 Digits Id=\r\n"
+                          "Ccir Alarm=\r\nCcir Beacon=\r\nCcir Preamble=\r\nCcir Message1=\r\n"
+                          "Ccir Directory3=\r\n")
+            << "999 99 9 9 9 \"\" \"\"";
+        QTest::newRow("settings keep the low byte")
+            << QByteArray("[Ccir Option]\r\nCcir Alarm=300\r\nCcir 4 Digits Id=70000")
+            << "0 4464 44 0 6 \"\" \"\"";
+        QTest::newRow("long message cut to 32")
+            << QByteArray("[Ccir Option]\r\nCcir Message2=0123456789012345678901234567890123456789")
+            << "0 0 0 0 6 \"\" \"01234567890123456789012345678901\"";
+        QTest::newRow("directory beyond its entries ignored")
+            << QByteArray("[Ccir Option]\r\nCcir Directory100=5\r\nCcir Directory 1=5")
+            << "0 0 0 0 6 \"\" \"\"";
+        QTest::newRow("keys of other sections ignored")
+            << QByteArray("[ZOV]\r\nCcir Alarm=5\r\n[Ccir Option]\r\nCcir Beacon=1")
+            << "0 0 0 1 6 \"\" \"\"";
+    }
+
+    void load()
+    {
+        auto [content, expected] = test::fetch<QByteArray, QString>({"content", "expected"});
+
+        test::writeBytes(path("in.ccr"), content.toStdString());
+        ccir_dbase record{};
+        record.selfId6.set(999);
+        record.selfId4.set(99);
+        record.alarm = record.beacon = record.preamble = 9;
+        setText(record.message1, "OLD");
+        setText(record.message2, "OLD");
+        record.directory[3].set(333);
+        CcirState state;
+        QCOMPARE(CcirFile(path("in.ccr")).load(nullptr, record, state), CcirFile::kLoaded);
+        QCOMPARE(describe(record), expected);
+        QVERIFY(state.dataFromFile);
+    }
+
+    void failedSave()
+    {
+        test::writeBytes(path("old.ccr"), "[Ccir Option]\r\nCcir Alarm=1\r\n");
+        QVERIFY(std::filesystem::create_directory(path("old.ccr.dir")));
+        FileInfo info;
+        CcirFile file(path("missing/x.ccr"));
+        QCOMPARE(file.save(info, ccir_dbase{}), 0);
+        QCOMPARE(file.errorString(), "Cannot write the file " + path("missing/x.ccr").string() +
+                                         ": No such file or directory");
+        QCOMPARE(info.modificationTime, std::int64_t{0});
+
+        // A file that cannot be read changes nothing and says why.
+        ccir_dbase record{};
+        record.alarm = 5;
+        CcirState state;
+        CcirFile folder(path("old.ccr.dir"));
+        QCOMPARE(folder.load(nullptr, record, state), CcirFile::kReadFailed);
+        QCOMPARE(record.alarm, std::uint8_t{5});
+        QVERIFY(!state.dataFromFile);
+        QVERIFY(!folder.errorString().empty());
+    }
+
+    void channelNames()
+    {
+        CcirChannelNumbers numbers{};
+        numbers[0] = 0x0102;
+        numbers[199] = 65535;
+        const channel_name record = toChannelName(numbers);
+        const auto* bytes = reinterpret_cast<const char*>(&record);
+        QCOMPARE(QByteArray(bytes, 2).toHex(), QByteArray("0102"));
+        QCOMPARE(QByteArray(bytes + 398, 2).toHex(), QByteArray("ffff"));
+        QCOMPARE(fromChannelName(record), numbers);
+    }
 
 private:
     std::filesystem::path path(const char* name) const { return m_dir.path(name); }
     test::TestFolder m_dir;
 };
-
-void TestCcirFile::numbersAreMostSignificantByteFirst()
-{
-    ccir_dbase record{};
-    record.selfId4.set(0x1234);
-    record.selfId6.set(0x00ABCDEF);
-    record.directory[99].set(0x01020304);
-    const auto* bytes = reinterpret_cast<const std::uint8_t*>(&record);
-    QCOMPARE(QByteArray(reinterpret_cast<const char*>(bytes), 6).toHex(),
-             QByteArray("123400abcdef"));
-    QCOMPARE(QByteArray(reinterpret_cast<const char*>(bytes) + 402, 4).toHex(),
-             QByteArray("01020304"));
-    QCOMPARE(record.selfId6.get(), 0x00ABCDEFu);
-
-    // The rows see the record in host order; the conversion is its own inverse pair.
-    const ccir_dbase host = CcirFile::toHostOrder(record);
-    std::uint16_t id4;
-    std::memcpy(&id4, &host.selfId4, sizeof id4);
-    QCOMPARE(id4, std::uint16_t{0x1234});
-    const ccir_dbase back = CcirFile::toRadioOrder(host);
-    QCOMPARE(std::memcmp(&back, &record, sizeof record), 0);
-}
-
-void TestCcirFile::savedLayout()
-{
-    ccir_dbase record{};
-    record.selfId6.set(123456);
-    record.selfId4.set(1234);
-    record.alarm = 1;
-    record.beacon = 2;
-    record.preamble = 6;
-    setText(record.message1, "HELLO STATION");
-    record.directory[0].set(11111);
-    record.directory[5].set(4000000000u);
-    FileInfo info;
-    info.comment = "two\r\nlines";
-    info.userName = "me";
-
-    CcirFile file(path("a.ccr"));
-    QCOMPARE(file.save(info, record), 1);
-    QCOMPARE(test::readBytes(path("a.ccr")),
-             std::string("[Ccir Option]\r\nCcir 6 Digits Id=123456\r\nCcir 4 Digits Id=1234\r\n"
-                         "Ccir Alarm=1\r\nCcir Beacon=2\r\nCcir Preamble=6\r\n"
-                         "Ccir Message1=HELLO STATION\r\nCcir Message2=\r\n"
-                         "Ccir Directory0=11111\r\nCcir Directory5=-294967296\r\n"
-                         "Comment=two\\rlines\r\nUserName=me\r\n"
-                         "[ZOV]\r\nZOV_Version=2.01\r\n"));
-    QVERIFY(info.modificationTime > 0);
-}
-
-void TestCcirFile::load_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("expected");
-
-    // Loaded over a record holding: 999 99 9 9 9 "OLD" "OLD" 3:333
-    QTest::newRow("empty file: defaults") << QByteArray() << "0 0 0 0 6 \"\" \"\"";
-    QTest::newRow("values")
-        << QByteArray("[ccir option]\r\nCcir 6 Digits Id=654321\r\nCcir 4 Digits Id=4321\r\n"
-                      "Ccir Alarm=3\r\nCcir Beacon=4\r\nCcir Preamble=5\r\n"
-                      "Ccir Message1=A B\r\nCcir Message2=C\r\nCcir Directory99=7\r\n"
-                      "Ccir Directory0=-1\r\n")
-        << "654321 4321 3 4 5 \"A B\" \"C\" 0:4294967295 99:7";
-    QTest::newRow("empty numbers keep the record's values")
-        << QByteArray("[Ccir Option]\r\nCcir 6 Digits Id=\r\nCcir 4 Digits Id=\r\n"
-                      "Ccir Alarm=\r\nCcir Beacon=\r\nCcir Preamble=\r\nCcir Message1=\r\n"
-                      "Ccir Directory3=\r\n")
-        << "999 99 9 9 9 \"\" \"\"";
-    QTest::newRow("settings keep the low byte")
-        << QByteArray("[Ccir Option]\r\nCcir Alarm=300\r\nCcir 4 Digits Id=70000")
-        << "0 4464 44 0 6 \"\" \"\"";
-    QTest::newRow("long message cut to 32")
-        << QByteArray("[Ccir Option]\r\nCcir Message2=0123456789012345678901234567890123456789")
-        << "0 0 0 0 6 \"\" \"01234567890123456789012345678901\"";
-    QTest::newRow("directory beyond its entries ignored")
-        << QByteArray("[Ccir Option]\r\nCcir Directory100=5\r\nCcir Directory 1=5")
-        << "0 0 0 0 6 \"\" \"\"";
-    QTest::newRow("keys of other sections ignored")
-        << QByteArray("[ZOV]\r\nCcir Alarm=5\r\n[Ccir Option]\r\nCcir Beacon=1")
-        << "0 0 0 1 6 \"\" \"\"";
-}
-
-void TestCcirFile::load()
-{
-    QFETCH(QByteArray, content);
-    QFETCH(QString, expected);
-
-    test::writeBytes(path("in.ccr"), content.toStdString());
-    ccir_dbase record{};
-    record.selfId6.set(999);
-    record.selfId4.set(99);
-    record.alarm = record.beacon = record.preamble = 9;
-    setText(record.message1, "OLD");
-    setText(record.message2, "OLD");
-    record.directory[3].set(333);
-    CcirState state;
-    QCOMPARE(CcirFile(path("in.ccr")).load(nullptr, record, state), CcirFile::kLoaded);
-    QCOMPARE(describe(record), expected);
-    QVERIFY(state.dataFromFile);
-}
-
-void TestCcirFile::roundTrip()
-{
-    QRandomGenerator random(475);
-    for (int round = 0; round < 20; ++round) {
-        ccir_dbase record{};
-        record.selfId4.set(static_cast<std::uint16_t>(random.bounded(65536)));
-        record.selfId6.set(random.generate());
-        for (auto& entry : record.directory)
-            entry.set(random.bounded(3) == 0 ? 0 : random.generate());
-        record.preamble = static_cast<std::uint8_t>(random.bounded(256));
-        record.beacon = static_cast<std::uint8_t>(random.bounded(256));
-        record.alarm = static_cast<std::uint8_t>(random.bounded(256));
-        setText(record.message1, QByteArray::number(random.generate64()).toStdString());
-        setText(record.message2, "CALL ME");
-        FileInfo info;
-        info.comment = "c";
-        info.userName = "u";
-
-        CcirFile out(path("r.ccr"));
-        QCOMPARE(out.save(info, record), 1);
-        ccir_dbase loaded{};
-        loaded.alarm = 77;
-        FileInfo loadedInfo;
-        CcirState state;
-        QCOMPARE(CcirFile(path("r.ccr")).load(&loadedInfo, loaded, state), CcirFile::kLoaded);
-        QCOMPARE(describe(loaded), describe(record));
-        QCOMPARE(std::memcmp(&loaded, &record, sizeof record), 0);
-        QCOMPARE(loadedInfo.comment, std::string("c"));
-        QCOMPARE(loadedInfo.modificationTime, info.modificationTime);
-    }
-}
-
-void TestCcirFile::failedSave()
-{
-    test::writeBytes(path("old.ccr"), "[Ccir Option]\r\nCcir Alarm=1\r\n");
-    QVERIFY(std::filesystem::create_directory(path("old.ccr.dir")));
-    FileInfo info;
-    CcirFile file(path("missing/x.ccr"));
-    QCOMPARE(file.save(info, ccir_dbase{}), 0);
-    QCOMPARE(file.errorString(), "Cannot write the file " + path("missing/x.ccr").string() +
-                                     ": No such file or directory");
-    QCOMPARE(info.modificationTime, std::int64_t{0});
-
-    // A file that cannot be read changes nothing and says why.
-    ccir_dbase record{};
-    record.alarm = 5;
-    CcirState state;
-    CcirFile folder(path("old.ccr.dir"));
-    QCOMPARE(folder.load(nullptr, record, state), CcirFile::kReadFailed);
-    QCOMPARE(record.alarm, std::uint8_t{5});
-    QVERIFY(!state.dataFromFile);
-    QVERIFY(!folder.errorString().empty());
-}
-
-void TestCcirFile::channelNames()
-{
-    CcirChannelNumbers numbers{};
-    numbers[0] = 0x0102;
-    numbers[199] = 65535;
-    const channel_name record = toChannelName(numbers);
-    const auto* bytes = reinterpret_cast<const char*>(&record);
-    QCOMPARE(QByteArray(bytes, 2).toHex(), QByteArray("0102"));
-    QCOMPARE(QByteArray(bytes + 398, 2).toHex(), QByteArray("ffff"));
-    QCOMPARE(fromChannelName(record), numbers);
-}
 
 QTEST_GUILESS_MAIN(TestCcirFile)
 #include "tst_ccirfile.moc"

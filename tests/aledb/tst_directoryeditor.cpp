@@ -36,40 +36,28 @@ class DirectoryEditorTest : public QObject
 private slots:
     void addressRules_data()
     {
-        QTest::addColumn<int>("entries");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("status");
-        QTest::addColumn<bool>("add");
-        QTest::addColumn<bool>("remove");
-        QTest::newRow("empty text") << 5 << ""
-                                    << "" << false << false;
-        QTest::newRow("new address") << 5 << "NEW1"
-                                     << "" << true << false;
-        QTest::newRow("lower case") << 5 << "abc"
-                                    << "'abc' is an invalid address." << false << false;
-        QTest::newRow("punctuation") << 5 << "AB-1"
-                                     << "'AB-1' is an invalid address." << false << false;
-        QTest::newRow("too long") << 5 << "ABCDEFGHIJKLMNOP"
-                                  << "'ABCDEFGHIJKLMNOP' is an invalid address." << false << false;
-        QTest::newRow("net name") << 5 << "NETC"
-                                  << "'NETC' is net no. 3 Net Name." << false << false;
-        QTest::newRow("self address") << 5 << "HOMEC"
-                                      << "'HOMEC' is net no. 3 Self Address." << false << false;
-        QTest::newRow("already listed") << 5 << "STN2"
-                                        << "STN2 is in the Directory." << false << true;
-        QTest::newRow("listed in a full directory")
-            << 100 << "STN99"
-            << "STN99 is in the Directory." << false << true;
-        QTest::newRow("full") << 100 << "NEW1"
-                              << "The Directory is full; cannot add new address." << false << false;
+        addColumns<int, QString, QString, bool, bool>(
+            {"entries", "typed", "status", "add", "remove"});
+        const auto row = [](const char* name, int entries, const char* typed, const char* status,
+                            bool add, bool remove) {
+            QTest::newRow(name) << entries << QString(typed) << QString(status) << add << remove;
+        };
+        row("empty text", 5, "", "", false, false);
+        row("new address", 5, "NEW1", "", true, false);
+        row("lower case", 5, "abc", "'abc' is an invalid address.", false, false);
+        row("punctuation", 5, "AB-1", "'AB-1' is an invalid address.", false, false);
+        row("too long", 5, "ABCDEFGHIJKLMNOP", "'ABCDEFGHIJKLMNOP' is an invalid address.", false,
+            false);
+        row("net name", 5, "NETC", "'NETC' is net no. 3 Net Name.", false, false);
+        row("self address", 5, "HOMEC", "'HOMEC' is net no. 3 Self Address.", false, false);
+        row("already listed", 5, "STN2", "STN2 is in the Directory.", false, true);
+        row("listed in a full directory", 100, "STN99", "STN99 is in the Directory.", false, true);
+        row("full", 100, "NEW1", "The Directory is full; cannot add new address.", false, false);
     }
     void addressRules()
     {
-        QFETCH(int, entries);
-        QFETCH(QString, typed);
-        QFETCH(QString, status);
-        QFETCH(bool, add);
-        QFETCH(bool, remove);
+        auto [entries, typed, status, add, remove] = fetch<int, QString, QString, bool, bool>(
+            {"entries", "typed", "status", "add", "remove"});
         RecordingNotifier notifier;
         DirectoryEditor editor(directoryProgramme(entries), notifier);
         editor.setEditText("STN1"); // a previous state must not leak into the next text
@@ -79,9 +67,10 @@ private slots:
         QCOMPARE(editor.deleteEnabled(), remove);
     }
 
-    void addAppendsAndClears()
+    void addSelectAndConfirmedDelete()
     {
         RecordingNotifier notifier;
+        notifier.queueAnswer(Answer::No);
         DirectoryEditor editor(directoryProgramme(3), notifier);
         QVERIFY(!editor.add());
         editor.setEditText("NEW");
@@ -91,48 +80,40 @@ private slots:
         QVERIFY(editor.editText().empty());
         QCOMPARE(std::string(fieldText(editor.programme().database.directory[3])),
                  std::string("NEW"));
-    }
-
-    void selectingAnEntryOffersDelete()
-    {
-        RecordingNotifier notifier;
-        DirectoryEditor editor(directoryProgramme(3), notifier);
         editor.selectEntry(1);
         QCOMPARE(editor.editText(), std::string("STN1"));
         QVERIFY(editor.deleteEnabled());
-    }
-
-    void deleteNeedsConfirmation()
-    {
-        RecordingNotifier notifier;
-        notifier.queueAnswer(Answer::No);
-        DirectoryEditor editor(directoryProgramme(5), notifier);
-        editor.setEditText("STN3");
+        // Refused at the question: nothing goes.
         QVERIFY(!editor.remove());
-        QCOMPARE(editor.occupiedCount(), 5);
+        QCOMPARE(editor.occupiedCount(), 4);
         QCOMPARE(notifier.entries().size(), std::size_t(1));
         QVERIFY(notifier.entries()[0].question);
     }
 
-    void deleteRenumbersMembers_data()
+    // Deleting entry 3 of ten: net members, global members and dials follow their entries.
+    void deleteRenumbersReferences_data()
     {
-        QTest::addColumn<QList<int>>("members");
-        QTest::addColumn<QList<int>>("expected");
-        QTest::addColumn<QList<int>>("allCallAndTune"); // all call, channel low, high, tune
-        QTest::newRow("middle member")
-            << QList<int>{1, 3, 5} << QList<int>{1, 4, 255} << QList<int>{0x34, 0x12, 9, 9};
-        QTest::newRow("not a member")
-            << QList<int>{1, 5} << QList<int>{1, 4, 255} << QList<int>{3, 0x34, 0x12, 9};
-        QTest::newRow("twice: only the first moves")
-            << QList<int>{3, 0, 3} << QList<int>{0, 255, 255} << QList<int>{0x34, 0x12, 9, 9};
+        // allCallAndTune: all call, channel low, high, tune
+        addColumns<QList<int>, QList<int>, QList<int>, QList<int>, QList<int>>(
+            {"members", "expected", "allCallAndTune", "groupSlots", "groupExpected"});
+        QTest::newRow("middle member, priority bits kept")
+            << QList<int>{1, 3, 5} << QList<int>{1, 4, 255} << QList<int>{0x34, 0x12, 9, 9}
+            << QList<int>{0x80 | 1, 3, 0x80 | 5, 255} << QList<int>{0x80 | 1, 0x80 | 4, 255, 255};
+        QTest::newRow("not a member, priority reference removed")
+            << QList<int>{1, 5} << QList<int>{1, 4, 255} << QList<int>{3, 0x34, 0x12, 9}
+            << QList<int>{0x80 | 3, 8} << QList<int>{7, 255};
+        QTest::newRow("twice: only the first moves, the second empties")
+            << QList<int>{3, 0, 3} << QList<int>{0, 255, 255} << QList<int>{0x34, 0x12, 9, 9}
+            << QList<int>{3, 0x80 | 3, 2} << QList<int>{255, 2, 255};
         QTest::newRow("self address kept")
-            << QList<int>{254, 3, 7} << QList<int>{254, 6, 255} << QList<int>{0x34, 0x12, 9, 9};
+            << QList<int>{254, 3, 7} << QList<int>{254, 6, 255} << QList<int>{0x34, 0x12, 9, 9}
+            << QList<int>{} << QList<int>{};
     }
-    void deleteRenumbersMembers()
+    void deleteRenumbersReferences()
     {
-        QFETCH(QList<int>, members);
-        QFETCH(QList<int>, expected);
-        QFETCH(QList<int>, allCallAndTune);
+        auto [members, expected, allCallAndTune, groupSlots, groupExpected] =
+            fetch<QList<int>, QList<int>, QList<int>, QList<int>, QList<int>>(
+                {"members", "expected", "allCallAndTune", "groupSlots", "groupExpected"});
         AleProgramme p = directoryProgramme(10);
         ale_net& net = p.database.nets[0];
         for (int i = 0; i < members.size(); ++i)
@@ -140,64 +121,34 @@ private slots:
         net.allCall = 3;
         net.allCallChannel.set(0x1234);
         net.tuneTime = 9;
-        RecordingNotifier notifier;
-        DirectoryEditor editor(p, notifier);
-        editor.setEditText("STN3");
-        QVERIFY(editor.remove());
-        const ale_net& after = editor.programme().database.nets[0];
-        QCOMPARE(listOf(after.members, int(expected.size())), expected);
-        QCOMPARE(after.members[15], kSlotEmpty);
-        const auto* bytes = reinterpret_cast<const std::uint8_t*>(&after);
-        QCOMPARE(listOf(bytes + 48, 4), allCallAndTune);
-        QCOMPARE(editor.occupiedCount(), 9);
-        QCOMPARE(std::string(fieldText(editor.programme().database.directory[3])),
-                 std::string("STN4"));
-        QVERIFY(fieldText(editor.programme().database.directory[9]).empty());
-    }
-
-    void deleteRenumbersGlobalMembers_data()
-    {
-        QTest::addColumn<QList<int>>("groupSlots");
-        QTest::addColumn<QList<int>>("expected");
-        QTest::newRow("priority bits kept")
-            << QList<int>{0x80 | 1, 3, 0x80 | 5, 255} << QList<int>{0x80 | 1, 0x80 | 4, 255, 255};
-        QTest::newRow("priority reference removed")
-            << QList<int>{0x80 | 3, 8} << QList<int>{7, 255};
-        QTest::newRow("second reference to the deleted entry empties")
-            << QList<int>{3, 0x80 | 3, 2} << QList<int>{255, 2, 255};
-    }
-    void deleteRenumbersGlobalMembers()
-    {
-        QFETCH(QList<int>, groupSlots);
-        QFETCH(QList<int>, expected);
-        AleProgramme p = directoryProgramme(10);
         auto& group = p.globalMembers.nets[6];
         for (int i = 0; i < groupSlots.size(); ++i)
             group.members[std::size_t(i)] = std::uint8_t(groupSlots[i]);
         group.members[19] = 9;
-        RecordingNotifier notifier;
-        DirectoryEditor editor(p, notifier);
-        editor.setEditText("STN3");
-        QVERIFY(editor.remove());
-        const auto& after = editor.programme().globalMembers.nets[6];
-        QCOMPARE(listOf(after.members, int(expected.size())), expected);
-        // the last slot moved down one place when a slot was removed
-        const bool removed = groupSlots.contains(3) || groupSlots.contains(0x83);
-        QCOMPARE(int(after.members[removed ? 18 : 19]), 8);
-    }
-
-    void deleteKeepsDialsOnTheirAddresses()
-    {
-        AleProgramme p = directoryProgramme(10);
         p.database.autoDials[0] = {5, 1};
         p.database.autoDials[1] = {3, 2};
         RecordingNotifier notifier;
         DirectoryEditor editor(p, notifier);
         editor.setEditText("STN3");
         QVERIFY(editor.remove());
-        QCOMPARE(editor.programme().database.autoDials[0].address, 4);
-        QCOMPARE(editor.programme().database.autoDials[1].address, kSlotEmpty);
-        QCOMPARE(editor.programme().database.autoDials[1].message, 2);
+        const ale_dbase& db = editor.programme().database;
+        const ale_net& after = db.nets[0];
+        QCOMPARE(listOf(after.members, int(expected.size())), expected);
+        QCOMPARE(after.members[15], kSlotEmpty);
+        const auto* bytes = reinterpret_cast<const std::uint8_t*>(&after);
+        QCOMPARE(listOf(bytes + 48, 4), allCallAndTune);
+        QCOMPARE(editor.occupiedCount(), 9);
+        QCOMPARE(std::string(fieldText(db.directory[3])), std::string("STN4"));
+        QVERIFY(fieldText(db.directory[9]).empty());
+        const auto& groupAfter = editor.programme().globalMembers.nets[6];
+        QCOMPARE(listOf(groupAfter.members, int(groupExpected.size())), groupExpected);
+        // the last slot moved down one place when a slot was removed
+        const bool removed = groupSlots.contains(3) || groupSlots.contains(0x83);
+        QCOMPARE(int(groupAfter.members[removed ? 18 : 19]), 8);
+        // a dial keeps its message when its address goes
+        QCOMPARE(
+            (QList<int>{db.autoDials[0].address, db.autoDials[1].address, db.autoDials[1].message}),
+            (QList<int>{4, 255, 2}));
     }
 
     void gapsCloseWithoutLosingReferences()

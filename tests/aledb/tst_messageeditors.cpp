@@ -15,8 +15,7 @@ class MessageEditorsTest : public QObject
 private slots:
     void messageValidation_data()
     {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<bool>("valid");
+        addColumns<QString, bool>({"typed", "valid"});
         QTest::newRow("upper case and digits") << "QRV 14 MHZ" << true;
         QTest::newRow("punctuation up to the underscore") << "A!?_@[]^" << true;
         QTest::newRow("empty") << "" << true;
@@ -26,8 +25,7 @@ private slots:
     }
     void messageValidation()
     {
-        QFETCH(QString, typed);
-        QFETCH(bool, valid);
+        auto [typed, valid] = fetch<QString, bool>({"typed", "valid"});
         AleProgramme p = emptyProgramme();
         setMessage(p, 2, "OLD");
         MessageEditor editor(p.database);
@@ -39,16 +37,9 @@ private slots:
         const std::string stored(fieldText(editor.database().messages[2]));
         QCOMPARE(QString::fromStdString(stored), valid ? typed : QString("OLD"));
         QCOMPARE(editor.occupiedCount(), valid && typed.isEmpty() ? 0 : 1);
-    }
-
-    void fixingTheTextReenablesOk()
-    {
-        MessageEditor editor(emptyProgramme().database);
-        editor.setText("ABc");
-        QVERIFY(!editor.okEnabled());
-        editor.setText("AB");
+        editor.setText("FIXED"); // a valid text enables OK again and is stored
         QVERIFY(editor.okEnabled());
-        QCOMPARE(std::string(fieldText(editor.database().messages[0])), std::string("AB"));
+        QCOMPARE(std::string(fieldText(editor.database().messages[2])), std::string("FIXED"));
     }
 
     void spinClampsAndShowsTheMessage()
@@ -67,24 +58,10 @@ private slots:
         QCOMPARE(editor.text(), std::string("FIRST"));
     }
 
-    void dialLists()
-    {
-        AleProgramme p = emptyProgramme();
-        setDirectory(p, 0, "ALPHA");
-        setDirectory(p, 2, "CHARLIE");
-        setMessage(p, 1, "HELLO");
-        AutoDialEditor editor(p.database);
-        QCOMPARE(editor.addressItems(),
-                 (std::vector<std::string>{"ALPHA", "CHARLIE", "*EMPTY ADDRESS*"}));
-        QCOMPARE(editor.messageItems(), (std::vector<std::string>{"HELLO", "*EMPTY MESSAGE*"}));
-    }
-
     void dialSelections_data()
     {
-        QTest::addColumn<int>("address");
-        QTest::addColumn<int>("message");
-        QTest::addColumn<int>("addressPosition");
-        QTest::addColumn<int>("messagePosition");
+        addColumns<int, int, int, int>(
+            {"address", "message", "addressPosition", "messagePosition"});
         QTest::newRow("none") << 255 << 255 << 2 << 1;
         QTest::newRow("first entries") << 0 << 1 << 0 << 0;
         QTest::newRow("entry after a gap") << 2 << 1 << 1 << 0;
@@ -92,24 +69,24 @@ private slots:
     }
     void dialSelections()
     {
-        QFETCH(int, address);
-        QFETCH(int, message);
-        QFETCH(int, addressPosition);
-        QFETCH(int, messagePosition);
+        auto [address, message, addressPosition, messagePosition] =
+            fetch<int, int, int, int>({"address", "message", "addressPosition", "messagePosition"});
         AleProgramme p = emptyProgramme();
         setDirectory(p, 0, "ALPHA");
         setDirectory(p, 2, "CHARLIE");
         setMessage(p, 1, "HELLO");
         p.database.autoDials[4] = {std::uint8_t(address), std::uint8_t(message)};
         AutoDialEditor editor(p.database);
+        QCOMPARE(editor.addressItems(),
+                 (std::vector<std::string>{"ALPHA", "CHARLIE", "*EMPTY ADDRESS*"}));
+        QCOMPARE(editor.messageItems(), (std::vector<std::string>{"HELLO", "*EMPTY MESSAGE*"}));
         QCOMPARE(editor.addressSelection(4), addressPosition);
         QCOMPARE(editor.messageSelection(4), messagePosition);
     }
 
     void dialChoicesStoreTheChosenEntry_data()
     {
-        QTest::addColumn<int>("position");
-        QTest::addColumn<int>("stored");
+        addColumns<int, int>({"position", "stored"});
         QTest::newRow("first") << 0 << 0;
         QTest::newRow("after the gap") << 1 << 2;
         QTest::newRow("empty item") << 2 << 255;
@@ -117,8 +94,7 @@ private slots:
     }
     void dialChoicesStoreTheChosenEntry()
     {
-        QFETCH(int, position);
-        QFETCH(int, stored);
+        auto [position, stored] = fetch<int, int>({"position", "stored"});
         AleProgramme p = emptyProgramme();
         setDirectory(p, 0, "ALPHA");
         setDirectory(p, 2, "CHARLIE");

@@ -27,10 +27,8 @@ class NetConfigEditorTest : public QObject
 private slots:
     void fillingFromTheRecord_data()
     {
-        QTest::addColumn<int>("offset");
-        QTest::addColumn<int>("value");
-        QTest::addColumn<QString>("message");
-        QTest::addColumn<QList<int>>("positions"); // scan rate, sounding, occupancy
+        // positions: scan rate, sounding, occupancy
+        addColumns<int, int, QString, QList<int>>({"offset", "value", "message", "positions"});
         // Net 1 shows 1, 1, 2; a refused value of net 5 leaves its control showing that.
         QTest::newRow("defaults") << 55 << 2 << "" << QList<int>{0, 0, 0};
         QTest::newRow("scan rate 5") << 55 << 5 << "" << QList<int>{1, 0, 0};
@@ -48,10 +46,8 @@ private slots:
     }
     void fillingFromTheRecord()
     {
-        QFETCH(int, offset);
-        QFETCH(int, value);
-        QFETCH(QString, message);
-        QFETCH(QList<int>, positions);
+        auto [offset, value, message, positions] =
+            fetch<int, int, QString, QList<int>>({"offset", "value", "message", "positions"});
         AleProgramme p = emptyProgramme();
         p.database.nets[0].scanRate = 5;
         p.database.nets[0].sounding = 30;
@@ -73,8 +69,7 @@ private slots:
 
     void selectingClampsTheNet_data()
     {
-        QTest::addColumn<int>("spin");
-        QTest::addColumn<int>("net");
+        addColumns<int, int>({"spin", "net"});
         QTest::newRow("below") << -1 << 0;
         QTest::newRow("first") << 0 << 0;
         QTest::newRow("last") << 19 << 19;
@@ -82,8 +77,7 @@ private slots:
     }
     void selectingClampsTheNet()
     {
-        QFETCH(int, spin);
-        QFETCH(int, net);
+        auto [spin, net] = fetch<int, int>({"spin", "net"});
         AleProgramme p = emptyProgramme();
         setNet(p, net + 1, "N", "S", {});
         RecordingNotifier notifier;
@@ -95,11 +89,9 @@ private slots:
 
     void storingListChoices_data()
     {
-        QTest::addColumn<int>("list"); // 0 scan rate, 1 sounding, 2 occupancy
-        QTest::addColumn<int>("position");
-        QTest::addColumn<int>("offset");
-        QTest::addColumn<int>("stored");
-        QTest::addColumn<QString>("message");
+        // list: 0 scan rate, 1 sounding, 2 occupancy
+        addColumns<int, int, int, int, QString>(
+            {"list", "position", "offset", "stored", "message"});
         QTest::newRow("scan rate 1") << 0 << 1 << 55 << 5 << "";
         QTest::newRow("scan rate 2") << 0 << 2 << 55 << 2 << "Scan Rate is not correct!";
         QTest::newRow("sounding 3") << 1 << 3 << 58 << 90 << "";
@@ -111,11 +103,8 @@ private slots:
     }
     void storingListChoices()
     {
-        QFETCH(int, list);
-        QFETCH(int, position);
-        QFETCH(int, offset);
-        QFETCH(int, stored);
-        QFETCH(QString, message);
+        auto [list, position, offset, stored, message] =
+            fetch<int, int, int, int, QString>({"list", "position", "offset", "stored", "message"});
         RecordingNotifier notifier;
         NetConfigEditor editor(emptyProgramme(), {}, notifier);
         editor.selectNet(2);
@@ -133,9 +122,7 @@ private slots:
 
     void allCallBoxes_data()
     {
-        QTest::addColumn<bool>("send");
-        QTest::addColumn<bool>("receive");
-        QTest::addColumn<int>("stored");
+        addColumns<bool, bool, int>({"send", "receive", "stored"});
         QTest::newRow("none") << false << false << 0;
         QTest::newRow("send") << true << false << 1;
         QTest::newRow("receive") << false << true << 2;
@@ -143,14 +130,21 @@ private slots:
     }
     void allCallBoxes()
     {
-        QFETCH(bool, send);
-        QFETCH(bool, receive);
-        QFETCH(int, stored);
+        auto [send, receive, stored] = fetch<bool, bool, int>({"send", "receive", "stored"});
         RecordingNotifier notifier;
         NetConfigEditor editor(emptyProgramme(), {}, notifier);
         editor.setSendAllCall(send);
         editor.setReceiveAllCall(receive);
         QCOMPARE(int(editor.programme().database.nets[0].allCall), stored);
+        // Silent is stored inverted, slave as 1; the accept-link timeout is held to 0..2.
+        editor.setSilent(send);
+        editor.setSlave(receive);
+        editor.setAcceptLinkTimeout(stored + 2);
+        const ale_net& net = editor.programme().database.nets[0];
+        QCOMPARE(int(net.silent), send ? 0 : 1);
+        QCOMPARE(int(net.masterSlave), receive ? 1 : 0);
+        QCOMPARE(int(editor.programme().database.options.acceptLinkTimeout),
+                 std::min(stored + 2, 2));
         NetConfigEditor reopened(editor.programme(), {}, notifier);
         QCOMPARE(reopened.sendAllCall(), send);
         QCOMPARE(reopened.receiveAllCall(), receive);
@@ -158,31 +152,27 @@ private slots:
 
     void nameCrossCheck_data()
     {
-        QTest::addColumn<bool>("selfAddressEdit");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<bool>("accepted");
-        QTest::addColumn<QString>("stored");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("another net's self address") << false << "STN7" << false << "OLD"
-                                                    << "'STN7' is net no. 7 Self Address.";
-        QTest::newRow("its own self address") << false << "OWN" << false << "OLD"
-                                              << "'OWN' is net no. 2 Self Address.";
-        QTest::newRow("a free name") << false << "FREE" << true << "FREE"
-                                     << "";
-        QTest::newRow("empty name") << false << "" << true << ""
-                                    << "";
-        QTest::newRow("self address equal to a net name") << true << "NAME9" << false << "OWN"
-                                                          << "'NAME9' is net no. 9 Net Name.";
-        QTest::newRow("a free self address") << true << "FREE" << true << "FREE"
-                                             << "";
+        addColumns<bool, QString, bool, QString, QString>(
+            {"selfAddressEdit", "typed", "accepted", "stored", "message"});
+        const auto row = [](const char* name, bool selfAddressEdit, const char* typed,
+                            bool accepted, const char* stored, const char* message) {
+            QTest::newRow(name) << selfAddressEdit << QString(typed) << accepted << QString(stored)
+                                << QString(message);
+        };
+        row("another net's self address", false, "STN7", false, "OLD",
+            "'STN7' is net no. 7 Self Address.");
+        row("its own self address", false, "OWN", false, "OLD", "'OWN' is net no. 2 Self Address.");
+        row("a free name", false, "FREE", true, "FREE", "");
+        row("empty name", false, "", true, "", "");
+        row("self address equal to a net name", true, "NAME9", false, "OWN",
+            "'NAME9' is net no. 9 Net Name.");
+        row("a free self address", true, "FREE", true, "FREE", "");
     }
     void nameCrossCheck()
     {
-        QFETCH(bool, selfAddressEdit);
-        QFETCH(QString, typed);
-        QFETCH(bool, accepted);
-        QFETCH(QString, stored);
-        QFETCH(QString, message);
+        auto [selfAddressEdit, typed, accepted, stored, message] =
+            fetch<bool, QString, bool, QString, QString>(
+                {"selfAddressEdit", "typed", "accepted", "stored", "message"});
         AleProgramme p = emptyProgramme();
         setNet(p, 2, "OLD", "OWN", {3});
         setNet(p, 7, "NAME7", "STN7", {3});
@@ -220,55 +210,31 @@ private slots:
         QVERIFY(own.check().lines.empty());
     }
 
-    void eachOptionSetsItsByte_data()
-    {
-        using O = NetConfigEditor::Option;
-        QTest::addColumn<int>("option");
-        QTest::addColumn<QList<int>>("bytes"); // 0..11 ALE options, 12..15 extra options
-        QTest::newRow("Alert") << int(O::Alert) << QList<int>{1};
-        QTest::newRow("Ext. Alarm") << int(O::ExternalAlarm) << QList<int>{2};
-        QTest::newRow("Auto Address") << int(O::AutoAddress) << QList<int>{3};
-        QTest::newRow("Quick PTT Call") << int(O::QuickPttCall) << QList<int>{4};
-        QTest::newRow("MultiNet") << int(O::Multinet) << QList<int>{7, 12};
-        QTest::newRow("Anycall") << int(O::Anycall) << QList<int>{8};
-        QTest::newRow("Wildcard") << int(O::Wildcard) << QList<int>{9};
-        QTest::newRow("AMD") << int(O::Amd) << QList<int>{10};
-        QTest::newRow("In_LINK") << int(O::InLink) << QList<int>{11};
-        QTest::newRow("LINK AFTER BDIR") << int(O::LinkAfterBidirectional) << QList<int>{14};
-        QTest::newRow("VCDS") << int(O::Vcds) << QList<int>{15};
-    }
     void eachOptionSetsItsByte()
     {
-        QFETCH(int, option);
-        QFETCH(QList<int>, bytes);
-        AleProgramme zero{};
-        RecordingNotifier notifier;
-        NetConfigEditor editor(zero, {}, notifier);
-        notifier.clear();
-        const auto which = static_cast<NetConfigEditor::Option>(option);
-        editor.setOption(which, true);
-        QVERIFY(editor.option(which));
-        const AleProgramme& p = editor.programme();
-        const auto* options = reinterpret_cast<const std::uint8_t*>(&p.database.options);
-        const auto* extra = reinterpret_cast<const std::uint8_t*>(&p.extraOptions);
-        QList<int> set;
-        for (int i = 0; i < 16; ++i)
-            if ((i < 12 ? options[i] : extra[i - 12]) != 0)
-                set << i;
-        QCOMPARE(set, bytes);
-    }
-
-    void flagsUseTheirEncodings()
-    {
-        RecordingNotifier notifier;
-        NetConfigEditor editor(emptyProgramme(), {}, notifier);
-        editor.setSilent(true);
-        editor.setSlave(true);
-        editor.setAcceptLinkTimeout(5);
-        const AleProgramme& p = editor.programme();
-        QCOMPARE(p.database.nets[0].silent, 0);
-        QCOMPARE(p.database.nets[0].masterSlave, 1);
-        QCOMPARE(p.database.options.acceptLinkTimeout, 2);
+        using O = NetConfigEditor::Option;
+        // The bytes each option sets: 0..11 ALE options, 12..15 extra options.
+        const QList<std::pair<O, QList<int>>> expected{
+            {O::Alert, {1}},        {O::ExternalAlarm, {2}},
+            {O::AutoAddress, {3}},  {O::QuickPttCall, {4}},
+            {O::Multinet, {7, 12}}, {O::Anycall, {8}},
+            {O::Wildcard, {9}},     {O::Amd, {10}},
+            {O::InLink, {11}},      {O::LinkAfterBidirectional, {14}},
+            {O::Vcds, {15}}};
+        for (const auto& [option, bytes] : expected) {
+            RecordingNotifier notifier;
+            NetConfigEditor editor(AleProgramme{}, {}, notifier);
+            editor.setOption(option, true);
+            QVERIFY(editor.option(option));
+            const AleProgramme& p = editor.programme();
+            const auto* options = reinterpret_cast<const std::uint8_t*>(&p.database.options);
+            const auto* extra = reinterpret_cast<const std::uint8_t*>(&p.extraOptions);
+            QList<int> set;
+            for (int i = 0; i < 16; ++i)
+                if ((i < 12 ? options[i] : extra[i - 12]) != 0)
+                    set << i;
+            QCOMPARE(set, bytes);
+        }
     }
 };
 

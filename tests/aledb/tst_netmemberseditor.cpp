@@ -43,10 +43,7 @@ private slots:
 
     void choices_data()
     {
-        QTest::addColumn<int>("slot");
-        QTest::addColumn<int>("position");
-        QTest::addColumn<int>("stored");
-        QTest::addColumn<QString>("warning");
+        addColumns<int, int, int, QString>({"slot", "position", "stored", "warning"});
         QTest::newRow("directory entry by name") << 5 << 2 << 0 << QString();
         QTest::newRow("entry after a gap") << 5 << 3 << 3 << "'DELTA' is member 1 and member 6.";
         QTest::newRow("self address")
@@ -56,10 +53,8 @@ private slots:
     }
     void choices()
     {
-        QFETCH(int, slot);
-        QFETCH(int, position);
-        QFETCH(int, stored);
-        QFETCH(QString, warning);
+        auto [slot, position, stored, warning] =
+            fetch<int, int, int, QString>({"slot", "position", "stored", "warning"});
         NetMembersEditor editor(programme().database, 1);
         editor.choose(slot, position);
         QCOMPARE(int(editor.database().nets[1].members[std::size_t(slot)]), stored);
@@ -69,11 +64,8 @@ private slots:
 
     void globalMembers_data()
     {
-        QTest::addColumn<int>("slot");
-        QTest::addColumn<int>("position");
-        QTest::addColumn<bool>("priority");
-        QTest::addColumn<int>("stored");
-        QTest::addColumn<QString>("warning");
+        addColumns<int, int, bool, int, QString>(
+            {"slot", "position", "priority", "stored", "warning"});
         QTest::newRow("station with mark") << 1 << 2 << true << 0x83 << QString();
         QTest::newRow("station without mark") << 1 << 2 << false << 3 << QString();
         QTest::newRow("named twice") << 1 << 1 << false << 0 << "'ALPHA' is member 1 and member 2.";
@@ -81,11 +73,8 @@ private slots:
     }
     void globalMembers()
     {
-        QFETCH(int, slot);
-        QFETCH(int, position);
-        QFETCH(bool, priority);
-        QFETCH(int, stored);
-        QFETCH(QString, warning);
+        auto [slot, position, priority, stored, warning] = fetch<int, int, bool, int, QString>(
+            {"slot", "position", "priority", "stored", "warning"});
         const AleProgramme p = programme();
         ale_dbase_global_members globals{};
         for (auto& group : globals.nets)
@@ -103,19 +92,14 @@ private slots:
 
     void globalGroupName_data()
     {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("stored");
-        QTest::newRow("address characters") << "FLEET2"
-                                            << "FLEET2";
-        QTest::newRow("blank refused") << "FLEET 2"
-                                       << "OLD";
-        QTest::newRow("too long refused") << "ABCDEFGHIJKLMNOP"
-                                          << "OLD";
+        addColumns<QString, QString>({"typed", "stored"});
+        QTest::newRow("address characters") << QString("FLEET2") << QString("FLEET2");
+        QTest::newRow("blank refused") << QString("FLEET 2") << QString("OLD");
+        QTest::newRow("too long refused") << QString("ABCDEFGHIJKLMNOP") << QString("OLD");
     }
     void globalGroupName()
     {
-        QFETCH(QString, typed);
-        QFETCH(QString, stored);
+        auto [typed, stored] = fetch<QString, QString>({"typed", "stored"});
         ale_dbase_global_members globals{};
         globals.nets[0].members.fill(kSlotEmpty);
         setFieldText(globals.nets[0].name, "OLD");

@@ -14,7 +14,6 @@ using namespace koral;
 namespace {
 
 using RadioSetup = std::function<void(RadioContents&)>;
-using CcirSetup = std::function<void(ccir_dbase&)>;
 
 QStringList listOf(const std::vector<std::string>& lines)
 {
@@ -43,7 +42,6 @@ RadioContents baseRadio()
 } // namespace
 
 Q_DECLARE_METATYPE(RadioSetup)
-Q_DECLARE_METATYPE(CcirSetup)
 
 class RecordDiffTest : public QObject
 {
@@ -51,8 +49,7 @@ class RecordDiffTest : public QObject
 private slots:
     void radio_data()
     {
-        QTest::addColumn<RadioSetup>("change");
-        QTest::addColumn<QStringList>("lines");
+        test::addColumns<RadioSetup, QStringList>({"change", "lines"});
         QTest::newRow("same") << RadioSetup([](RadioContents&) {}) << QStringList{};
         QTest::newRow("receive frequency in MHz") << RadioSetup([](RadioContents& c) {
             c.record.channelNo(12).rxFrequency.set(7'200'000);
@@ -89,8 +86,7 @@ private slots:
     }
     void radio()
     {
-        QFETCH(RadioSetup, change);
-        QFETCH(QStringList, lines);
+        auto [change, lines] = test::fetch<RadioSetup, QStringList>({"change", "lines"});
         const RadioContents before = baseRadio();
         RadioContents after = before;
         change(after);
@@ -99,9 +95,7 @@ private slots:
 
     void ale_data()
     {
-        QTest::addColumn<test::AleSetup>("change");
-        QTest::addColumn<QStringList>("lines");
-        QTest::newRow("same") << test::AleSetup([](AleProgramme&) {}) << QStringList{};
+        test::addColumns<test::AleSetup, QStringList>({"change", "lines"});
         QTest::newRow("self address and scanned channels of a net")
             << test::AleSetup([](AleProgramme& p) {
                    test::setNet(p, 3, "NET3", "CAMP", {16});
@@ -118,8 +112,7 @@ private slots:
     }
     void ale()
     {
-        QFETCH(test::AleSetup, change);
-        QFETCH(QStringList, lines);
+        auto [change, lines] = test::fetch<test::AleSetup, QStringList>({"change", "lines"});
         AleProgramme before = test::emptyProgramme();
         test::setNet(before, 3, "NET3", "BASE", {14, 15});
         test::setDirectory(before, 6, "STATION");
@@ -128,30 +121,19 @@ private slots:
         QCOMPARE(listOf(aleDifferences(before, after, AleSettings{})), lines);
     }
 
-    void ccir_data()
-    {
-        QTest::addColumn<CcirSetup>("change");
-        QTest::addColumn<QStringList>("lines");
-        QTest::newRow("same") << CcirSetup([](ccir_dbase&) {}) << QStringList{};
-        QTest::newRow("self identity, directory and message")
-            << CcirSetup([](ccir_dbase& r) {
-                   r.selfId4.set(4321);
-                   r.directory[4].set(123456);
-                   std::strcpy(r.message1.data(), "CALL ME");
-               })
-            << QStringList{"Ccir 4 Digits Id: 1234 -> 4321", "Ccir Message1: (none) -> CALL ME",
-                           "Ccir Directory4: (none) -> 123456"};
-    }
     void ccir()
     {
-        QFETCH(CcirSetup, change);
-        QFETCH(QStringList, lines);
         ccir_dbase before{};
         before.selfId4.set(1234);
         before.preamble = 6;
         ccir_dbase after = before;
-        change(after);
-        QCOMPARE(listOf(ccirDifferences(before, after)), lines);
+        after.selfId4.set(4321);
+        after.directory[4].set(123456);
+        std::strcpy(after.message1.data(), "CALL ME");
+        QCOMPARE(listOf(ccirDifferences(before, after)),
+                 (QStringList{"Ccir 4 Digits Id: 1234 -> 4321", "Ccir Message1: (none) -> CALL ME",
+                              "Ccir Directory4: (none) -> 123456"}));
+        QVERIFY(ccirDifferences(after, after).empty());
     }
 };
 
