@@ -70,6 +70,12 @@ private:
             QTest::mouseClick(page->button(key), Qt::LeftButton);
     }
     static QString shown(FrontPanelPage* page) { return page->screen()->shownLines().join('|'); }
+    radiosim::RadioState radioState()
+    {
+        radiosim::RadioState state;
+        m_memory.onRadio([&](radiosim::VirtualRadio& radio) { state = radio.state(); });
+        return state;
+    }
 
 private slots:
     void initTestCase()
@@ -138,9 +144,7 @@ private slots:
         const QString heading = QStringLiteral("CH %1").arg(channel, 3, 10, QLatin1Char('0'));
         QTRY_VERIFY2_WITH_TIMEOUT(shown(koral).contains(heading) && shown(koral).contains("|SQL "),
                                   qPrintable(shown(koral)), 5000);
-        unsigned active = 0;
-        m_memory.onRadio([&](radiosim::VirtualRadio& r) { active = r.state().activeChannel; });
-        QCOMPARE(int(active), channel);
+        QCOMPARE(int(radioState().activeChannel), channel);
         screenshot(m_window.get(), "koral-panel");
         show(Panel::Koral2E);
         QCOMPARE(shown(page(Panel::Koral2E)), shown(koral));
@@ -153,8 +157,7 @@ private slots:
         // The radio moves to another channel while no page shows.
         m_window->showPanel(Panel::ComputerInterface);
         const dbase& record = radio()->session().records().radio;
-        unsigned active = 0;
-        m_memory.onRadio([&](radiosim::VirtualRadio& r) { active = r.state().activeChannel; });
+        const unsigned active = radioState().activeChannel;
         int channel = 1;
         while (!record.channelNo(channel).isProgrammed() || unsigned(channel) == active)
             ++channel;
@@ -191,15 +194,12 @@ private slots:
         QVERIFY(attenuator->isEnabled() && !attenuator->isChecked());
         QTest::mouseClick(attenuator, Qt::LeftButton);
         QTRY_VERIFY(attenuator->isChecked());
-        bool on = false;
-        m_memory.onRadio([&](radiosim::VirtualRadio& r) { on = r.state().attenuator; });
-        QVERIFY(on);
+        QVERIFY(radioState().attenuator);
         // The window's shortcut for the same command reaches it from the page, and the key
         // follows.
         QTest::keyClick(page(Panel::Koral2E), Qt::Key_4, Qt::ControlModifier);
         QTRY_VERIFY(!attenuator->isChecked());
-        m_memory.onRadio([&](radiosim::VirtualRadio& r) { on = r.state().attenuator; });
-        QVERIFY(!on);
+        QVERIFY(!radioState().attenuator);
         QTest::mouseClick(companion->moreKey(), Qt::LeftButton);
         QCOMPARE(companion->shownSwitches(), QStringList({"SQL", "MON", "NB"}));
     }
