@@ -251,7 +251,6 @@ private slots:
         QVERIFY(panel()->openPath(example()));
         QAbstractItemModel* model = panel()->channelView()->model();
         QCOMPARE(model->rowCount(), 200);
-        QCOMPARE(model->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Tx. Freq."));
         // The example carries CCIR channel numbers: the ninth column is there.
         QCOMPARE(model->columnCount(), 9);
         const QModelIndex first = model->index(0, 1);
@@ -379,8 +378,6 @@ private slots:
         QVERIFY(panel()->openPath(example()));
         onNextDialog<WideInformationDialog>([](WideInformationDialog* dialog) {
             auto* options = dialog->findChild<QTableWidget*>("options");
-            QCOMPARE(options->rowCount(), 15);
-            QCOMPARE(options->item(10, 0)->text(), QStringLiteral("Global ALE"));
             QCOMPARE(options->item(0, 3)->text(), QStringLiteral("Enabled"));
             screenshot(dialog, "wide-information");
         });
