@@ -103,10 +103,6 @@ private slots:
         QTest::newRow("a group chosen in the menu with the mouse")
             << 5 << false << QStringList{"MENU", "2", "Enter", "#", "Enter"}
             << "MENU 2/7|SCAN GROUP: GROUP B";
-        QTest::newRow("digits with the keyboard")
-            << 5 << true << QStringList{"4", "2"} << "CHANNEL ENTRY|CH 42_";
-        QTest::newRow("Esc with the mouse leaves the entry")
-            << 5 << false << QStringList{"7", "Esc"} << "|RX ";
         // F1 is the manual's key elsewhere in the window: here it is the head's.
         QTest::newRow("F1 with the keyboard") << 3 << true << QStringList{"F1"} << "SQL ON";
         QTest::newRow("F1 with the mouse") << 3 << false << QStringList{"F1"} << "SQL OFF";
