@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
+#include <QFile>
 #include <QTimer>
 #include <QWidget>
 #include <QtTest>
@@ -45,6 +46,19 @@ inline void screenshot(QWidget* widget, const QString& name)
     if (dir.isEmpty())
         return;
     widget->grab().save(QDir(dir).filePath(name + QStringLiteral(".png")));
+}
+
+inline QByteArray bytesOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+inline bool writeBytes(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly | QIODevice::Truncate) &&
+           file.write(bytes) == bytes.size();
 }
 
 } // namespace koral::test

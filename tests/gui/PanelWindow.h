@@ -13,7 +13,6 @@
 #include "gui/MessageBoxNotifier.h"
 #include "gui/RssPanel.h"
 
-#include <QFile>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -55,6 +54,14 @@ public:
     }
 
     MainWindow* get() const { return m_window.get(); }
+    DocumentPanel* document(Panel panel) const
+    {
+        if (panel == Panel::RssAle)
+            return m_window->alePanel();
+        if (panel == Panel::Ccir)
+            return m_window->ccirPanel();
+        return m_window->rssPanel();
+    }
     MainWindow* operator->() const { return m_window.get(); }
     QString path(const char* name) const { return m_dir.filePath(QString::fromUtf8(name)); }
 
@@ -73,12 +80,6 @@ inline bool saveFileAs(DocumentPanel* panel, const QString& file)
 {
     FileDialogs::queueFileName(file);
     return panel->saveFileAs();
-}
-
-inline QByteArray bytesOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 } // namespace koral::test

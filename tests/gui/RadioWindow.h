@@ -19,10 +19,10 @@
 namespace koral::test {
 
 inline std::unique_ptr<MainWindow> windowOnVirtualRadio(const QTemporaryDir& dir,
-                                                        VirtualRadioMemory& memory)
+                                                        VirtualRadioMemory& memory, int stepMs = 0)
 {
     QDir::setCurrent(dir.path());
-    memory.install();
+    memory.install(stepMs);
     MessageBoxNotifier::setAutomatic(true);
     MainWindowOptions options;
     options.dataDirectory = dir.filePath("data");

@@ -17,18 +17,25 @@
 #include <atomic>
 #include <cstring>
 #include <functional>
+#include <initializer_list>
+#include <utility>
 
 namespace koral::test {
 
 class VirtualRadioMemory
 {
 public:
-    // Installs the built-in radio (unpaced) and keeps hold of each radio the port creates.
-    void install()
+    // Installs the built-in radio (unpaced, its timed activities `stepMs` apart when given)
+    // and keeps hold of each radio the port creates.
+    void install(int stepMs = 0)
     {
         radiosim::BuiltInRadioOptions options;
         options.paced = false;
-        options.onCreated = [this](radiosim::VirtualRadio& radio) { m_radio = &radio; };
+        options.onCreated = [this, stepMs](radiosim::VirtualRadio& radio) {
+            if (stepMs > 0)
+                radio.setStepInterval(std::chrono::milliseconds(stepMs));
+            m_radio = &radio;
+        };
         radiosim::installBuiltInRadio(options);
     }
 
@@ -62,9 +69,8 @@ public:
         for (std::size_t g = 0; g < radio.groups.size(); ++g)
             if (differs(radio.groups[g], expected.groups[g]))
                 return QStringLiteral("group %1").arg(QChar('A' + int(g)));
-        if (differs(radio.radioOptions, expected.radioOptions))
-            return QStringLiteral("radio options");
-        return differs(radio, expected) ? QStringLiteral("identity or option slots") : QString();
+        return firstOf({{"radio options", differs(radio.radioOptions, expected.radioOptions)},
+                        {"identity or option slots", differs(radio, expected)}});
     }
 
     // The ALE programme the radio holds, in the program's order.
@@ -81,13 +87,10 @@ public:
         for (int n = 0; n < kAleNetCount; ++n)
             if (differs(radio.nets[std::size_t(n)], window.nets[std::size_t(n)]))
                 return QStringLiteral("net %1").arg(n + 1);
-        if (differs(radio.directory, window.directory))
-            return QStringLiteral("directory");
-        if (differs(radio.messages, window.messages))
-            return QStringLiteral("messages");
-        if (differs(radio.autoDials, window.autoDials))
-            return QStringLiteral("automatic dials");
-        return differs(radio, window) ? QStringLiteral("options or reserved bytes") : QString();
+        return firstOf({{"directory", differs(radio.directory, window.directory)},
+                        {"messages", differs(radio.messages, window.messages)},
+                        {"automatic dials", differs(radio.autoDials, window.autoDials)},
+                        {"options or reserved bytes", differs(radio, window)}});
     }
 
     // The CCIR database the radio holds (its numbers are kept in the radio's order).
@@ -101,17 +104,24 @@ public:
     QString differenceFrom(const ccir_dbase& window) const
     {
         const ccir_dbase radio = ccirRecord();
-        if (differs(radio.selfId4, window.selfId4) || differs(radio.selfId6, window.selfId6))
-            return QStringLiteral("self address");
-        if (differs(radio.directory, window.directory))
-            return QStringLiteral("directory");
-        if (differs(radio.message1, window.message1) || differs(radio.message2, window.message2))
-            return QStringLiteral("messages");
-        return differs(radio, window) ? QStringLiteral("settings") : QString();
+        return firstOf({{"self address", differs(radio.selfId4, window.selfId4) ||
+                                             differs(radio.selfId6, window.selfId6)},
+                        {"directory", differs(radio.directory, window.directory)},
+                        {"messages", differs(radio.message1, window.message1) ||
+                                         differs(radio.message2, window.message2)},
+                        {"settings", differs(radio, window)}});
     }
 
 private:
     static bool differs(const auto& a, const auto& b) { return std::memcmp(&a, &b, sizeof a) != 0; }
+    // The name of the first part that differs, or an empty text.
+    static QString firstOf(std::initializer_list<std::pair<const char*, bool>> parts)
+    {
+        for (const auto& [name, differ] : parts)
+            if (differ)
+                return QString::fromLatin1(name);
+        return {};
+    }
 
     // The radio's copy of one record, in the program's order.
     template <typename Record, typename Bytes>

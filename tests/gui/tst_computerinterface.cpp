@@ -1,9 +1,9 @@
 // The Computer Interface panel against the virtual radio inside the program: it opens on the
-// radio's active channel, changes channel, programs a channel (what reaches the radio is
-// compared with the panel), jumps to the priority channel, scans an ALE net and a group, and
-// comes back after a radio that stopped answering; announces, stacks and answers a call from
-// another station; runs and aborts a link-quality exchange and a sounding; sends the clarifier
-// and notch filter settings.
+// radio's active channel, changes channel and programs one (what reaches the radio is compared
+// with the panel), jumps to the priority channel, scans an ALE net and a group, and comes back
+// after a radio that stopped answering; announces, stacks and answers a call from another
+// station; runs and aborts a link-quality exchange and a sounding; sends the clarifier and
+// notch filter settings.
 
 #include "GuiTestSupport.h"
 #include "RadioWindow.h"
@@ -63,6 +63,13 @@ private:
         QTest::keyClicks(edit, text);
         QTest::keyClick(edit, Qt::Key_Return);
     }
+    // F4 on the radio's head switches its ALE on and off.
+    void setAle(bool on)
+    {
+        if (radioState().aleOn != on)
+            m_memory.onRadio(
+                [](radiosim::VirtualRadio& radio) { radio.play(radiosim::FrontPanelKey{7}); });
+    }
     // A programmed channel other than the current one.
     int otherRow() const
     {
@@ -98,20 +105,6 @@ private slots:
         screenshot(m_window.get(), "computer-interface");
     }
 
-    void channelChangeReachesTheRadioAndShowsItsFrequencies()
-    {
-        const int row = otherRow();
-        const int number = panel()->channelBox()->itemText(row).toInt();
-        choose(panel()->channelBox(), row);
-        QCOMPARE(int(radioState().activeChannel), number);
-        const channel record = m_memory.radioRecord().channelNo(number);
-        QCOMPARE(panel()->txEdit()->text().toStdString(),
-                 frequencyDisplayText(record.txFrequency.get()));
-        QCOMPARE(panel()->rxEdit()->text().toStdString(),
-                 frequencyDisplayText(record.rxFrequency.get()));
-        QVERIFY(MessageBoxNotifier::shownTexts().isEmpty());
-    }
-
     void programChannelStoresWhatThePanelShows()
     {
         const int number = controller().currentChannel();
@@ -125,11 +118,20 @@ private slots:
         QCOMPARE(stored.txFrequency.get(), 8'500'000u);
         QCOMPARE(stored.rxFrequency.get(), 7'250'000u);
         QCOMPARE(int(stored.power), int(controller().working().power));
-        QCOMPARE(panel()->programButton()->isEnabled(), true);
+        QVERIFY(panel()->programButton()->isEnabled());
 
-        // Away and back: the panel reads the channel from the radio again.
+        // Away (the radio follows, the panel shows its channel) and back: the panel reads the
+        // channel from the radio again.
         const int row = panel()->channelBox()->currentIndex();
-        choose(panel()->channelBox(), otherRow());
+        const int away = otherRow();
+        const int awayNumber = panel()->channelBox()->itemText(away).toInt();
+        choose(panel()->channelBox(), away);
+        QCOMPARE(int(radioState().activeChannel), awayNumber);
+        const channel other = m_memory.radioRecord().channelNo(awayNumber);
+        QCOMPARE(panel()->txEdit()->text().toStdString(),
+                 frequencyDisplayText(other.txFrequency.get()));
+        QCOMPARE(panel()->rxEdit()->text().toStdString(),
+                 frequencyDisplayText(other.rxFrequency.get()));
         choose(panel()->channelBox(), row);
         QCOMPARE(panel()->txEdit()->text(), QStringLiteral("8.5"));
         QCOMPARE(panel()->rxEdit()->text(), QStringLiteral("7.25"));
@@ -155,10 +157,7 @@ private slots:
     void scanStartsAndStops()
     {
         QFETCH(bool, ale);
-        // F4 on the radio switches its ALE on and off.
-        if (radioState().aleOn != ale)
-            m_memory.onRadio(
-                [](radiosim::VirtualRadio& radio) { radio.play(radiosim::FrontPanelKey{7}); });
+        setAle(ale);
         // The radio tells its new ALE state: the ALE tabs follow at once.
         QTRY_COMPARE(panel()->tabs()->isTabVisible(1), ale);
         QTest::mouseClick(panel()->startScanButton(), Qt::LeftButton);
@@ -183,9 +182,7 @@ private slots:
     {
         CallStore& calls = m_window->radio()->session().calls();
         const std::size_t logged = calls.log().size();
-        if (!radioState().aleOn)
-            m_memory.onRadio(
-                [](radiosim::VirtualRadio& radio) { radio.play(radiosim::FrontPanelKey{7}); });
+        setAle(true);
         panel()->tabs()->setCurrentIndex(1);
         const QString to = panel()->toBox()->itemText(0);
         choose(panel()->toBox(), 0);
@@ -217,9 +214,7 @@ private slots:
         CallStore& calls = m_window->radio()->session().calls();
         const std::size_t stacked = calls.stack().size();
         const std::size_t logged = calls.log().size();
-        if (!radioState().aleOn)
-            m_memory.onRadio(
-                [](radiosim::VirtualRadio& radio) { radio.play(radiosim::FrontPanelKey{7}); });
+        setAle(true);
         // A station of the directory calls, so that the answer reaches it.
         const std::string caller = panel()->toBox()->itemText(0).toStdString();
         m_memory.onRadio([&](radiosim::VirtualRadio& radio) {
@@ -291,9 +286,7 @@ private slots:
     void linkQualityExchangeAndSoundingStartAndAbort()
     {
         using Type = LinkQualityController::Type;
-        if (!radioState().aleOn)
-            m_memory.onRadio(
-                [](radiosim::VirtualRadio& radio) { radio.play(radiosim::FrontPanelKey{7}); });
+        setAle(true);
         // Sounding goes out on the channels of the net the radio scans.
         QTest::mouseClick(panel()->startScanButton(), Qt::LeftButton);
         QTRY_VERIFY(radioState().aleScanning);

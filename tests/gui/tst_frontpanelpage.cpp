@@ -70,6 +70,12 @@ private:
             QTest::mouseClick(page->button(key), Qt::LeftButton);
     }
     static QString shown(FrontPanelPage* page) { return page->screen()->shownLines().join('|'); }
+    radiosim::RadioState radioState()
+    {
+        radiosim::RadioState state;
+        m_memory.onRadio([&](radiosim::VirtualRadio& radio) { state = radio.state(); });
+        return state;
+    }
 
 private slots:
     void initTestCase()
@@ -97,10 +103,6 @@ private slots:
         QTest::newRow("a group chosen in the menu with the mouse")
             << 5 << false << QStringList{"MENU", "2", "Enter", "#", "Enter"}
             << "MENU 2/7|SCAN GROUP: GROUP B";
-        QTest::newRow("digits with the keyboard")
-            << 5 << true << QStringList{"4", "2"} << "CHANNEL ENTRY|CH 42_";
-        QTest::newRow("Esc with the mouse leaves the entry")
-            << 5 << false << QStringList{"7", "Esc"} << "|RX ";
         // F1 is the manual's key elsewhere in the window: here it is the head's.
         QTest::newRow("F1 with the keyboard") << 3 << true << QStringList{"F1"} << "SQL ON";
         QTest::newRow("F1 with the mouse") << 3 << false << QStringList{"F1"} << "SQL OFF";
@@ -138,9 +140,7 @@ private slots:
         const QString heading = QStringLiteral("CH %1").arg(channel, 3, 10, QLatin1Char('0'));
         QTRY_VERIFY2_WITH_TIMEOUT(shown(koral).contains(heading) && shown(koral).contains("|SQL "),
                                   qPrintable(shown(koral)), 5000);
-        unsigned active = 0;
-        m_memory.onRadio([&](radiosim::VirtualRadio& r) { active = r.state().activeChannel; });
-        QCOMPARE(int(active), channel);
+        QCOMPARE(int(radioState().activeChannel), channel);
         screenshot(m_window.get(), "koral-panel");
         show(Panel::Koral2E);
         QCOMPARE(shown(page(Panel::Koral2E)), shown(koral));
@@ -153,8 +153,7 @@ private slots:
         // The radio moves to another channel while no page shows.
         m_window->showPanel(Panel::ComputerInterface);
         const dbase& record = radio()->session().records().radio;
-        unsigned active = 0;
-        m_memory.onRadio([&](radiosim::VirtualRadio& r) { active = r.state().activeChannel; });
+        const unsigned active = radioState().activeChannel;
         int channel = 1;
         while (!record.channelNo(channel).isProgrammed() || unsigned(channel) == active)
             ++channel;
@@ -191,15 +190,12 @@ private slots:
         QVERIFY(attenuator->isEnabled() && !attenuator->isChecked());
         QTest::mouseClick(attenuator, Qt::LeftButton);
         QTRY_VERIFY(attenuator->isChecked());
-        bool on = false;
-        m_memory.onRadio([&](radiosim::VirtualRadio& r) { on = r.state().attenuator; });
-        QVERIFY(on);
+        QVERIFY(radioState().attenuator);
         // The window's shortcut for the same command reaches it from the page, and the key
         // follows.
         QTest::keyClick(page(Panel::Koral2E), Qt::Key_4, Qt::ControlModifier);
         QTRY_VERIFY(!attenuator->isChecked());
-        m_memory.onRadio([&](radiosim::VirtualRadio& r) { on = r.state().attenuator; });
-        QVERIFY(!on);
+        QVERIFY(!radioState().attenuator);
         QTest::mouseClick(companion->moreKey(), Qt::LeftButton);
         QCOMPARE(companion->shownSwitches(), QStringList({"SQL", "MON", "NB"}));
     }

@@ -3,6 +3,7 @@
 // while busy, the wait cursor of Read Device, and the BITE window opened again after a run.
 
 #include "GuiTestSupport.h"
+#include "RadioWindow.h"
 
 #include "common/Texts.h"
 #include "gui/BiteDialog.h"
@@ -12,9 +13,6 @@
 #include "gui/RadioController.h"
 #include "gui/RadioOptionsDialog.h"
 #include "gui/RssPanel.h"
-#include "koralapi/RadioRecords.h"
-#include "radiosim/BuiltInRadio.h"
-#include "radiosim/VirtualRadio.h"
 #include "session/BiteRunner.h"
 
 #include <QAbstractButton>
@@ -27,88 +25,20 @@
 #include <QTemporaryDir>
 #include <QTreeWidget>
 
-#include <atomic>
-#include <vector>
-
 using namespace koral;
 using namespace koral::test;
-
-namespace {
-
-struct Field
-{
-    const char* name;
-    std::size_t offset;
-    std::size_t size;
-};
-
-#define HEAD(member)                                                                               \
-    Field                                                                                          \
-    {                                                                                              \
-#member, offsetof(dbase, member), sizeof(dbase::member)                                    \
-    }
-#define OPTION(member)                                                                             \
-    Field                                                                                          \
-    {                                                                                              \
-#member, offsetof(dbase, radioOptions) + offsetof(RadioOptions, member),                   \
-            sizeof(RadioOptions::member)                                                           \
-    }
-
-// Every field that "Program Options" writes: the head, the options and the accessory bytes.
-const Field kProgrammedFields[] = {HEAD(softwareVersion),
-                                   HEAD(reserved1),
-                                   HEAD(serialNumber),
-                                   HEAD(radioCode),
-                                   HEAD(hardwareVersion),
-                                   HEAD(controlHeadSoftwareVersion),
-                                   HEAD(controlHeadHardwareVersion),
-                                   HEAD(options),
-                                   HEAD(ecn),
-                                   HEAD(sp),
-                                   HEAD(reserved2),
-                                   HEAD(language),
-                                   HEAD(reserved3),
-                                   OPTION(priorityChannel),
-                                   OPTION(cwPttHold),
-                                   OPTION(scanRate),
-                                   OPTION(dataPowerLevel),
-                                   OPTION(alertTone),
-                                   OPTION(alternateDisplayTime),
-                                   OPTION(accessorySideTone),
-                                   OPTION(microphoneSideTone),
-                                   OPTION(beepAfterKeyboardPress),
-                                   OPTION(beepAfterPttRelease),
-                                   OPTION(frequencyDisplay),
-                                   OPTION(baudRate),
-                                   OPTION(noiseBlanker),
-                                   HEAD(accessoryInstalled),
-                                   HEAD(tuner)};
-
-#undef HEAD
-#undef OPTION
-
-} // namespace
 
 class MainWindowCommandsTest : public QObject
 {
     Q_OBJECT
 private:
     QTemporaryDir m_dir;
+    VirtualRadioMemory m_memory;
     std::unique_ptr<MainWindow> m_window;
-    std::atomic<radiosim::VirtualRadio*> m_radio{nullptr};
     QStringList m_status;
 
     RadioController* radio() { return m_window->radio(); }
     RssPanel* panel() { return m_window->rssPanel(); }
-
-    // The radio's memory in the program's byte order.
-    std::vector<std::uint8_t> radioMemory()
-    {
-        const auto& memory = m_radio.load()->databases().radio;
-        std::vector<std::uint8_t> bytes(memory.begin(), memory.end());
-        convertByteOrder(TransferTarget::Radio, bytes);
-        return bytes;
-    }
 
     // Opens the BITE window, lets `act` drive it, and makes sure it is closed afterwards.
     void withBite(const std::function<void(BiteDialog*)>& act)
@@ -132,19 +62,7 @@ private slots:
     {
         // CommPort.txt is kept in the start-up folder: keep it out of the build tree.
         QVERIFY(m_dir.isValid());
-        QDir::setCurrent(m_dir.path());
-        radiosim::BuiltInRadioOptions options;
-        options.paced = false;
-        options.onCreated = [this](radiosim::VirtualRadio& created) {
-            created.setStepInterval(std::chrono::milliseconds(20));
-            m_radio = &created;
-        };
-        radiosim::installBuiltInRadio(options);
-        MessageBoxNotifier::setAutomatic(true);
-
-        MainWindowOptions windowOptions;
-        windowOptions.dataDirectory = m_dir.filePath("data");
-        m_window = std::make_unique<MainWindow>(windowOptions);
+        m_window = windowOnVirtualRadio(m_dir, m_memory, 20);
         connect(panel(), &RssPanel::statusMessage, this,
                 [this](const QString& text) { m_status << text; });
         m_window->show();
@@ -188,34 +106,25 @@ private slots:
         QCOMPARE(m_status, QStringList{"The Operation Completed Successful"});
         QCOMPARE(document.isb, isb);
 
-        const dbase& shown = document.record;
-        QCOMPARE(int(shown.radioOptions.alternateDisplayTime), 5);
-        QCOMPARE(int(shown.radioOptions.dataPowerLevel), 2);
-        QCOMPARE(int(shown.radioOptions.priorityChannel.get()), 11);
-        QCOMPARE(int(shown.radioOptions.scanRate), 3);
-        const std::vector<std::uint8_t> memory = radioMemory();
-        const auto* bytes = reinterpret_cast<const std::uint8_t*>(&shown);
-        for (const Field& field : kProgrammedFields) {
-            const QByteArray inRadio(reinterpret_cast<const char*>(memory.data() + field.offset),
-                                     qsizetype(field.size));
-            const QByteArray inWindow(reinterpret_cast<const char*>(bytes + field.offset),
-                                      qsizetype(field.size));
-            QVERIFY2(inRadio == inWindow,
-                     qPrintable(QStringLiteral("%1: radio %2, window %3")
-                                    .arg(field.name, inRadio.toHex(), inWindow.toHex())));
-        }
+        const RadioOptions& shown = document.record.radioOptions;
+        QCOMPARE(int(shown.alternateDisplayTime), 5);
+        QCOMPARE(int(shown.dataPowerLevel), 2);
+        QCOMPARE(int(shown.priorityChannel.get()), 11);
+        QCOMPARE(int(shown.scanRate), 3);
+        QCOMPARE(m_memory.differenceFrom(document.record), QString());
     }
 
     void programOptionsFailureOnlySetsTheStatus()
     {
-        m_radio.load()->executeFromAnyThread(
-            radiosim::FaultCommand{radiosim::FaultKind::Reject, 136}); // start programming
+        m_memory.onRadio([](radiosim::VirtualRadio& radio) {
+            radio.inject(radiosim::FaultCommand{radiosim::FaultKind::Reject, 136}); // programming
+        });
         onNextDialog<RadioOptionsDialog>([](RadioOptionsDialog* dialog) {
             QTest::mouseClick(dialog->programButton(), Qt::LeftButton);
             dialog->reject();
         });
         panel()->editRadioOptions();
-        m_radio.load()->executeFromAnyThread(radiosim::ClearFaults{});
+        m_memory.onRadio([](radiosim::VirtualRadio& radio) { radio.clearFaults(); });
         QCOMPARE(MessageBoxNotifier::shownTexts(), QStringList());
         QCOMPARE(m_status, QStringList{"Last command was not completed successfully."});
     }
@@ -250,8 +159,8 @@ private slots:
         QVERIFY(radio()->session().view().radioReady);
     }
 
-    // Closed in the middle of a run, then after a finished one: each next window starts
-    // afresh and runs.
+    // Closed in the middle of a run, then after a finished one (its results saved): each next
+    // window starts afresh and runs.
     void biteOpensAfreshAfterEveryClose()
     {
         BiteRunner& runner = radio()->session().bite();
@@ -270,15 +179,27 @@ private slots:
             dialog->reject();
             QVERIFY(!dialog->isVisible());
         });
+        const QString file = m_dir.filePath("bite.txt");
         withBite([&](BiteDialog* dialog) {
             startsAfresh(dialog);
+            dialog->testTypes()->button(0)->click();
+            QCOMPARE(dialog->hintLine()->text(), QStringLiteral("Connect a dummy load"));
+            dialog->testTypes()->button(2)->click();
+            QCOMPARE(dialog->hintLine()->text(), QString());
             QTest::mouseClick(dialog->runButton(), Qt::LeftButton);
+            QVERIFY(!dialog->runButton()->isEnabled());
             QTRY_VERIFY_WITH_TIMEOUT(!runner.isRunning(), 60000);
             QVERIFY(dialog->statusLine()->text().startsWith(QStringLiteral("Summary: ")));
-            QVERIFY(dialog->saveButton()->isEnabled());
+            QCOMPARE(dialog->progressBar()->value(), 12);
+            QVERIFY(dialog->results()->topLevelItemCount() > 0);
+            screenshot(dialog, "bite");
+            FileDialogs::queueFileName(file);
+            QVERIFY(dialog->saveResults());
         });
         withBite(startsAfresh);
         QCOMPARE(MessageBoxNotifier::shownTexts(), QStringList());
+        const QByteArray saved = bytesOf(file);
+        QVERIFY(saved.contains("[BITE]") && saved.contains("Test=Low RF Test"));
     }
 };
 

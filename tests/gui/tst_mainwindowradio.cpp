@@ -1,7 +1,7 @@
 // The main window against the virtual radio inside the program: the start-up read, the quick
-// controls, the Communication Ports dialog, every command that writes to the radio (what
-// reaches the radio is compared with what the window shows), Read Device's cancel and its
-// all-channels case, and the built-in test.
+// controls, the Communication Ports dialog, the Link Trace, every command that writes to the
+// radio (what reaches the radio is compared with what the window shows), Read Device's cancel
+// and its all-channels case.
 
 #include "GuiTestSupport.h"
 #include "RadioWindow.h"
@@ -10,7 +10,6 @@
 #include "common/Texts.h"
 #include "gui/AlePanel.h"
 #include "gui/BackupsDialog.h"
-#include "gui/BiteDialog.h"
 #include "gui/CcirPanel.h"
 #include "gui/CcirSelfAddressDialog.h"
 #include "gui/ChannelConfigDialog.h"
@@ -23,31 +22,30 @@
 #include "gui/MessageBoxNotifier.h"
 #include "gui/ProgressDialog.h"
 #include "gui/RadioController.h"
-#include "gui/RadioOptionsDialog.h"
 #include "gui/RssPanel.h"
 #include "radiosim/BuiltInRadio.h"
-#include "session/BiteRunner.h"
 
 #include <QButtonGroup>
-
 #include <QComboBox>
-#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStatusBar>
 #include <QTableWidget>
 #include <QTemporaryDir>
-#include <QTreeWidget>
 
 using namespace koral;
 using namespace koral::test;
 using Edit = ChannelConfigEditor::Edit;
 
 namespace {
+
+QString qs(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), qsizetype(text.size()));
+}
 
 QPushButton* buttonNamed(QWidget* dialog, const QString& text)
 {
@@ -167,17 +165,6 @@ private slots:
         screenshot(m_window.get(), "main-window-radio");
     }
 
-    void squelchFollowsTheToggle()
-    {
-        QAction* squelch = m_window->command("squelch");
-        const bool before = squelch->isChecked();
-        squelch->trigger();
-        QCOMPARE(squelch->isChecked(), !before);
-        QCOMPARE(radio()->session().commands().state(ViewCommands::Toggle::Squelch), !before);
-        squelch->trigger();
-        QCOMPARE(squelch->isChecked(), before);
-    }
-
     void communicationPortsCheckAndCancel()
     {
         onNextDialog<CommPortDialog>([](CommPortDialog* dialog) {
@@ -202,7 +189,8 @@ private slots:
     }
 
     // The Link Trace window follows a read as it runs: the request of the channel section and
-    // the radio's blocks, decoded, and a frame the cable damaged stands out.
+    // the radio's blocks, decoded, and a frame the cable damaged stands out; the read brings
+    // the radio's database into the window.
     void linkTraceShowsTheFramesOfARead()
     {
         m_window->command("linkTrace")->trigger();
@@ -223,7 +211,12 @@ private slots:
             }
             return false;
         };
+        // Read over a local edit, which the operator lets go.
+        panel()->document().record.channelNo(150).txFrequency.set(21'000'000);
+        MessageBoxNotifier::clearShownTexts();
+        MessageBoxNotifier::queueAnswer(Answer::Discard);
         run("readDevice");
+        QCOMPARE(MessageBoxNotifier::shownTexts(), QStringList{qs(text::kUnsavedChanges)});
         QTRY_VERIFY(shows("->", "DatabaseRead (132)", "target=dbase offset=0 length=4304"));
         QVERIFY(shows("<-", "DataBlock (135)", "target=dbase offset=0 bytes=246 last=0"));
         QVERIFY(shows("<-", "DataBlock (135)", "target=ale_dbase offset=4182 bytes=195 last=1"));
@@ -235,9 +228,7 @@ private slots:
         const QString saved = m_dir.filePath("link-trace.txt");
         FileDialogs::queueFileName(saved);
         QTest::mouseClick(trace->findChild<QPushButton*>("saveAs"), Qt::LeftButton);
-        QFile file(saved);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QByteArray text = file.readAll();
+        const QByteArray text = bytesOf(saved);
         QVERIFY(text.contains("DatabaseRead (132) target=dbase offset=0 length=4304"));
         QVERIFY(text.contains("  CRC-ERROR  DATA #"));
         trace->close();
@@ -297,6 +288,36 @@ private slots:
         QVERIFY(panel()->document().record.groups[0].guardChannel.get() != channel);
     }
 
+    // A programme never read nor opened is never written; an empty database only when the
+    // operator insists.
+    void emptyDocumentsAreNotWrittenUnasked()
+    {
+        const dbase before = m_memory.radioRecord();
+        const ale_dbase aleBefore = m_memory.aleRecord();
+        const RssDocument rss = panel()->document();
+        const AleDocument ale = m_window->alePanel()->document();
+        m_window->alePanel()->replaceDocument(AleDocument{});
+        MessageBoxNotifier::clearShownTexts();
+        run("writeDevice");
+        const QStringList shown = MessageBoxNotifier::shownTexts();
+        QCOMPARE(shown.size(), 1);
+        QVERIFY2(shown[0].contains(QStringLiteral("Not written")) &&
+                     shown[0].contains(qs(text::kAleDatabaseName)),
+                 qPrintable(shown[0]));
+        QCOMPARE(m_memory.differenceFrom(aleBefore), QString());
+
+        panel()->replaceDocument(RssDocument{});
+        MessageBoxNotifier::clearShownTexts();
+        MessageBoxNotifier::queueAnswer(Answer::No);
+        run("writeDevice");
+        QCOMPARE(MessageBoxNotifier::shownTexts(), QStringList{qs(text::kWriteEmptyDatabase)});
+        const dbase after = m_memory.radioRecord();
+        QCOMPARE(std::memcmp(&before, &after, sizeof(dbase)), 0);
+        panel()->replaceDocument(rss);
+        panel()->document().markClean();
+        m_window->alePanel()->replaceDocument(ale);
+    }
+
     void writeDeviceSendsWhatTheWindowShows()
     {
         // The title marks unsaved edits of the RSS panel's database while that panel is shown.
@@ -307,7 +328,14 @@ private slots:
         });
         panel()->editChannels(150);
         QVERIFY(m_window->isWindowModified());
+        AlePanel* ale = m_window->alePanel();
+        AleDocument edited = ale->document();
+        setFieldText(edited.programme.database.directory[kAleDirectorySize - 1], "WRITTEN1");
+        setFieldText(edited.programme.database.messages[9], "FROM THE PANEL");
+        ale->replaceDocument(edited);
+        QVERIFY(ale->isModified());
         const dbase before = m_memory.radioRecord();
+        const ale_dbase aleBefore = m_memory.aleRecord();
         QVERIFY(!before.channelNo(150).isProgrammed());
         const QString change = QStringLiteral("Channel 150 Rx. Freq.: (none) -> 21.12345");
         // Asked first, the operator declines: nothing reaches the radio, the edit stays.
@@ -316,13 +344,17 @@ private slots:
         m_confirmWrite = true;
         QVERIFY2(m_compared.contains(change), qPrintable(m_compared.join('\n')));
         QCOMPARE(m_memory.differenceFrom(before), QString());
+        QCOMPARE(m_memory.differenceFrom(aleBefore), QString());
         QVERIFY(panel()->document().isModified());
 
         run("writeDevice");
         QCOMPARE(m_memory.differenceFrom(panel()->document().record), QString());
         QCOMPARE(m_memory.radioRecord().channelNo(150).rxFrequency.get(), 21'123'450u);
+        QCOMPARE(m_memory.differenceFrom(ale->document().programme.database), QString());
+        QCOMPARE(fieldText(m_memory.aleRecord().directory[kAleDirectorySize - 1]),
+                 std::string_view("WRITTEN1"));
         // The radio holds what the window shows: nothing is left unsaved.
-        QVERIFY(!panel()->document().isModified());
+        QVERIFY(!panel()->document().isModified() && !ale->isModified());
         QVERIFY(!m_window->isWindowModified());
         run("compareRadio");
         QCOMPARE(m_compared, QStringList());
@@ -340,55 +372,6 @@ private slots:
                  qPrintable(m_compared.join('\n')));
         // No file holds the radio's parameter block: the restored radio keeps its own.
         QCOMPARE(m_memory.differenceFrom(before), QString());
-    }
-
-    void writeDeviceSendsTheAleProgrammeOfThePanel()
-    {
-        AlePanel* ale = m_window->alePanel();
-        AleDocument document = ale->document();
-        setFieldText(document.programme.database.directory[kAleDirectorySize - 1], "WRITTEN1");
-        setFieldText(document.programme.database.messages[9], "FROM THE PANEL");
-        ale->replaceDocument(document);
-        QVERIFY(ale->isModified());
-        run("writeDevice");
-        QCOMPARE(m_memory.differenceFrom(ale->document().programme.database), QString());
-        QCOMPARE(fieldText(m_memory.aleRecord().directory[kAleDirectorySize - 1]),
-                 std::string_view("WRITTEN1"));
-        QVERIFY(!ale->isModified());
-    }
-
-    void aleProgrammeNeverReadNorOpenedIsNotWritten()
-    {
-        const ale_dbase before = m_memory.aleRecord();
-        m_window->alePanel()->replaceDocument(AleDocument{});
-        MessageBoxNotifier::clearShownTexts();
-        run("writeDevice");
-        const QStringList shown = MessageBoxNotifier::shownTexts();
-        QCOMPARE(shown.size(), 1);
-        QVERIFY2(shown[0].contains(QStringLiteral("Not written")) &&
-                     shown[0].contains(QString::fromUtf8(text::kAleDatabaseName.data())),
-                 qPrintable(shown[0]));
-        QCOMPARE(m_memory.differenceFrom(before), QString());
-        // Reading the radio brings the programme back into the panel.
-        run("readDevice");
-        QVERIFY(m_window->alePanel()->document().known.database);
-        QCOMPARE(m_memory.differenceFrom(m_window->alePanel()->document().programme.database),
-                 QString());
-    }
-
-    void emptyDatabaseIsWrittenOnlyWhenTheOperatorInsists()
-    {
-        const dbase before = m_memory.radioRecord();
-        panel()->replaceDocument(RssDocument{});
-        MessageBoxNotifier::clearShownTexts();
-        MessageBoxNotifier::queueAnswer(Answer::No);
-        run("writeDevice");
-        QCOMPARE(MessageBoxNotifier::shownTexts(),
-                 QStringList{QString::fromUtf8(text::kWriteEmptyDatabase.data())});
-        const dbase after = m_memory.radioRecord();
-        QCOMPARE(std::memcmp(&before, &after, sizeof(dbase)), 0);
-        run("readDevice");
-        QCOMPARE(m_memory.differenceFrom(panel()->document().record), QString());
     }
 
     void cancelledReadKeepsTheWindowAndTheControls()
@@ -413,76 +396,6 @@ private slots:
         QVERIFY(m_window->command("bite")->isEnabled());
         panel()->document().record.channelNo(150).rxFrequency.set(before);
         panel()->document().markClean();
-    }
-
-    void optionsProgrammedAndWriteVerifiedByReadingBack()
-    {
-        onNextDialog<RadioOptionsDialog>([](RadioOptionsDialog* dialog) {
-            QVERIFY(dialog->programButton());
-            dialog->combo("scanRate")->setCurrentIndex(4); // 5 Ch/Sec
-            QTest::mouseClick(dialog->programButton(), Qt::LeftButton);
-            dialog->reject();
-        });
-        panel()->editRadioOptions();
-        QCOMPARE(int(panel()->document().record.radioOptions.scanRate), 5);
-
-        // A channel edited in the program goes to the radio with Write Device.
-        RssDocument& document = panel()->document();
-        channel& ch = document.record.channelNo(150);
-        ch.txFrequency.set(21'123'450);
-        ch.rxFrequency.set(21'123'450);
-        m_window->command("writeDevice")->trigger();
-        QTRY_VERIFY_WITH_TIMEOUT(!radio()->isBusy(), 60000);
-        QVERIFY(m_captions.contains(QStringLiteral("Radio Data Base")));
-
-        // Read it back, over the local edits (answering that they need no saving).
-        document.record.channelNo(150).txFrequency.set(0);
-        document.record.radioOptions.scanRate = 1;
-        MessageBoxNotifier::clearShownTexts();
-        MessageBoxNotifier::queueAnswer(Answer::Discard);
-        m_window->command("readDevice")->trigger();
-        QTRY_VERIFY_WITH_TIMEOUT(!radio()->isBusy(), 60000);
-        QCOMPARE(
-            MessageBoxNotifier::shownTexts().value(0),
-            QStringLiteral("The radio database has changes that were not saved. Save them first?"));
-        QCOMPARE(document.record.channelNo(150).txFrequency.get(), 21'123'450u);
-        QCOMPARE(int(document.record.radioOptions.scanRate), 5);
-    }
-
-    void biteRunsToItsSummaryAndSaves()
-    {
-        BiteDialog* shown = nullptr;
-        const QString file = m_dir.filePath("bite.txt");
-        BiteRunner& runner = radio()->session().bite();
-        connect(
-            radio(), &RadioController::biteOpened, this,
-            [&shown, &runner, file](BiteDialog* dialog) {
-                shown = dialog;
-                QTimer::singleShot(0, dialog, [dialog, &runner, file] {
-                    dialog->testTypes()->button(0)->click();
-                    QCOMPARE(dialog->hintLine()->text(), QStringLiteral("Connect a dummy load"));
-                    dialog->testTypes()->button(2)->click();
-                    QCOMPARE(dialog->hintLine()->text(), QString());
-                    QTest::mouseClick(dialog->runButton(), Qt::LeftButton);
-                    QVERIFY(runner.isRunning());
-                    QVERIFY(!dialog->runButton()->isEnabled());
-                    QTRY_VERIFY_WITH_TIMEOUT(!runner.isRunning(), 60000);
-                    QVERIFY(dialog->statusLine()->text().startsWith(QStringLiteral("Summary: ")));
-                    QCOMPARE(dialog->progressBar()->value(), 12);
-                    QVERIFY(dialog->results()->topLevelItemCount() > 0);
-                    screenshot(dialog, "bite");
-                    FileDialogs::queueFileName(file);
-                    QVERIFY(dialog->saveResults());
-                    dialog->reject();
-                });
-            });
-        m_window->command("bite")->trigger();
-        QVERIFY(shown);
-        QFile saved(file);
-        QVERIFY(saved.open(QIODevice::ReadOnly));
-        const QByteArray content = saved.readAll();
-        QVERIFY(content.contains("[BITE]"));
-        QVERIFY(content.contains("Test=Low RF Test"));
     }
 
     void writeDeviceInCcirModeSendsTheCcirPanelsDatabase()
@@ -510,12 +423,10 @@ private slots:
         QCOMPARE(m_memory.differenceFrom(ccir->document().record), QString());
         QCOMPARE(m_memory.ccirRecord().selfId6.get(), 402999u);
         QVERIFY(!ccir->isModified());
-        setMode(false);
-        run("readDevice");
-        QVERIFY(!radio()->ccirMode());
+        setMode(false); // the next read finds the radio out of CCIR mode
     }
 
-    // Last: the radio keeps all 200 channels programmed.
+    // Last: the radio, back out of CCIR mode, keeps all 200 channels programmed.
     void readWithAllChannelsProgrammedShowsAndWritesWhatWasRead()
     {
         m_memory.onRadio([](radiosim::VirtualRadio& radio) {
@@ -528,7 +439,7 @@ private slots:
                                    2'000'000 + c * 10'000);
         });
         run("readDevice");
-        QVERIFY(!radio()->session().view().radioReady);
+        QVERIFY(!radio()->session().view().radioReady && !radio()->ccirMode());
         const dbase& document = panel()->document().record;
         QCOMPARE(document.channelNo(200).rxFrequency.get(), 4'000'000u);
         QCOMPARE(m_memory.differenceFrom(document), QString());
