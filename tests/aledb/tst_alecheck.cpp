@@ -14,8 +14,8 @@ class AleCheckTest : public QObject
 private slots:
     void lines_data()
     {
-        addColumns<AleSetup, bool, QStringList, bool>(
-            {"setup", "globalMembers", "expected", "configured"});
+        columns<AleSetup, bool, QStringList, bool>("setup", "globalMembers", "expected",
+                                                   "configured");
 
         QTest::newRow("empty database")
             << AleSetup([](AleProgramme&) {}) << true << QStringList{} << false;
@@ -95,8 +95,8 @@ private slots:
     void lines()
     {
         auto [setup, globalMembers, expected, configured] =
-            fetch<AleSetup, bool, QStringList, bool>(
-                {"setup", "globalMembers", "expected", "configured"});
+            fetch<AleSetup, bool, QStringList, bool>("setup", "globalMembers", "expected",
+                                                     "configured");
         AleProgramme p = emptyProgramme();
         setup(p);
         RecordingNotifier notifier;

@@ -175,7 +175,7 @@ private slots:
 
     void loading_data()
     {
-        addColumns<QByteArray, AleSetup>({"text", "expect"});
+        columns<QByteArray, AleSetup>("text", "expect");
         QTest::newRow("no options section gives the defaults")
             << QByteArray("[ZOV]\nZOV_Version=2.01\n") << AleSetup([](AleProgramme& p) {
                    const ale_options& o = p.database.options;
@@ -242,21 +242,21 @@ private slots:
     }
     void loading()
     {
-        auto [text, expect] = fetch<QByteArray, AleSetup>({"text", "expect"});
+        auto [text, expect] = fetch<QByteArray, AleSetup>("text", "expect");
         AleProgramme p = readBack(text);
         expect(p);
     }
 
     void versionCheck_data()
     {
-        addColumns<QByteArray, bool, int>({"version", "skip", "result"});
+        columns<QByteArray, bool, int>("version", "skip", "result");
         QTest::newRow("same version") << QByteArray("2.01") << false << 0;
         QTest::newRow("other version") << QByteArray("1.00") << false << 118;
         QTest::newRow("other version, check skipped") << QByteArray("1.00") << true << 0;
     }
     void versionCheck()
     {
-        auto [version, skip, result] = fetch<QByteArray, bool, int>({"version", "skip", "result"});
+        auto [version, skip, result] = fetch<QByteArray, bool, int>("version", "skip", "result");
         ProfileFile file;
         file.setContent(("[ZOV]\r\nZOV_Version=" + version +
                          "\r\n[Directory]\r\n"
@@ -296,7 +296,7 @@ private slots:
     void firstSaveIsSettled_data()
     {
         // line: empty: the key is not written at all
-        addColumns<QByteArray, QByteArray, QByteArray>({"text", "key", "line"});
+        columns<QByteArray, QByteArray, QByteArray>("text", "key", "line");
         const QByteArray weather("[Messages]\nMessage No. 3=WEATHER REPORT FOLLOWS\n");
         QTest::newRow("dial of an empty address and no message")
             << QByteArray("[Directory]\nAddress No. 1=-\n[Automatic Dials]\nAuto Dial No. 1=-,\n")
@@ -317,7 +317,7 @@ private slots:
     }
     void firstSaveIsSettled()
     {
-        auto [text, key, line] = fetch<QByteArray, QByteArray, QByteArray>({"text", "key", "line"});
+        auto [text, key, line] = fetch<QByteArray, QByteArray, QByteArray>("text", "key", "line");
         const QByteArray once = written(readBack(text));
         QCOMPARE(written(readBack(once)), once);
         if (line.isEmpty())

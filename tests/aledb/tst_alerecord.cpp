@@ -30,7 +30,7 @@ class AleRecordTest : public QObject
 private slots:
     void netByteLayout_data()
     {
-        addColumns<int, int, int>({"channel", "byteIndex", "byteValue"});
+        columns<int, int, int>("channel", "byteIndex", "byteValue");
         QTest::newRow("channel 1") << 1 << 0 << 0x40;
         QTest::newRow("channel 7") << 7 << 0 << 0x01;
         QTest::newRow("channel 8") << 8 << 1 << 0x80;
@@ -39,7 +39,7 @@ private slots:
     void netByteLayout()
     {
         auto [channel, byteIndex, byteValue] =
-            fetch<int, int, int>({"channel", "byteIndex", "byteValue"});
+            fetch<int, int, int>("channel", "byteIndex", "byteValue");
         ale_dbase db{};
         db.nets[1].setScanned(channel, true);
         QCOMPARE(*byteAt(db, kNet1 + 60 + byteIndex), std::uint8_t(byteValue));
@@ -55,7 +55,7 @@ private slots:
 
     void cleaning_data()
     {
-        addColumns<QByteArray, bool, QByteArray>({"field", "message", "expected"});
+        columns<QByteArray, bool, QByteArray>("field", "message", "expected");
         QTest::newRow("foreign characters close up")
             << QByteArray("AB-12 x") << false << QByteArray("AB12x");
         QTest::newRow("message keeps blanks, drops punctuation")
@@ -72,7 +72,7 @@ private slots:
     void cleaning()
     {
         auto [field, message, expected] =
-            fetch<QByteArray, bool, QByteArray>({"field", "message", "expected"});
+            fetch<QByteArray, bool, QByteArray>("field", "message", "expected");
         ale_dbase db{};
         std::span<char> target =
             message ? std::span<char>(db.messages[3]) : std::span<char>(db.directory[3]);
@@ -86,7 +86,7 @@ private slots:
 
     void normalisation_data()
     {
-        addColumns<int, int, int>({"offset", "before", "after"});
+        columns<int, int, int>("offset", "before", "after");
         const int net = kNet1;
         QTest::newRow("all call 4") << net + 48 << 4 << 3;
         QTest::newRow("tune time 21") << net + 51 << 21 << 0;
@@ -119,7 +119,7 @@ private slots:
     }
     void normalisation()
     {
-        auto [offset, before, after] = fetch<int, int, int>({"offset", "before", "after"});
+        auto [offset, before, after] = fetch<int, int, int>("offset", "before", "after");
         AleProgramme p = emptyProgramme();
         setDirectory(p, 2, "ALPHA");
         setMessage(p, 1, "HELLO");
@@ -147,8 +147,8 @@ private slots:
 
     void netChannels_data()
     {
-        addColumns<int, QList<int>, int, QList<int>, int>(
-            {"maxChannel", "scanned", "allCall", "expectedScanned", "expectedAllCall"});
+        columns<int, QList<int>, int, QList<int>, int>("maxChannel", "scanned", "allCall",
+                                                       "expectedScanned", "expectedAllCall");
         QTest::newRow("all call among scanned")
             << 200 << QList<int>{3, 9} << 9 << QList<int>{3, 9} << 9;
         QTest::newRow("all call not scanned")
@@ -162,8 +162,8 @@ private slots:
     void netChannels()
     {
         auto [maxChannel, scanned, allCall, expectedScanned, expectedAllCall] =
-            fetch<int, QList<int>, int, QList<int>, int>(
-                {"maxChannel", "scanned", "allCall", "expectedScanned", "expectedAllCall"});
+            fetch<int, QList<int>, int, QList<int>, int>("maxChannel", "scanned", "allCall",
+                                                         "expectedScanned", "expectedAllCall");
         ale_net net{};
         for (int channel : scanned) // 201..207 are spare bits of the last byte
             net.scannedChannels[channel / 8] |= std::uint8_t(0x80 >> (channel % 8));
@@ -180,7 +180,7 @@ private slots:
 
     void slotMapping_data()
     {
-        addColumns<QString, QString, int>({"self", "text", "slot"});
+        columns<QString, QString, int>("self", "text", "slot");
         const auto row = [](const char* name, const char* self, const char* text, int slot) {
             QTest::newRow(name) << QString(self) << QString(text) << slot;
         };
@@ -195,7 +195,7 @@ private slots:
     }
     void slotMapping()
     {
-        auto [self, text, slot] = fetch<QString, QString, int>({"self", "text", "slot"});
+        auto [self, text, slot] = fetch<QString, QString, int>("self", "text", "slot");
         AleProgramme p = emptyProgramme();
         setNet(p, 4, "NET", self.toStdString(), {});
         setDirectory(p, 0, "ALPHA");

@@ -10,6 +10,7 @@
 #include <cstring>
 
 using namespace koral;
+using namespace koral::test;
 
 // Identities typed with their digits counted, the warning that holds OK while a self
 // address is not one, the directory's ADD and DELETE that keep the other slots in place, and
@@ -20,8 +21,8 @@ class CcirEditorsTest : public QObject
 private slots:
     void selfAddress_data()
     {
-        test::addColumns<QString, QString, int, int, bool>(
-            {"typed4", "typed6", "stored4", "stored6", "ok"});
+        test::columns<QString, QString, int, int, bool>("typed4", "typed6", "stored4", "stored6",
+                                                        "ok");
         const auto row = [](const char* name, const char* typed4, const char* typed6, int stored4,
                             int stored6, bool ok) {
             QTest::newRow(name) << QString(typed4) << QString(typed6) << stored4 << stored6 << ok;
@@ -34,7 +35,7 @@ private slots:
     void selfAddress()
     {
         auto [typed4, typed6, stored4, stored6, ok] = test::fetch<QString, QString, int, int, bool>(
-            {"typed4", "typed6", "stored4", "stored6", "ok"});
+            "typed4", "typed6", "stored4", "stored6", "ok");
         ccir_dbase record{};
         record.selfId4.set(4117);
         record.selfId6.set(402117);
@@ -50,8 +51,8 @@ private slots:
 
     void directory_data()
     {
-        test::addColumns<QString, QString, bool, bool, bool>(
-            {"typed", "status", "add", "remove", "full"});
+        test::columns<QString, QString, bool, bool, bool>("typed", "status", "add", "remove",
+                                                          "full");
         const auto row = [](const char* name, const char* typed, const char* status, bool add,
                             bool remove, bool full = false) {
             QTest::newRow(name) << QString(typed) << QString(status) << add << remove << full;
@@ -66,7 +67,7 @@ private slots:
     void directory()
     {
         auto [typed, status, add, remove, full] = test::fetch<QString, QString, bool, bool, bool>(
-            {"typed", "status", "add", "remove", "full"});
+            "typed", "status", "add", "remove", "full");
         ccir_dbase record{};
         for (int slot = 0; full && slot < kCcirDirectorySize; ++slot)
             record.directory[std::size_t(slot)].set(std::uint32_t(100000 + slot));
@@ -97,7 +98,7 @@ private slots:
     void messagesAndSettings_data()
     {
         // field: 1 and 2 are the messages, 3 to 5 preamble, beacon and alarm.
-        test::addColumns<int, QString, QString, QString>({"field", "typed", "stored", "warning"});
+        test::columns<int, QString, QString, QString>("field", "typed", "stored", "warning");
         const auto row = [](const char* name, int field, const QString& typed,
                             const QString& stored, const QString& warning) {
             QTest::newRow(name) << field << typed << stored << warning;
@@ -125,7 +126,7 @@ private slots:
     void messagesAndSettings()
     {
         auto [field, typed, stored, warning] =
-            test::fetch<int, QString, QString, QString>({"field", "typed", "stored", "warning"});
+            test::fetch<int, QString, QString, QString>("field", "typed", "stored", "warning");
         ccir_dbase record{};
         std::memcpy(record.message1.data(), "QRU NIL", 7);
         std::memcpy(record.message2.data(), "RETURNING TO PORT", 17);

@@ -7,6 +7,7 @@
 #include <cstring>
 
 using namespace koral;
+using namespace koral::test;
 
 namespace {
 
@@ -104,7 +105,7 @@ private slots:
 
     void load_data()
     {
-        test::addColumns<QByteArray, QString>({"content", "expected"});
+        test::columns<QByteArray, QString>("content", "expected");
 
         // Loaded over a record holding: 999 99 9 9 9 "OLD" "OLD" 3:333
         QTest::newRow("empty file: defaults") << QByteArray() << "0 0 0 0 6 \"\" \"\"";
@@ -135,7 +136,7 @@ private slots:
 
     void load()
     {
-        auto [content, expected] = test::fetch<QByteArray, QString>({"content", "expected"});
+        auto [content, expected] = test::fetch<QByteArray, QString>("content", "expected");
 
         test::writeBytes(path("in.ccr"), content.toStdString());
         ccir_dbase record{};

@@ -36,8 +36,7 @@ class DirectoryEditorTest : public QObject
 private slots:
     void addressRules_data()
     {
-        addColumns<int, QString, QString, bool, bool>(
-            {"entries", "typed", "status", "add", "remove"});
+        columns<int, QString, QString, bool, bool>("entries", "typed", "status", "add", "remove");
         const auto row = [](const char* name, int entries, const char* typed, const char* status,
                             bool add, bool remove) {
             QTest::newRow(name) << entries << QString(typed) << QString(status) << add << remove;
@@ -56,8 +55,8 @@ private slots:
     }
     void addressRules()
     {
-        auto [entries, typed, status, add, remove] = fetch<int, QString, QString, bool, bool>(
-            {"entries", "typed", "status", "add", "remove"});
+        auto [entries, typed, status, add, remove] =
+            fetch<int, QString, QString, bool, bool>("entries", "typed", "status", "add", "remove");
         RecordingNotifier notifier;
         DirectoryEditor editor(directoryProgramme(entries), notifier);
         editor.setEditText("STN1"); // a previous state must not leak into the next text
@@ -94,8 +93,8 @@ private slots:
     void deleteRenumbersReferences_data()
     {
         // allCallAndTune: all call, channel low, high, tune
-        addColumns<QList<int>, QList<int>, QList<int>, QList<int>, QList<int>>(
-            {"members", "expected", "allCallAndTune", "groupSlots", "groupExpected"});
+        columns<QList<int>, QList<int>, QList<int>, QList<int>, QList<int>>(
+            "members", "expected", "allCallAndTune", "groupSlots", "groupExpected");
         QTest::newRow("middle member, priority bits kept")
             << QList<int>{1, 3, 5} << QList<int>{1, 4, 255} << QList<int>{0x34, 0x12, 9, 9}
             << QList<int>{0x80 | 1, 3, 0x80 | 5, 255} << QList<int>{0x80 | 1, 0x80 | 4, 255, 255};
@@ -113,7 +112,7 @@ private slots:
     {
         auto [members, expected, allCallAndTune, groupSlots, groupExpected] =
             fetch<QList<int>, QList<int>, QList<int>, QList<int>, QList<int>>(
-                {"members", "expected", "allCallAndTune", "groupSlots", "groupExpected"});
+                "members", "expected", "allCallAndTune", "groupSlots", "groupExpected");
         AleProgramme p = directoryProgramme(10);
         ale_net& net = p.database.nets[0];
         for (int i = 0; i < members.size(); ++i)

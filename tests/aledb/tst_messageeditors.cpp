@@ -15,7 +15,7 @@ class MessageEditorsTest : public QObject
 private slots:
     void messageValidation_data()
     {
-        addColumns<QString, bool>({"typed", "valid"});
+        columns<QString, bool>("typed", "valid");
         QTest::newRow("upper case and digits") << "QRV 14 MHZ" << true;
         QTest::newRow("punctuation up to the underscore") << "A!?_@[]^" << true;
         QTest::newRow("empty") << "" << true;
@@ -25,7 +25,7 @@ private slots:
     }
     void messageValidation()
     {
-        auto [typed, valid] = fetch<QString, bool>({"typed", "valid"});
+        auto [typed, valid] = fetch<QString, bool>("typed", "valid");
         AleProgramme p = emptyProgramme();
         setMessage(p, 2, "OLD");
         MessageEditor editor(p.database);
@@ -60,8 +60,7 @@ private slots:
 
     void dialSelections_data()
     {
-        addColumns<int, int, int, int>(
-            {"address", "message", "addressPosition", "messagePosition"});
+        columns<int, int, int, int>("address", "message", "addressPosition", "messagePosition");
         QTest::newRow("none") << 255 << 255 << 2 << 1;
         QTest::newRow("first entries") << 0 << 1 << 0 << 0;
         QTest::newRow("entry after a gap") << 2 << 1 << 1 << 0;
@@ -70,7 +69,7 @@ private slots:
     void dialSelections()
     {
         auto [address, message, addressPosition, messagePosition] =
-            fetch<int, int, int, int>({"address", "message", "addressPosition", "messagePosition"});
+            fetch<int, int, int, int>("address", "message", "addressPosition", "messagePosition");
         AleProgramme p = emptyProgramme();
         setDirectory(p, 0, "ALPHA");
         setDirectory(p, 2, "CHARLIE");
@@ -86,7 +85,7 @@ private slots:
 
     void dialChoicesStoreTheChosenEntry_data()
     {
-        addColumns<int, int>({"position", "stored"});
+        columns<int, int>("position", "stored");
         QTest::newRow("first") << 0 << 0;
         QTest::newRow("after the gap") << 1 << 2;
         QTest::newRow("empty item") << 2 << 255;
@@ -94,7 +93,7 @@ private slots:
     }
     void dialChoicesStoreTheChosenEntry()
     {
-        auto [position, stored] = fetch<int, int>({"position", "stored"});
+        auto [position, stored] = fetch<int, int>("position", "stored");
         AleProgramme p = emptyProgramme();
         setDirectory(p, 0, "ALPHA");
         setDirectory(p, 2, "CHARLIE");

@@ -28,7 +28,7 @@ private slots:
     void fillingFromTheRecord_data()
     {
         // positions: scan rate, sounding, occupancy
-        addColumns<int, int, QString, QList<int>>({"offset", "value", "message", "positions"});
+        columns<int, int, QString, QList<int>>("offset", "value", "message", "positions");
         // Net 1 shows 1, 1, 2; a refused value of net 5 leaves its control showing that.
         QTest::newRow("defaults") << 55 << 2 << "" << QList<int>{0, 0, 0};
         QTest::newRow("scan rate 5") << 55 << 5 << "" << QList<int>{1, 0, 0};
@@ -47,7 +47,7 @@ private slots:
     void fillingFromTheRecord()
     {
         auto [offset, value, message, positions] =
-            fetch<int, int, QString, QList<int>>({"offset", "value", "message", "positions"});
+            fetch<int, int, QString, QList<int>>("offset", "value", "message", "positions");
         AleProgramme p = emptyProgramme();
         p.database.nets[0].scanRate = 5;
         p.database.nets[0].sounding = 30;
@@ -69,7 +69,7 @@ private slots:
 
     void selectingClampsTheNet_data()
     {
-        addColumns<int, int>({"spin", "net"});
+        columns<int, int>("spin", "net");
         QTest::newRow("below") << -1 << 0;
         QTest::newRow("first") << 0 << 0;
         QTest::newRow("last") << 19 << 19;
@@ -77,7 +77,7 @@ private slots:
     }
     void selectingClampsTheNet()
     {
-        auto [spin, net] = fetch<int, int>({"spin", "net"});
+        auto [spin, net] = fetch<int, int>("spin", "net");
         AleProgramme p = emptyProgramme();
         setNet(p, net + 1, "N", "S", {});
         RecordingNotifier notifier;
@@ -90,8 +90,7 @@ private slots:
     void storingListChoices_data()
     {
         // list: 0 scan rate, 1 sounding, 2 occupancy
-        addColumns<int, int, int, int, QString>(
-            {"list", "position", "offset", "stored", "message"});
+        columns<int, int, int, int, QString>("list", "position", "offset", "stored", "message");
         QTest::newRow("scan rate 1") << 0 << 1 << 55 << 5 << "";
         QTest::newRow("scan rate 2") << 0 << 2 << 55 << 2 << "Scan Rate is not correct!";
         QTest::newRow("sounding 3") << 1 << 3 << 58 << 90 << "";
@@ -104,7 +103,7 @@ private slots:
     void storingListChoices()
     {
         auto [list, position, offset, stored, message] =
-            fetch<int, int, int, int, QString>({"list", "position", "offset", "stored", "message"});
+            fetch<int, int, int, int, QString>("list", "position", "offset", "stored", "message");
         RecordingNotifier notifier;
         NetConfigEditor editor(emptyProgramme(), {}, notifier);
         editor.selectNet(2);
@@ -122,7 +121,7 @@ private slots:
 
     void allCallBoxes_data()
     {
-        addColumns<bool, bool, int>({"send", "receive", "stored"});
+        columns<bool, bool, int>("send", "receive", "stored");
         QTest::newRow("none") << false << false << 0;
         QTest::newRow("send") << true << false << 1;
         QTest::newRow("receive") << false << true << 2;
@@ -130,7 +129,7 @@ private slots:
     }
     void allCallBoxes()
     {
-        auto [send, receive, stored] = fetch<bool, bool, int>({"send", "receive", "stored"});
+        auto [send, receive, stored] = fetch<bool, bool, int>("send", "receive", "stored");
         RecordingNotifier notifier;
         NetConfigEditor editor(emptyProgramme(), {}, notifier);
         editor.setSendAllCall(send);
@@ -152,8 +151,8 @@ private slots:
 
     void nameCrossCheck_data()
     {
-        addColumns<bool, QString, bool, QString, QString>(
-            {"selfAddressEdit", "typed", "accepted", "stored", "message"});
+        columns<bool, QString, bool, QString, QString>("selfAddressEdit", "typed", "accepted",
+                                                       "stored", "message");
         const auto row = [](const char* name, bool selfAddressEdit, const char* typed,
                             bool accepted, const char* stored, const char* message) {
             QTest::newRow(name) << selfAddressEdit << QString(typed) << accepted << QString(stored)
@@ -171,8 +170,8 @@ private slots:
     void nameCrossCheck()
     {
         auto [selfAddressEdit, typed, accepted, stored, message] =
-            fetch<bool, QString, bool, QString, QString>(
-                {"selfAddressEdit", "typed", "accepted", "stored", "message"});
+            fetch<bool, QString, bool, QString, QString>("selfAddressEdit", "typed", "accepted",
+                                                         "stored", "message");
         AleProgramme p = emptyProgramme();
         setNet(p, 2, "OLD", "OWN", {3});
         setNet(p, 7, "NAME7", "STN7", {3});

@@ -43,7 +43,7 @@ private slots:
 
     void choices_data()
     {
-        addColumns<int, int, int, QString>({"slot", "position", "stored", "warning"});
+        columns<int, int, int, QString>("slot", "position", "stored", "warning");
         QTest::newRow("directory entry by name") << 5 << 2 << 0 << QString();
         QTest::newRow("entry after a gap") << 5 << 3 << 3 << "'DELTA' is member 1 and member 6.";
         QTest::newRow("self address")
@@ -54,7 +54,7 @@ private slots:
     void choices()
     {
         auto [slot, position, stored, warning] =
-            fetch<int, int, int, QString>({"slot", "position", "stored", "warning"});
+            fetch<int, int, int, QString>("slot", "position", "stored", "warning");
         NetMembersEditor editor(programme().database, 1);
         editor.choose(slot, position);
         QCOMPARE(int(editor.database().nets[1].members[std::size_t(slot)]), stored);
@@ -64,8 +64,7 @@ private slots:
 
     void globalMembers_data()
     {
-        addColumns<int, int, bool, int, QString>(
-            {"slot", "position", "priority", "stored", "warning"});
+        columns<int, int, bool, int, QString>("slot", "position", "priority", "stored", "warning");
         QTest::newRow("station with mark") << 1 << 2 << true << 0x83 << QString();
         QTest::newRow("station without mark") << 1 << 2 << false << 3 << QString();
         QTest::newRow("named twice") << 1 << 1 << false << 0 << "'ALPHA' is member 1 and member 2.";
@@ -74,7 +73,7 @@ private slots:
     void globalMembers()
     {
         auto [slot, position, priority, stored, warning] = fetch<int, int, bool, int, QString>(
-            {"slot", "position", "priority", "stored", "warning"});
+            "slot", "position", "priority", "stored", "warning");
         const AleProgramme p = programme();
         ale_dbase_global_members globals{};
         for (auto& group : globals.nets)
@@ -92,14 +91,14 @@ private slots:
 
     void globalGroupName_data()
     {
-        addColumns<QString, QString>({"typed", "stored"});
+        columns<QString, QString>("typed", "stored");
         QTest::newRow("address characters") << QString("FLEET2") << QString("FLEET2");
         QTest::newRow("blank refused") << QString("FLEET 2") << QString("OLD");
         QTest::newRow("too long refused") << QString("ABCDEFGHIJKLMNOP") << QString("OLD");
     }
     void globalGroupName()
     {
-        auto [typed, stored] = fetch<QString, QString>({"typed", "stored"});
+        auto [typed, stored] = fetch<QString, QString>("typed", "stored");
         ale_dbase_global_members globals{};
         globals.nets[0].members.fill(kSlotEmpty);
         setFieldText(globals.nets[0].name, "OLD");

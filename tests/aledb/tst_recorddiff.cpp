@@ -10,6 +10,7 @@
 #include <cstring>
 
 using namespace koral;
+using namespace koral::test;
 
 namespace {
 
@@ -49,7 +50,7 @@ class RecordDiffTest : public QObject
 private slots:
     void radio_data()
     {
-        test::addColumns<RadioSetup, QStringList>({"change", "lines"});
+        test::columns<RadioSetup, QStringList>("change", "lines");
         QTest::newRow("same") << RadioSetup([](RadioContents&) {}) << QStringList{};
         QTest::newRow("receive frequency in MHz") << RadioSetup([](RadioContents& c) {
             c.record.channelNo(12).rxFrequency.set(7'200'000);
@@ -86,7 +87,7 @@ private slots:
     }
     void radio()
     {
-        auto [change, lines] = test::fetch<RadioSetup, QStringList>({"change", "lines"});
+        auto [change, lines] = test::fetch<RadioSetup, QStringList>("change", "lines");
         const RadioContents before = baseRadio();
         RadioContents after = before;
         change(after);
@@ -95,7 +96,7 @@ private slots:
 
     void ale_data()
     {
-        test::addColumns<test::AleSetup, QStringList>({"change", "lines"});
+        test::columns<test::AleSetup, QStringList>("change", "lines");
         QTest::newRow("self address and scanned channels of a net")
             << test::AleSetup([](AleProgramme& p) {
                    test::setNet(p, 3, "NET3", "CAMP", {16});
@@ -112,7 +113,7 @@ private slots:
     }
     void ale()
     {
-        auto [change, lines] = test::fetch<test::AleSetup, QStringList>({"change", "lines"});
+        auto [change, lines] = test::fetch<test::AleSetup, QStringList>("change", "lines");
         AleProgramme before = test::emptyProgramme();
         test::setNet(before, 3, "NET3", "BASE", {14, 15});
         test::setDirectory(before, 6, "STATION");

@@ -1,9 +1,11 @@
 #include "support/KoralctlRunner.h"
+#include "support/Table.h"
 
 #include <QRandomGenerator>
 #include <QtTest>
 
 using namespace koral;
+using namespace koral::test;
 
 namespace {
 
@@ -155,8 +157,7 @@ private slots:
     // Every complaint is one line on standard error with exit code 2; nothing on standard out.
     void errors_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<QString>("message");
+        columns<QStringList, QString>("arguments", "message");
         QTest::newRow("unknown command")
             << QStringList{"frob"} << "koralctl: unknown command 'frob' (see 'koralctl --help')\n";
         QTest::newRow("unknown option")
@@ -201,8 +202,7 @@ private slots:
     }
     void errors()
     {
-        QFETCH(QStringList, arguments);
-        QFETCH(QString, message);
+        auto [arguments, message] = fetch<QStringList, QString>("arguments", "message");
         const Outcome outcome = koralctl(arguments);
         QCOMPARE(outcome.exitCode, cli::kExitError);
         QCOMPARE(outcome.err, message);
@@ -222,9 +222,7 @@ private slots:
 
     void help_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<int>("exitCode");
-        QTest::addColumn<QString>("start");
+        columns<QStringList, int, QString>("arguments", "exitCode", "start");
         QTest::newRow("overview") << QStringList{"--help"} << 0 << "usage: koralctl COMMAND";
         QTest::newRow("no arguments") << QStringList{} << 2 << "usage: koralctl COMMAND";
         QTest::newRow("normalize") << QStringList{"normalize", "--help"} << 0
@@ -237,9 +235,8 @@ private slots:
     }
     void help()
     {
-        QFETCH(QStringList, arguments);
-        QFETCH(int, exitCode);
-        QFETCH(QString, start);
+        auto [arguments, exitCode, start] =
+            fetch<QStringList, int, QString>("arguments", "exitCode", "start");
         const Outcome outcome = koralctl(arguments);
         QCOMPARE(outcome.exitCode, exitCode);
         const QString shown = exitCode == 0 ? outcome.out : outcome.err;
@@ -250,10 +247,8 @@ private slots:
     // order, and the exit code.
     void check_data()
     {
-        QTest::addColumn<QByteArray>("radio");
-        QTest::addColumn<bool>("withProgramme");
-        QTest::addColumn<Changes>("changes");
-        QTest::addColumn<QStringList>("lines");
+        columns<QByteArray, bool, Changes, QStringList>("radio", "withProgramme", "changes",
+                                                        "lines");
         QTest::newRow("example") << QByteArray() << false << Changes{} << QStringList{};
         QTest::newRow("every line in order")
             << kBroken << false << Changes{}
@@ -274,10 +269,8 @@ private slots:
     }
     void check()
     {
-        QFETCH(QByteArray, radio);
-        QFETCH(bool, withProgramme);
-        QFETCH(Changes, changes);
-        QFETCH(QStringList, lines);
+        auto [radio, withProgramme, changes, lines] = fetch<QByteArray, bool, Changes, QStringList>(
+            "radio", "withProgramme", "changes", "lines");
         QStringList arguments{"check", kExample};
         if (!radio.isEmpty()) {
             writeFile(path("check.rss"), radio);
@@ -294,15 +287,13 @@ private slots:
 
     void summaryRows_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<int>("rows");
+        columns<QStringList, int>("arguments", "rows");
         QTest::newRow("programmed channels") << QStringList{"summary", kExample} << 41;
         QTest::newRow("all channels") << QStringList{"summary", kExample, "--all"} << 200;
     }
     void summaryRows()
     {
-        QFETCH(QStringList, arguments);
-        QFETCH(int, rows);
+        auto [arguments, rows] = fetch<QStringList, int>("arguments", "rows");
         const Outcome outcome = koralctl(arguments);
         QCOMPARE(outcome.exitCode, cli::kExitOk);
         const QStringList lines = outcome.outLines();
@@ -343,11 +334,8 @@ private slots:
     // A repaired file holds these lines and not those, and normalizing it again changes nothing.
     void normalizeRepairs_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QStringList>("options");
-        QTest::addColumn<QByteArrayList>("present");
-        QTest::addColumn<QByteArrayList>("absent");
+        columns<QString, QByteArray, QStringList, QByteArrayList, QByteArrayList>(
+            "name", "content", "options", "present", "absent");
         QTest::newRow("CCIR database")
             << "calls.CCR"
             << QByteArray("[Ccir Option]\nCcir 4 Digits Id=4117\nCcir Message1="
@@ -389,11 +377,9 @@ private slots:
     }
     void normalizeRepairs()
     {
-        QFETCH(QString, name);
-        QFETCH(QByteArray, content);
-        QFETCH(QStringList, options);
-        QFETCH(QByteArrayList, present);
-        QFETCH(QByteArrayList, absent);
+        auto [name, content, options, present, absent] =
+            fetch<QString, QByteArray, QStringList, QByteArrayList, QByteArrayList>(
+                "name", "content", "options", "present", "absent");
         const QString once = path("once." + QFileInfo(name).suffix().toLower());
         const QString twice = path("twice." + QFileInfo(name).suffix().toLower());
         writeFile(path(name), content);
@@ -410,10 +396,7 @@ private slots:
     // A file against itself prints nothing; a change is named with both values.
     void diff_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("from");
-        QTest::addColumn<QString>("to");
-        QTest::addColumn<QStringList>("lines");
+        columns<QString, QString, QString, QStringList>("name", "from", "to", "lines");
         QTest::newRow("same radio database")
             << "radio.rss" << QString() << QString() << QStringList{};
         QTest::newRow("same ALE programme")
@@ -430,10 +413,8 @@ private slots:
     }
     void diff()
     {
-        QFETCH(QString, name);
-        QFETCH(QString, from);
-        QFETCH(QString, to);
-        QFETCH(QStringList, lines);
+        auto [name, from, to, lines] =
+            fetch<QString, QString, QString, QStringList>("name", "from", "to", "lines");
         const QString example = QStringLiteral(KORAL_EXAMPLES_DIR "/") + name;
         QByteArray changed = readAll(example);
         changed.replace(from.toUtf8(), to.toUtf8());
@@ -479,8 +460,7 @@ private slots:
     // break, and some noise; the seed is fixed, so a failure names a file that can be rebuilt.
     void firstSaveIsStable_data()
     {
-        QTest::addColumn<QString>("extension");
-        QTest::addColumn<QStringList>("options");
+        columns<QString, QStringList>("extension", "options");
         QTest::newRow("radio database") << "rss" << QStringList{};
         QTest::newRow("ALE programme") << "ale" << QStringList{};
         QTest::newRow("ALE programme without global members")
@@ -489,8 +469,7 @@ private slots:
     }
     void firstSaveIsStable()
     {
-        QFETCH(QString, extension);
-        QFETCH(QStringList, options);
+        auto [extension, options] = fetch<QString, QStringList>("extension", "options");
         const QByteArray example =
             readAll(QStringLiteral(KORAL_EXAMPLES_DIR "/radio.") + extension).replace("\r\n", "\n");
         QVERIFY(!example.isEmpty());

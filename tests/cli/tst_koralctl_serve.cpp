@@ -2,10 +2,14 @@
 // on the built-in virtual radio; skipped without rigctl installed. Its argument errors are in
 // tst_koralctl.
 
+#include "support/Table.h"
+
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTcpServer>
 #include <QtTest>
+
+using namespace koral::test;
 
 namespace {
 constexpr int kBound = 60000;
@@ -21,9 +25,7 @@ private slots:
                             bool refused = false) {
             QTest::newRow(name) << QString(command) << QString(out) << refused;
         };
-        QTest::addColumn<QString>("command");
-        QTest::addColumn<QString>("out");
-        QTest::addColumn<bool>("refused");
+        columns<QString, QString, bool>("command", "out", "refused");
         row("select channel 12", "E 12", "");
         row("channel", "e", "12\n");
         row("frequency", "f", "5815000\n");
@@ -34,9 +36,7 @@ private slots:
     }
     void referenceClient()
     {
-        QFETCH(QString, command);
-        QFETCH(QString, out);
-        QFETCH(bool, refused);
+        auto [command, out, refused] = fetch<QString, QString, bool>("command", "out", "refused");
         const QString rigctl = QStandardPaths::findExecutable("rigctl");
         if (rigctl.isEmpty())
             QSKIP("rigctl (Debian package libhamlib-utils) is not installed; "

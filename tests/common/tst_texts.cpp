@@ -1,9 +1,11 @@
 #include "common/RecordingNotifier.h"
 #include "common/Texts.h"
+#include "support/Table.h"
 
 #include <QtTest>
 
 using namespace koral;
+using namespace koral::test;
 
 class TextsTest : public QObject
 {
@@ -11,8 +13,7 @@ class TextsTest : public QObject
 private slots:
     void numberedTexts_data()
     {
-        QTest::addColumn<int>("id");
-        QTest::addColumn<QString>("expected");
+        columns<int, QString>("id", "expected");
         QTest::newRow("61466 keeps its two blanks")
             << 61466
             << "Radio does not respond to application messages. Check if the  \nradio is turned "
@@ -21,8 +22,7 @@ private slots:
     }
     void numberedTexts()
     {
-        QFETCH(int, id);
-        QFETCH(QString, expected);
+        auto [id, expected] = fetch<int, QString>("id", "expected");
         QCOMPARE(QString::fromStdString(std::string(text::byId(id))), expected);
     }
 

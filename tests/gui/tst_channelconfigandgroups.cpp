@@ -5,12 +5,14 @@
 #include "gui/ChannelConfigDialog.h"
 #include "gui/GroupsDialog.h"
 #include "gui/GuiColours.h"
+#include "support/Table.h"
 
 #include <QImage>
 #include <QSpinBox>
 #include <QtTest>
 
 using namespace koral;
+using namespace koral::test;
 
 namespace {
 
@@ -32,15 +34,14 @@ private slots:
     // Channel 1 has CCIR number 7, channel 2 none.
     void ccirNumberOfAChannelWithoutOne_data()
     {
-        QTest::addColumn<int>("steps"); // 0: type the number 7
-        QTest::addColumn<int>("stored");
+        // steps: 0: type the number 7
+        columns<int, int>("steps", "stored");
         QTest::newRow("the previous channel's number") << 0 << 7;
         QTest::newRow("one step up from none") << 1 << 1;
     }
     void ccirNumberOfAChannelWithoutOne()
     {
-        QFETCH(int, steps);
-        QFETCH(int, stored);
+        auto [steps, stored] = fetch<int, int>("steps", "stored");
         ChannelConfigEditor::Setup setup;
         setup.ccirNumbers = CcirChannelNumbers{};
         (*setup.ccirNumbers)[0] = 7;

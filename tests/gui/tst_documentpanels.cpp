@@ -2,6 +2,7 @@
 // panels share (a row per panel), then what each panel does on its own.
 
 #include "PanelWindow.h"
+#include "support/Table.h"
 
 #include "aledb/AleText.h"
 #include "common/Texts.h"
@@ -156,16 +157,14 @@ private slots:
     // when the operator insists): the operator is told, and the document stays as it was.
     void brokenFileKeepsTheDocument_data()
     {
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<QString>("fault");
+        columns<int, QString>("kind", "fault");
         for (int k = 0; k < 3; ++k)
             for (const char* fault : {"missing", "unwritable", "foreign"})
                 QTest::addRow("%s, %s", kKinds[k].name, fault) << k << QString(fault);
     }
     void brokenFileKeepsTheDocument()
     {
-        QFETCH(int, kind);
-        QFETCH(QString, fault);
+        auto [kind, fault] = fetch<int, QString>("kind", "fault");
         const Kind& k = kKinds[kind];
         DocumentPanel* document = show(k.panel);
         QVERIFY(document->openPath(k.example));
@@ -494,8 +493,7 @@ private slots:
 
     void closingAsksAboutUnsavedChanges_data()
     {
-        QTest::addColumn<int>("answer");
-        QTest::addColumn<bool>("closes");
+        columns<int, bool>("answer", "closes");
         // Save, then cancelling the file dialog, keeps the window open as Cancel does.
         QTest::newRow("save, no file chosen") << int(Answer::Save) << false;
         QTest::newRow("cancel (also Escape)") << int(Answer::Cancel) << false;
@@ -503,8 +501,7 @@ private slots:
     }
     void closingAsksAboutUnsavedChanges()
     {
-        QFETCH(int, answer);
-        QFETCH(bool, closes);
+        auto [answer, closes] = fetch<int, bool>("answer", "closes");
         panel()->document().record.channelNo(1).txFrequency.set(5'000'000);
         MessageBoxNotifier::queueAnswer(Answer(answer));
         if (Answer(answer) == Answer::Save)
@@ -560,9 +557,7 @@ private slots:
 
     void damagedFileOpensRepaired_data()
     {
-        QTest::addColumn<QByteArray>("line");
-        QTest::addColumn<QByteArray>("damaged");
-        QTest::addColumn<QString>("address");
+        columns<QByteArray, QByteArray, QString>("line", "damaged", "address");
         QTest::newRow("forbidden characters")
             << QByteArray("Address No. 1=NCBASE1") << QByteArray("Address No. 1=NC-BASE 1!")
             << QStringLiteral("NCBASE1");
@@ -572,9 +567,8 @@ private slots:
     }
     void damagedFileOpensRepaired()
     {
-        QFETCH(QByteArray, line);
-        QFETCH(QByteArray, damaged);
-        QFETCH(QString, address);
+        auto [line, damaged, address] =
+            fetch<QByteArray, QByteArray, QString>("line", "damaged", "address");
         QByteArray content = bytesOf(kKinds[1].example);
         QVERIFY(content.contains(line));
         QVERIFY(writeBytes(m_window.path("damaged.ale"), content.replace(line, damaged)));

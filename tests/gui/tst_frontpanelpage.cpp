@@ -4,6 +4,7 @@
 
 #include "GuiTestSupport.h"
 #include "RadioWindow.h"
+#include "support/Table.h"
 
 #include "common/Texts.h"
 #include "gui/FrontPanelCompanionPage.h"
@@ -93,10 +94,7 @@ private slots:
 
     void keysShowTheRadiosAnswer_data()
     {
-        QTest::addColumn<int>("panel");
-        QTest::addColumn<bool>("keyboard");
-        QTest::addColumn<QStringList>("keys");
-        QTest::addColumn<QString>("display");
+        columns<int, bool, QStringList, QString>("panel", "keyboard", "keys", "display");
         QTest::newRow("MENU with the mouse") << 3 << false << QStringList{"MENU"} << "MENU 1/7";
         QTest::newRow("MENU, # and a digit with the keyboard, short head")
             << 5 << true << QStringList{"MENU", "#", "#", "4"} << "MENU 4/7|MONITOR: OFF";
@@ -110,10 +108,8 @@ private slots:
     }
     void keysShowTheRadiosAnswer()
     {
-        QFETCH(int, panel);
-        QFETCH(bool, keyboard);
-        QFETCH(QStringList, keys);
-        QFETCH(QString, display);
+        auto [panel, keyboard, keys, display] =
+            fetch<int, bool, QStringList, QString>("panel", "keyboard", "keys", "display");
         FrontPanelPage* shownPage = show(Panel(panel));
         MessageBoxNotifier::clearShownTexts();
         for (const QString& key : keys)

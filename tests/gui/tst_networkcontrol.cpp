@@ -5,6 +5,7 @@
 #include "gui/NetworkControlDialog.h"
 #include "gui/NetworkControlPane.h"
 #include "session/ControlCenterSession.h"
+#include "support/Table.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -27,11 +28,8 @@ private slots:
 
     void dialogRules_data()
     {
-        QTest::addColumn<bool>("enabled");
-        QTest::addColumn<QString>("address");
-        QTest::addColumn<int>("scratch");
-        QTest::addColumn<bool>("okEnabled");
-        QTest::addColumn<QString>("warning");
+        columns<bool, QString, int, bool, QString>("enabled", "address", "scratch", "okEnabled",
+                                                   "warning");
         QTest::newRow("defaults") << true << "127.0.0.1" << 0 << true << "";
         QTest::newRow("every interface")
             << true << "0.0.0.0" << 0 << true << "Other computers can control the radio";
@@ -42,11 +40,9 @@ private slots:
     }
     void dialogRules()
     {
-        QFETCH(bool, enabled);
-        QFETCH(QString, address);
-        QFETCH(int, scratch);
-        QFETCH(bool, okEnabled);
-        QFETCH(QString, warning);
+        auto [enabled, address, scratch, okEnabled, warning] =
+            fetch<bool, QString, int, bool, QString>("enabled", "address", "scratch", "okEnabled",
+                                                     "warning");
         NetworkControlDialog dialog({});
         dialog.findChild<QCheckBox*>()->setChecked(enabled);
         dialog.findChild<QLineEdit*>()->setText(address);

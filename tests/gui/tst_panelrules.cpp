@@ -1,8 +1,10 @@
 #include "gui/PanelRules.h"
+#include "support/Table.h"
 
 #include <QtTest>
 
 using namespace koral;
+using namespace koral::test;
 
 namespace {
 const std::vector<Panel> kEvery{
@@ -23,10 +25,7 @@ class PanelRulesTest : public QObject
 private slots:
     void panelButtons_data()
     {
-        QTest::addColumn<bool>("allPanels");
-        QTest::addColumn<bool>("ccir");
-        QTest::addColumn<int>("softwareClass");
-        QTest::addColumn<QString>("buttons");
+        columns<bool, bool, int, QString>("allPanels", "ccir", "softwareClass", "buttons");
         QTest::newRow("ALE mode, class 2: KORAL panel") << true << false << 2 << "0,1,2,3";
         QTest::newRow("ALE mode, class 1: KORAL-2E panel") << true << false << 1 << "0,1,2,5";
         QTest::newRow("CCIR mode shows the CCIR panel") << true << true << 2 << "0,1,2,3,4";
@@ -35,10 +34,8 @@ private slots:
     }
     void panelButtons()
     {
-        QFETCH(bool, allPanels);
-        QFETCH(bool, ccir);
-        QFETCH(int, softwareClass);
-        QFETCH(QString, buttons);
+        auto [allPanels, ccir, softwareClass, buttons] =
+            fetch<bool, bool, int, QString>("allPanels", "ccir", "softwareClass", "buttons");
         PanelRules rules(allPanels ? kEvery : std::vector<Panel>{Panel::Rss});
         QCOMPARE(names(rules.panelButtons(ccir, softwareClass)), buttons);
     }

@@ -1,6 +1,7 @@
 #include "koralapi/CRadioMessage.h"
 #include "koralapi/FrameCodec.h"
 #include "koralapi/RadioRecords.h"
+#include "support/Table.h"
 
 #include <QTest>
 
@@ -8,6 +9,7 @@
 #include <vector>
 
 using namespace koral;
+using namespace koral::test;
 
 Q_DECLARE_METATYPE(koral::FrameFault)
 
@@ -72,10 +74,8 @@ private slots:
     // A damaged frame is dropped and the next good one is still found.
     void damagedFrameIsSkipped_data()
     {
-        QTest::addColumn<int>("position");
-        QTest::addColumn<int>("value");
-        QTest::addColumn<bool>("truncate");
-        QTest::addColumn<FrameFault>("fault"); // what a trace of the link is told
+        // fault: what a trace of the link is told
+        columns<int, int, bool, FrameFault>("position", "value", "truncate", "fault");
         QTest::addRow("bad kind") << 1 << 9 << false << FrameFault::Header;
         QTest::addRow("length too long") << 3 << 0x7F << false << FrameFault::Header;
         QTest::addRow("flipped body byte") << 7 << 0x55 << false << FrameFault::Checksum;
@@ -86,10 +86,8 @@ private slots:
     }
     void damagedFrameIsSkipped()
     {
-        QFETCH(int, position);
-        QFETCH(int, value);
-        QFETCH(bool, truncate);
-        QFETCH(FrameFault, fault);
+        auto [position, value, truncate, fault] =
+            fetch<int, int, bool, FrameFault>("position", "value", "truncate", "fault");
         Bytes bad = encodeFrame(FrameKind::Data, 1, Bytes{0x7E, 0x7E, 0x7E, 0x7E, 0x7E});
         if (truncate)
             bad.resize(static_cast<std::size_t>(position));
@@ -140,9 +138,7 @@ private slots:
 
     void radioOrderOfTheRecords_data()
     {
-        QTest::addColumn<int>("target");
-        QTest::addColumn<int>("offset");
-        QTest::addColumn<int>("size");
+        columns<int, int, int>("target", "offset", "size");
         QTest::addRow("parameter word") << 1 << 1330 << 2;
         QTest::addRow("guard of group E") << 1 << 1383 + 61 * 4 << 2;
         QTest::addRow("tx of channel 1") << 1 << 1688 + 3 << 4;
@@ -152,9 +148,7 @@ private slots:
     }
     void radioOrderOfTheRecords()
     {
-        QFETCH(int, target);
-        QFETCH(int, offset);
-        QFETCH(int, size);
+        auto [target, offset, size] = fetch<int, int, int>("target", "offset", "size");
         Bytes record(targetSize(target));
         const std::uint32_t value = size == 2 ? 0x0001u : 0x01C9C380u; // 30 MHz
         std::memcpy(record.data() + offset, &value, static_cast<std::size_t>(size));

@@ -1,6 +1,7 @@
 // koralctl's radio commands run in-process against the built-in virtual radio (port 1).
 
 #include "support/KoralctlRunner.h"
+#include "support/Table.h"
 
 #include <QDir>
 #include <QRegularExpression>
@@ -8,6 +9,8 @@
 #include <QTest>
 
 #include <fstream>
+
+using namespace koral::test;
 
 using koral::test::runKoralctl;
 
@@ -93,8 +96,7 @@ private slots:
         const auto row = [](const char* name, const QStringList& arguments, const char* message) {
             QTest::newRow(name) << arguments << QString(message);
         };
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<QString>("message");
+        columns<QStringList, QString>("arguments", "message");
         row("no port", {"probe"}, "--port P is required");
         row("bad baud", {"probe", "--port", "1", "--baud", "fast"},
             "'fast' is not a baud rate of the radio (1200, 2400, 4800 or 9600)");
@@ -128,8 +130,7 @@ private slots:
     }
     void badArgumentsAreErrors()
     {
-        QFETCH(QStringList, arguments);
-        QFETCH(QString, message);
+        auto [arguments, message] = fetch<QStringList, QString>("arguments", "message");
         const auto r = runKoralctl(arguments);
         QCOMPARE(r.exitCode, 2);
         QVERIFY2(r.err.contains(message), qPrintable(r.err));

@@ -4,6 +4,7 @@
 #include "koralapi/FrameCodec.h"
 #include "koralapi/LinkTraceRecorder.h"
 #include "koralapi/LinkTraceRow.h"
+#include "support/Table.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -12,6 +13,7 @@
 #include <sstream>
 
 using namespace koral;
+using namespace koral::test;
 using Kind = LinkEvent::Kind;
 using Mark = LinkTraceRow::Mark;
 using Bytes = std::vector<std::uint8_t>;
@@ -63,10 +65,8 @@ class TestLinkTrace : public QObject
 private slots:
     void rowOfEachEvent_data()
     {
-        QTest::addColumn<LinkEvent>("event");
-        QTest::addColumn<Mark>("mark");
-        QTest::addColumn<QString>("columns"); // direction|mark|frame|message|fields
-        QTest::addColumn<bool>("bytes");
+        // columns: direction|mark|frame|message|fields
+        columns<LinkEvent, Mark, QString, bool>("event", "mark", "columns", "bytes");
         const auto row = [](const char* name, const LinkEvent& event, Mark mark,
                             const QString& columns, bool bytes = true) {
             QTest::newRow(name) << event << mark << columns << bytes;
@@ -122,10 +122,8 @@ private slots:
     }
     void rowOfEachEvent()
     {
-        QFETCH(LinkEvent, event);
-        QFETCH(Mark, mark);
-        QFETCH(QString, columns);
-        QFETCH(bool, bytes);
+        auto [event, mark, columns, bytes] =
+            fetch<LinkEvent, Mark, QString, bool>("event", "mark", "columns", "bytes");
         const LinkTraceRow row = LinkTraceRow::describe(event);
         QCOMPARE(row.mark, mark);
         QCOMPARE(QString::fromStdString(row.direction + "|" + row.markText + "|" + row.frame + "|" +

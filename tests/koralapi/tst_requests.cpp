@@ -2,6 +2,7 @@
 #include "koralapi/CRadioMessage.h"
 #include "koralapi/Opcodes.h"
 #include "koralapi/Ports.h"
+#include "support/Table.h"
 
 #include <QTest>
 
@@ -9,6 +10,7 @@
 #include <vector>
 
 using namespace koral;
+using namespace koral::test;
 
 using Bytes = std::vector<std::uint8_t>;
 using Build = std::function<int(CRadioMessage*)>;
@@ -40,9 +42,7 @@ private slots:
     // by tst_virtualradio, which asks each one and waits for its answer.
     void buildersLayOutThePayload_data()
     {
-        QTest::addColumn<Build>("build");
-        QTest::addColumn<int>("opcode");
-        QTest::addColumn<Bytes>("payload");
+        columns<Build, int, Bytes>("build", "opcode", "payload");
         const auto row = [](const char* name, Build build, int opcode, Bytes payload) {
             QTest::newRow(name) << build << opcode << payload;
         };
@@ -78,9 +78,7 @@ private slots:
     }
     void buildersLayOutThePayload()
     {
-        QFETCH(Build, build);
-        QFETCH(int, opcode);
-        QFETCH(Bytes, payload);
+        auto [build, opcode, payload] = fetch<Build, int, Bytes>("build", "opcode", "payload");
         CRadioMessage message;
         message.bytes.fill(0xCC); // a reused message: nothing stale may survive
         message.prepareRequest();
@@ -99,9 +97,7 @@ private slots:
 
     void callsRefuseWhatDoesNotFit_data()
     {
-        QTest::addColumn<int>("addressLength");
-        QTest::addColumn<int>("textLength");
-        QTest::addColumn<int>("result");
+        columns<int, int, int>("addressLength", "textLength", "result");
         QTest::newRow("longest address and text") << 16 << 91 << 1;
         QTest::newRow("address too long") << 17 << 0 << 0;
         QTest::newRow("text too long") << 1 << 92 << 0;
@@ -109,9 +105,8 @@ private slots:
     }
     void callsRefuseWhatDoesNotFit()
     {
-        QFETCH(int, addressLength);
-        QFETCH(int, textLength);
-        QFETCH(int, result);
+        auto [addressLength, textLength, result] =
+            fetch<int, int, int>("addressLength", "textLength", "result");
         const std::string address(32, 'A');
         const std::string text(100, 'B');
         CRadioMessage message;
@@ -125,9 +120,8 @@ private slots:
 
     void portNames_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("kind"); // -1: not a port
-        QTest::addColumn<QString>("where");
+        // kind: -1: not a port
+        columns<QString, int, QString>("text", "kind", "where");
         QTest::newRow("built-in by name") << "virtual" << 0 << "";
         QTest::newRow("built-in by number") << "1" << 0 << "";
         QTest::newRow("device path") << "/dev/ttyUSB0" << 1 << "/dev/ttyUSB0";
@@ -142,9 +136,7 @@ private slots:
     }
     void portNames()
     {
-        QFETCH(QString, text);
-        QFETCH(int, kind);
-        QFETCH(QString, where);
+        auto [text, kind, where] = fetch<QString, int, QString>("text", "kind", "where");
         const auto spec = parsePort(text.toStdString());
         QCOMPARE(spec.has_value(), kind >= 0);
         if (!spec)

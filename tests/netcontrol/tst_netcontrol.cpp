@@ -8,6 +8,7 @@
 #include "netcontrol/NetworkControlSettings.h"
 #include "netcontrol/RigctlInterpreter.h"
 #include "session/SessionFixture.h"
+#include "support/Table.h"
 
 #include <QSignalSpy>
 #include <QTcpSocket>
@@ -75,8 +76,7 @@ private slots:
         const auto row = [](const char* name, const char* line, const char* answer) {
             QTest::newRow(name) << QString(line) << QString(answer);
         };
-        QTest::addColumn<QString>("line");
-        QTest::addColumn<QString>("answer");
+        columns<QString, QString>("line", "answer");
         row("select a channel", "E 17", "RPRT 0\n");
         row("its number", "e", "17\n");
         row("its receive frequency", "f", "7055000\n");
@@ -129,8 +129,7 @@ private slots:
     }
     void conversation()
     {
-        QFETCH(QString, line);
-        QFETCH(QString, answer);
+        auto [line, answer] = fetch<QString, QString>("line", "answer");
         QCOMPARE(QString::fromStdString(m_interpreter->answer(line.toStdString())), answer);
         QCOMPARE(m_interpreter->quitRequested(), line == "q");
         QVERIFY(m_fixture->notifier.texts().empty());
@@ -290,8 +289,8 @@ private slots:
 
     void listenText_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("parsed"); // address|port|reachable from outside
+        // parsed: address|port|reachable from outside
+        columns<QString, QString>("text", "parsed");
         QTest::newRow("loopback") << "127.0.0.1:4532"
                                   << "127.0.0.1|4532|0";
         QTest::newRow("all interfaces") << "0.0.0.0:4600"
@@ -307,8 +306,7 @@ private slots:
     }
     void listenText()
     {
-        QFETCH(QString, text);
-        QFETCH(QString, parsed);
+        auto [text, parsed] = fetch<QString, QString>("text", "parsed");
         const auto settings = NetworkControlSettings::fromListen(text);
         QCOMPARE(settings ? QStringLiteral("%1|%2|%3")
                                 .arg(settings->address)

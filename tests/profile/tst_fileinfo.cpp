@@ -6,6 +6,7 @@
 #include <QtTest>
 
 using namespace koral;
+using namespace koral::test;
 
 class TestFileInfo : public QObject
 {
@@ -14,7 +15,7 @@ class TestFileInfo : public QObject
 private slots:
     void lineBreaks_data()
     {
-        test::addColumns<QByteArray, QByteArray, QByteArray>({"text", "encoded", "decoded"});
+        test::columns<QByteArray, QByteArray, QByteArray>("text", "encoded", "decoded");
         QTest::newRow("two lines") << QByteArray("first\r\nsecond") << QByteArray("first\\rsecond")
                                    << QByteArray("first\r\nsecond");
         QTest::newRow("lone breaks")
@@ -28,7 +29,7 @@ private slots:
     void lineBreaks()
     {
         auto [text, encoded, decoded] =
-            test::fetch<QByteArray, QByteArray, QByteArray>({"text", "encoded", "decoded"});
+            test::fetch<QByteArray, QByteArray, QByteArray>("text", "encoded", "decoded");
         QCOMPARE(QByteArray::fromStdString(fileinfo::encodeLineBreaks(text.toStdString())),
                  encoded);
         QCOMPARE(QByteArray::fromStdString(fileinfo::decodeLineBreaks(encoded.toStdString())),
@@ -37,7 +38,7 @@ private slots:
 
     void version_data()
     {
-        test::addColumns<QByteArray, bool>({"content", "matches"});
+        test::columns<QByteArray, bool>("content", "matches");
         QTest::newRow("same") << QByteArray("[ZOV]\r\nZOV_Version=2.01") << true;
         QTest::newRow("missing key") << QByteArray("[Other]\r\nx=1") << true;
         QTest::newRow("older") << QByteArray("[ZOV]\r\nZOV_Version=1.00") << false;
@@ -50,7 +51,7 @@ private slots:
 
     void version()
     {
-        auto [content, matches] = test::fetch<QByteArray, bool>({"content", "matches"});
+        auto [content, matches] = test::fetch<QByteArray, bool>("content", "matches");
         QCOMPARE(fileinfo::formatVersion(), std::string_view("2.01"));
         ProfileFile file;
         file.setContent(content.toStdString());

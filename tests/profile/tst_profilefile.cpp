@@ -5,6 +5,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+using namespace koral::test;
+
 using koral::ProfileFile;
 
 namespace {
@@ -30,8 +32,8 @@ class TestProfileFile : public QObject
 private slots:
     void read_data()
     {
-        koral::test::addColumns<QByteArray, QByteArray, QByteArray, QByteArray, int, QByteArray>(
-            {"content", "section", "key", "fallback", "bufferSize", "expected"});
+        columns<QByteArray, QByteArray, QByteArray, QByteArray, int, QByteArray>(
+            "content", "section", "key", "fallback", "bufferSize", "expected");
 
         // Most rows read key k of section S with the fallback d into a large buffer.
         const auto row = [](const char* name, const QByteArray& content, const QByteArray& expected,
@@ -71,8 +73,8 @@ private slots:
     void read()
     {
         auto [content, section, key, fallback, bufferSize, expected] =
-            koral::test::fetch<QByteArray, QByteArray, QByteArray, QByteArray, int, QByteArray>(
-                {"content", "section", "key", "fallback", "bufferSize", "expected"});
+            fetch<QByteArray, QByteArray, QByteArray, QByteArray, int, QByteArray>(
+                "content", "section", "key", "fallback", "bufferSize", "expected");
 
         const ProfileFile file = profileOf(content);
         QCOMPARE(file.read(bytesOf(section), bytesOf(key), bytesOf(fallback),
@@ -88,8 +90,7 @@ private slots:
                             const QStringList& operations, const QByteArray& after) {
             QTest::newRow(name) << before << operations << after;
         };
-        koral::test::addColumns<QByteArray, QStringList, QByteArray>(
-            {"before", "operations", "after"});
+        columns<QByteArray, QStringList, QByteArray>("before", "operations", "after");
 
         row("new file", "", {"w|S|k|v", "w|S|j|w", "w|T|k|x"},
             "[S]\r\nk=v\r\nj=w\r\n[T]\r\nk=x\r\n");
@@ -130,8 +131,8 @@ private slots:
 
     void edit()
     {
-        auto [before, operations, after] = koral::test::fetch<QByteArray, QStringList, QByteArray>(
-            {"before", "operations", "after"});
+        auto [before, operations, after] =
+            fetch<QByteArray, QStringList, QByteArray>("before", "operations", "after");
 
         ProfileFile file = profileOf(before);
         for (const QString& operation : operations) {
@@ -214,14 +215,14 @@ private slots:
         const auto row = [](const char* name, const char* target, const char* reason) {
             QTest::newRow(name) << QString(target) << QString(reason);
         };
-        koral::test::addColumns<QString, QString>({"target", "reason"});
+        columns<QString, QString>("target", "reason");
         row("missing folder", "no/such/folder/a.rss", "No such file or directory");
         row("target is a folder", "folder", "Is a directory");
     }
 
     void failedSaveIsReportedAndChangesNothing()
     {
-        auto [target, reason] = koral::test::fetch<QString, QString>({"target", "reason"});
+        auto [target, reason] = fetch<QString, QString>("target", "reason");
 
         QTemporaryDir dir;
         QVERIFY(QDir(dir.path()).mkdir("folder"));

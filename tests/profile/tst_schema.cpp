@@ -10,6 +10,7 @@
 #include <cstring>
 
 using namespace koral;
+using namespace koral::test;
 using schema::Field;
 using schema::Row;
 using schema::Type;
@@ -159,7 +160,7 @@ class TestSchema : public QObject
 private slots:
     void load_data()
     {
-        test::addColumns<QByteArray, QString, QString>({"content", "field", "expected"});
+        test::columns<QByteArray, QString, QString>("content", "field", "expected");
 
         const auto row = [](const char* name, const char* content, const char* field,
                             const char* expected) {
@@ -205,14 +206,14 @@ private slots:
     void load()
     {
         auto [content, field, expected] =
-            test::fetch<QByteArray, QString, QString>({"content", "field", "expected"});
+            test::fetch<QByteArray, QString, QString>("content", "field", "expected");
 
         QCOMPARE(describe(loaded(content.toStdString(), {.section = "S"}), field), expected);
     }
 
     void save_data()
     {
-        test::addColumns<QByteArray, int, QByteArray>({"flags", "firstRow", "expected"});
+        test::columns<QByteArray, int, QByteArray>("flags", "firstRow", "expected");
         const QByteArray all = kEveryRowSaved;
         QTest::newRow("everything present") << QByteArray("\1\1\1\1\1", 5) << 0 << all;
         QTest::newRow("second row first")
@@ -224,7 +225,7 @@ private slots:
     void save()
     {
         auto [flags, firstRow, expected] =
-            test::fetch<QByteArray, int, QByteArray>({"flags", "firstRow", "expected"});
+            test::fetch<QByteArray, int, QByteArray>("flags", "firstRow", "expected");
 
         Record record = loaded(kEveryRowSaved, {.section = "N"});
         std::memcpy(record.data() + kText, "abc\0zz", 6); // nothing after the end is saved

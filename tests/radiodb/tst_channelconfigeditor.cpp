@@ -1,10 +1,12 @@
 #include "common/RecordingNotifier.h"
 #include "radiodb/ChannelConfigEditor.h"
 #include "radiodb/Frequency.h"
+#include "support/Table.h"
 
 #include <QtTest>
 
 using namespace koral;
+using namespace koral::test;
 using Editor = ChannelConfigEditor;
 
 namespace {
@@ -62,8 +64,7 @@ class ChannelConfigEditorTest : public QObject
 private slots:
     void displayForm_data()
     {
-        QTest::addColumn<quint32>("hertz");
-        QTest::addColumn<QString>("text");
+        columns<quint32, QString>("hertz", "text");
         QTest::newRow("last hertz digit dropped") << 12'345'678u << QString("12.34567");
         QTest::newRow("trailing zeros cut") << 12'500'000u << QString("12.5");
         QTest::newRow("whole MHz loses the point") << 7'000'000u << QString("7");
@@ -75,8 +76,7 @@ private slots:
     }
     void displayForm()
     {
-        QFETCH(quint32, hertz);
-        QFETCH(QString, text);
+        auto [hertz, text] = fetch<quint32, QString>("hertz", "text");
         QCOMPARE(q(frequencyDisplayText(hertz)), text);
     }
 
@@ -84,16 +84,14 @@ private slots:
     // whole megahertz).
     void exactHertz_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<quint32>("hertz");
+        columns<QString, quint32>("text", "hertz");
         QTest::newRow("leading point") << QString(".5") << 500'000u;
         QTest::newRow("trailing point") << QString("30.") << 30'000'000u;
         QTest::newRow("empty") << QString("") << 0u;
     }
     void exactHertz()
     {
-        QFETCH(QString, text);
-        QFETCH(quint32, hertz);
+        auto [text, hertz] = fetch<QString, quint32>("text", "hertz");
         const std::string typed = text.toStdString();
         QCOMPARE(hertzFromText(std::strtof(typed.c_str(), nullptr), typed), hertz);
     }
@@ -172,11 +170,8 @@ private slots:
     {
         using Type = Editor::FrequencyType;
         using Edit = Editor::Edit;
-        QTest::addColumn<quint32>("tx");
-        QTest::addColumn<quint32>("rx");
-        QTest::addColumn<int>("type");
-        QTest::addColumn<QList<int>>("visible");
-        QTest::addColumn<QString>("warning");
+        columns<quint32, quint32, int, QList<int>, QString>("tx", "rx", "type", "visible",
+                                                            "warning");
         QTest::newRow("empty") << 0u << 0u << int(Type::Simplex) << QList<int>{int(Edit::Simplex)}
                                << kBothZero;
         QTest::newRow("simplex") << 7'000'000u << 7'000'000u << int(Type::Simplex)
@@ -197,11 +192,8 @@ private slots:
     }
     void loadingDerivesTheType()
     {
-        QFETCH(quint32, tx);
-        QFETCH(quint32, rx);
-        QFETCH(int, type);
-        QFETCH(QList<int>, visible);
-        QFETCH(QString, warning);
+        auto [tx, rx, type, visible, warning] = fetch<quint32, quint32, int, QList<int>, QString>(
+            "tx", "rx", "type", "visible", "warning");
         Editor editor(setupWith(tx, rx));
         QCOMPARE(int(editor.frequencyType()), type);
         QList<int> shown;

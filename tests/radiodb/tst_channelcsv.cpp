@@ -1,9 +1,11 @@
 #include "radiodb/ChannelCsv.h"
 #include "radiodb/RadioSummary.h"
+#include "support/Table.h"
 
 #include <QtTest>
 
 using namespace koral;
+using namespace koral::test;
 
 namespace {
 
@@ -81,8 +83,7 @@ private slots:
 
     void badRows_data()
     {
-        QTest::addColumn<QString>("rows");
-        QTest::addColumn<QStringList>("errors");
+        columns<QString, QStringList>("rows", "errors");
         QTest::newRow("frequency out of range")
             << "2,31,31,MAX,USB,SSB,Slow,2.7,,\r\n"
             << QStringList{"line 2: 31 is out of range. TX frequency range is 1.6 to 30Mhz."};
@@ -108,8 +109,7 @@ private slots:
     }
     void badRows()
     {
-        QFETCH(QString, rows);
-        QFETCH(QStringList, errors);
+        auto [rows, errors] = fetch<QString, QStringList>("rows", "errors");
         ChannelPlan plan = samplePlan();
         const std::vector<std::string> actual =
             importChannelCsv(kHeader + rows.toStdString(), plan, false);
@@ -136,8 +136,7 @@ private slots:
     void row_data()
     {
         // channel{power, sideband, bandwidth, tx, rx, agc, modulation}
-        QTest::addColumn<channel>("ch");
-        QTest::addColumn<QStringList>("cells");
+        columns<channel, QStringList>("ch", "cells");
         QTest::newRow("low, LSB, AME, off, CW")
             << channel{2, 0, 3, {}, {}, 255, 2} << QStringList{"LOW", "LSB", "AME", "Off", "CW "};
         QTest::newRow("medium, USB, ISB, fast, 2100")
@@ -147,8 +146,7 @@ private slots:
     }
     void row()
     {
-        QFETCH(channel, ch);
-        QFETCH(QStringList, cells);
+        auto [ch, cells] = fetch<channel, QStringList>("ch", "cells");
         ChannelTable channels{};
         channels[16] = ch;
         channels[16].txFrequency.set(12'345'678);

@@ -1,10 +1,12 @@
 #include "common/RecordingNotifier.h"
 #include "common/Texts.h"
 #include "radiodb/GroupsEditor.h"
+#include "support/Table.h"
 
 #include <QtTest>
 
 using namespace koral;
+using namespace koral::test;
 
 namespace {
 
@@ -55,10 +57,7 @@ private slots:
             QTest::newRow(name) << QString(script) << QString(expected) << guardBlocked
                                 << QString(notice);
         };
-        QTest::addColumn<QString>("script");
-        QTest::addColumn<QString>("expected");
-        QTest::addColumn<bool>("guardBlocked");
-        QTest::addColumn<QString>("notice");
+        columns<QString, QString, bool, QString>("script", "expected", "guardBlocked", "notice");
         row("left marks a free cell", "L3", "members=3 guard=Empty count=1");
         row("left twice frees it again", "L3 L3", "members= guard=Empty count=0");
         row("right picks the guard", "R12", "members= guard=12 count=1");
@@ -74,10 +73,8 @@ private slots:
     }
     void mouseRules()
     {
-        QFETCH(QString, script);
-        QFETCH(QString, expected);
-        QFETCH(bool, guardBlocked);
-        QFETCH(QString, notice);
+        auto [script, expected, guardBlocked, notice] =
+            fetch<QString, QString, bool, QString>("script", "expected", "guardBlocked", "notice");
         RecordingNotifier notifier;
         GroupsEditor editor(notifier, {}, firstFifty(), guardBlocked);
         play(editor, script);
@@ -111,9 +108,7 @@ private slots:
                             const char* expected) {
             QTest::newRow(name) << int(button) << path << QString(expected);
         };
-        QTest::addColumn<int>("button");
-        QTest::addColumn<QList<int>>("path");
-        QTest::addColumn<QString>("expected");
+        columns<int, QList<int>, QString>("button", "path", "expected");
         // Starting state for every row: 2 and 3 members, 4 the guard.
         row("left sweep marks free programmed cells and skips empty ones", MouseButton::Left,
             {48, 49, 50, 51, 52}, "members=2,3,48,49,50 guard=4 count=6");
@@ -126,9 +121,8 @@ private slots:
     }
     void drag()
     {
-        QFETCH(int, button);
-        QFETCH(QList<int>, path);
-        QFETCH(QString, expected);
+        auto [button, path, expected] =
+            fetch<int, QList<int>, QString>("button", "path", "expected");
         RecordingNotifier notifier;
         GroupSelections groups{};
         groups[0].marked[2] = groups[0].marked[3] = 1;
@@ -143,9 +137,7 @@ private slots:
 
     void hints_data()
     {
-        QTest::addColumn<int>("channel");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<bool>("warning");
+        columns<int, QString, bool>("channel", "text", "warning");
         const QString usage = "Click to select channel. Right Click to select guard channel.";
         QTest::newRow("programmed") << 7 << usage << false;
         QTest::newRow("not programmed") << 77 << "Channel number 77 is not programmed" << true;
@@ -153,9 +145,7 @@ private slots:
     }
     void hints()
     {
-        QFETCH(int, channel);
-        QFETCH(QString, text);
-        QFETCH(bool, warning);
+        auto [channel, text, warning] = fetch<int, QString, bool>("channel", "text", "warning");
         RecordingNotifier notifier;
         GroupsEditor editor(notifier, {}, firstFifty());
         const auto hint = editor.hint(channel);

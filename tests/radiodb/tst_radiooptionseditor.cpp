@@ -1,9 +1,11 @@
 #include "radiodb/RadioOptionsEditor.h"
 #include "radiodb/WideInformationView.h"
+#include "support/Table.h"
 
 #include <QtTest>
 
 using namespace koral;
+using namespace koral::test;
 
 namespace {
 
@@ -33,10 +35,7 @@ private slots:
     // when the list was left alone.
     void storedValuesShowAsIndices_data()
     {
-        QTest::addColumn<int>("field");
-        QTest::addColumn<int>("stored");
-        QTest::addColumn<int>("index");
-        QTest::addColumn<int>("applied");
+        columns<int, int, int, int>("field", "stored", "index", "applied");
         // field: 0 CW PTT hold, 1 alternate display, 2 data power, 3 alert tone, 4 scan rate
         QTest::newRow("cw 150 ms") << 0 << 15 << 0 << 15;
         QTest::newRow("cw 500 ms") << 0 << 50 << 1 << 50;
@@ -55,9 +54,7 @@ private slots:
     }
     void storedValuesShowAsIndices()
     {
-        QFETCH(int, field);
-        QFETCH(int, stored);
-        QFETCH(int, index);
+        auto [field, stored, index] = fetch<int, int, int>("field", "stored", "index");
         dbase record{};
         std::uint8_t* bytes[] = {&record.radioOptions.cwPttHold,
                                  &record.radioOptions.alternateDisplayTime,
@@ -113,9 +110,8 @@ private slots:
         const auto row = [](const char* name, int stored, const char* steps, const char* shown) {
             QTest::newRow(name) << stored << QString(steps) << QString(shown);
         };
-        QTest::addColumn<int>("stored");
-        QTest::addColumn<QString>("steps");
-        QTest::addColumn<QString>("shown"); // amplifier, acc1, acc2, tuner as 0/1, then the byte
+        // shown: amplifier, acc1, acc2, tuner as 0/1, then the byte
+        columns<int, QString, QString>("stored", "steps", "shown");
         row("stored amplifier shows checked", 1, "", "1000 1");
         row("stored Accessory1 shows none", 2, "", "0000 0");
         row("stored Accessory2 shows none", 3, "", "0000 0");
@@ -128,9 +124,7 @@ private slots:
     }
     void accessoriesAndTuner()
     {
-        QFETCH(int, stored);
-        QFETCH(QString, steps);
-        QFETCH(QString, shown);
+        auto [stored, steps, shown] = fetch<int, QString, QString>("stored", "steps", "shown");
         dbase record{};
         record.accessoryInstalled = static_cast<std::uint8_t>(stored);
         RadioOptionsEditor editor(record, false);
@@ -157,10 +151,8 @@ private slots:
 
     void optionSlotCheck_data()
     {
-        QTest::addColumn<QByteArray>("software");
-        QTest::addColumn<QByteArray>("hardware");
-        QTest::addColumn<int>("status");
-        QTest::addColumn<QString>("complaint");
+        columns<QByteArray, QByteArray, int, QString>("software", "hardware", "status",
+                                                      "complaint");
         QTest::newRow("valid") << QByteArray("01.00") << QByteArray("1.2") << 1 << QString();
         QTest::newRow("software") << QByteArray("01a") << QByteArray("1") << 0
                                   << QString("Invalid software version for option");
@@ -171,10 +163,8 @@ private slots:
     }
     void optionSlotCheck()
     {
-        QFETCH(QByteArray, software);
-        QFETCH(QByteArray, hardware);
-        QFETCH(int, status);
-        QFETCH(QString, complaint);
+        auto [software, hardware, status, complaint] = fetch<QByteArray, QByteArray, int, QString>(
+            "software", "hardware", "status", "complaint");
         OptionRecord slot{};
         setFieldText(slot.softwareVersion, software.toStdString());
         setFieldText(slot.hardwareVersion, hardware.toStdString());

@@ -1,12 +1,14 @@
 #include "radiodb/ProgrammedFlags.h"
 #include "radiodb/RadioSanitiser.h"
 #include "radiodb/dbase.h"
+#include "support/Table.h"
 
 #include <QtTest>
 
 #include <cstring>
 
 using namespace koral;
+using namespace koral::test;
 
 namespace {
 
@@ -45,10 +47,7 @@ class RadioSanitiserTest : public QObject
 private slots:
     void replacesOutOfRangeValues_data()
     {
-        QTest::addColumn<int>("offset");
-        QTest::addColumn<int>("width");
-        QTest::addColumn<quint32>("stored");
-        QTest::addColumn<quint32>("expected");
+        columns<int, int, quint32, quint32>("offset", "width", "stored", "expected");
         auto row = [](const char* name, int offset, int width, quint32 stored, quint32 expected) {
             QTest::newRow(name) << offset << width << stored << expected;
         };
@@ -98,10 +97,8 @@ private slots:
     }
     void replacesOutOfRangeValues()
     {
-        QFETCH(int, offset);
-        QFETCH(int, width);
-        QFETCH(quint32, stored);
-        QFETCH(quint32, expected);
+        auto [offset, width, stored, expected] =
+            fetch<int, int, quint32, quint32>("offset", "width", "stored", "expected");
         dbase db = validRecord();
         poke(db, offset, width, stored);
         sanitise(db);
@@ -115,9 +112,7 @@ private slots:
             QTest::newRow(name) << QByteArray(field, 8) << QString(allowed)
                                 << QByteArray(expected, 8);
         };
-        QTest::addColumn<QByteArray>("field");
-        QTest::addColumn<QString>("allowed");
-        QTest::addColumn<QByteArray>("expected");
+        columns<QByteArray, QString, QByteArray>("field", "allowed", "expected");
         const char* digits = "0123456789.";
         row("version keeps digits and points", "1.2-b3\0\0", digits, "1.23\0\0\0\0");
         row("nothing after the first NUL survives", "12\00034\0\0\0", digits, "12\0\0\0\0\0\0");
@@ -126,9 +121,8 @@ private slots:
     }
     void cleansTexts()
     {
-        QFETCH(QByteArray, field);
-        QFETCH(QString, allowed);
-        QFETCH(QByteArray, expected);
+        auto [field, allowed, expected] =
+            fetch<QByteArray, QString, QByteArray>("field", "allowed", "expected");
         const std::string set = allowed.toStdString();
         cleanText(std::span<char>(field.data(), std::size_t(field.size())), set);
         QCOMPARE(field, expected);
@@ -155,11 +149,8 @@ private slots:
                             int keptGuard, const QList<int>& kept) {
             QTest::newRow(name) << count << guard << members << keptGuard << kept;
         };
-        QTest::addColumn<int>("channelCount");
-        QTest::addColumn<int>("guard");
-        QTest::addColumn<QList<int>>("members");
-        QTest::addColumn<int>("expectedGuard");
-        QTest::addColumn<QList<int>>("expectedMembers");
+        columns<int, int, QList<int>, int, QList<int>>("channelCount", "guard", "members",
+                                                       "expectedGuard", "expectedMembers");
         row("guard that is a member stays", 200, 17, {3, 5, 17}, 17, {3, 5, 17});
         row("guard that is no member is dropped", 200, 100, {5}, 65535, {5});
         row("empty bitmap drops the guard", 200, 12, {}, 65535, {});
@@ -169,11 +160,9 @@ private slots:
     }
     void groupsKeepOnlyRealChannels()
     {
-        QFETCH(int, channelCount);
-        QFETCH(int, guard);
-        QFETCH(QList<int>, members);
-        QFETCH(int, expectedGuard);
-        QFETCH(QList<int>, expectedMembers);
+        auto [channelCount, guard, members, expectedGuard, expectedMembers] =
+            fetch<int, int, QList<int>, int, QList<int>>("channelCount", "guard", "members",
+                                                         "expectedGuard", "expectedMembers");
         dbase db{};
         Group& group = db.groups[2];
         group.guardChannel.set(std::uint16_t(guard));
@@ -206,9 +195,7 @@ private slots:
     // the noise blanker stays on only while its option is enabled.
     void optionsRuleTheirSettings_data()
     {
-        QTest::addColumn<int>("slot");
-        QTest::addColumn<int>("status");
-        QTest::addColumn<int>("setting");
+        columns<int, int, int>("slot", "status", "setting");
         const auto row = [](const char* name, OptionSlot slot, int status, int setting) {
             QTest::newRow(name) << int(slot) << status << setting;
         };
@@ -220,9 +207,7 @@ private slots:
     }
     void optionsRuleTheirSettings()
     {
-        QFETCH(int, slot);
-        QFETCH(int, status);
-        QFETCH(int, setting);
+        auto [slot, status, setting] = fetch<int, int, int>("slot", "status", "setting");
         dbase db = validRecord();
         db.option(OptionSlot(slot)).status = std::uint8_t(status);
         db.channelNo(7).sideband = 0;
@@ -272,9 +257,7 @@ private slots:
     // The bitmap is most significant bit first: channel n is bit 7 - n % 8 of byte n / 8.
     void groupMemberBits_data()
     {
-        QTest::addColumn<int>("number");
-        QTest::addColumn<int>("byteIndex");
-        QTest::addColumn<int>("byteValue");
+        columns<int, int, int>("number", "byteIndex", "byteValue");
         QTest::newRow("bit 0") << 0 << 0 << 0x80;
         QTest::newRow("channel 7") << 7 << 0 << 0x01;
         QTest::newRow("channel 8") << 8 << 1 << 0x80;
@@ -282,9 +265,8 @@ private slots:
     }
     void groupMemberBits()
     {
-        QFETCH(int, number);
-        QFETCH(int, byteIndex);
-        QFETCH(int, byteValue);
+        auto [number, byteIndex, byteValue] =
+            fetch<int, int, int>("number", "byteIndex", "byteValue");
         Group group{};
         QVERIFY(!group.isProgrammed());
         group.setMember(number, true);

@@ -1,8 +1,10 @@
 #include "radiodb/RssCheck.h"
+#include "support/Table.h"
 
 #include <QtTest>
 
 using namespace koral;
+using namespace koral::test;
 
 namespace {
 // A group or a net as {guard or All Call channel, member or scanned channels...}.
@@ -20,11 +22,8 @@ private slots:
                             const Refs& groups, const Refs& nets, const QStringList& expected) {
             QTest::newRow(name) << programmed << priority << groups << nets << expected;
         };
-        QTest::addColumn<QList<int>>("programmed");
-        QTest::addColumn<int>("priority");
-        QTest::addColumn<Refs>("groups");
-        QTest::addColumn<Refs>("nets");
-        QTest::addColumn<QStringList>("expected");
+        columns<QList<int>, int, Refs, Refs, QStringList>("programmed", "priority", "groups",
+                                                          "nets", "expected");
         row("empty database", {}, 1, Refs{}, Refs{}, {"Priority channel 1 is not programmed."});
         row("everything programmed", {1, 2, 3}, 2, Refs{{1, 1, 3}}, Refs{{3, 1, 2}}, {});
         row("priority outside the channels", {1}, 0, Refs{}, Refs{},
@@ -54,11 +53,9 @@ private slots:
     }
     void lines()
     {
-        QFETCH(QList<int>, programmed);
-        QFETCH(int, priority);
-        QFETCH(Refs, groups);
-        QFETCH(Refs, nets);
-        QFETCH(QStringList, expected);
+        auto [programmed, priority, groups, nets, expected] =
+            fetch<QList<int>, int, Refs, Refs, QStringList>("programmed", "priority", "groups",
+                                                            "nets", "expected");
         dbase db{};
         for (int number : programmed)
             db.channelNo(number).rxFrequency.set(5'000'000);
@@ -90,9 +87,7 @@ private slots:
         const auto row = [](const char* name, const char* line, int channel, QChar group) {
             QTest::newRow(name) << QString(line) << channel << group;
         };
-        QTest::addColumn<QString>("line");
-        QTest::addColumn<int>("channel");
-        QTest::addColumn<QChar>("group");
+        columns<QString, int, QChar>("line", "channel", "group");
         row("priority", "Priority channel 5 is not programmed.", 5, QChar());
         row("guard", "Guard channel 117 for group C is not programmed.", 117, QChar('C'));
         row("member", "Channel 37 in group A selected but not programmed.", 37, QChar('A'));
@@ -101,9 +96,7 @@ private slots:
     }
     void lineTargets()
     {
-        QFETCH(QString, line);
-        QFETCH(int, channel);
-        QFETCH(QChar, group);
+        auto [line, channel, group] = fetch<QString, int, QChar>("line", "channel", "group");
         const CheckLineTarget target = checkLineTarget(line.toStdString());
         QCOMPARE(target.channel, channel);
         QCOMPARE(QChar(target.group), group);

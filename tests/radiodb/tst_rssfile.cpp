@@ -9,6 +9,7 @@
 #include <cstring>
 
 using namespace koral;
+using namespace koral::test;
 
 namespace {
 
@@ -162,9 +163,7 @@ private slots:
                             const char* expected) {
             QTest::newRow(name) << content << QString(field) << QString(expected);
         };
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QString>("field");
-        QTest::addColumn<QString>("expected");
+        columns<QByteArray, QString, QString>("content", "field", "expected");
 
         row("missing option loads disabled", "", "option0", ",,0");
         row("option", "[Options]\r\nSelCall=01.00,02.5,Enabled\r\n", "option4", "01.00,02.5,1");
@@ -222,9 +221,8 @@ private slots:
 
     void load()
     {
-        QFETCH(QByteArray, content);
-        QFETCH(QString, field);
-        QFETCH(QString, expected);
+        auto [content, field, expected] =
+            fetch<QByteArray, QString, QString>("content", "field", "expected");
 
         test::writeBytes(path("in.rss"), content.toStdString());
         dbase db{};
@@ -237,9 +235,7 @@ private slots:
     // touches nothing).
     void versionCheck_data()
     {
-        QTest::addColumn<QByteArray>("version");
-        QTest::addColumn<bool>("check");
-        QTest::addColumn<int>("result");
+        columns<QByteArray, bool, int>("version", "check", "result");
         QTest::newRow("same version checked") << QByteArray("2.01") << true << RssFile::kOk;
         QTest::newRow("other version checked")
             << QByteArray("1.00") << true << RssFile::kVersionMismatch;
@@ -248,9 +244,7 @@ private slots:
 
     void versionCheck()
     {
-        QFETCH(QByteArray, version);
-        QFETCH(bool, check);
-        QFETCH(int, result);
+        auto [version, check, result] = fetch<QByteArray, bool, int>("version", "check", "result");
 
         test::writeBytes(path("v.rss"),
                          "[zov]\r\nZOV_Version=" + version.toStdString() +

@@ -1,9 +1,11 @@
 #include "radiosim/BytePacer.h"
+#include "support/Table.h"
 
 #include <QtTest>
 
 using namespace koral::radiosim;
 using namespace std::chrono_literals;
+using namespace koral::test;
 
 class BytePacerTest : public QObject
 {
@@ -12,9 +14,7 @@ private slots:
     // A byte is ten bits on the line, delivered when its last bit arrives.
     void releasesBytesAtTheBaudRate_data()
     {
-        QTest::addColumn<unsigned>("baud");
-        QTest::addColumn<qint64>("afterMicroseconds");
-        QTest::addColumn<int>("released");
+        columns<unsigned, qint64, int>("baud", "afterMicroseconds", "released");
         QTest::newRow("9600: not before the first byte ends") << 9600u << qint64(1000) << 0;
         QTest::newRow("9600: one byte after 1.05 ms") << 9600u << qint64(1050) << 1;
         QTest::newRow("9600: 96 bytes in 100 ms") << 9600u << qint64(100000) << 96;
@@ -23,9 +23,8 @@ private slots:
     }
     void releasesBytesAtTheBaudRate()
     {
-        QFETCH(unsigned, baud);
-        QFETCH(qint64, afterMicroseconds);
-        QFETCH(int, released);
+        auto [baud, afterMicroseconds, released] =
+            fetch<unsigned, qint64, int>("baud", "afterMicroseconds", "released");
         BytePacer pacer;
         pacer.setBaud(baud);
         const auto start = BytePacer::Clock::time_point{} + 1h;

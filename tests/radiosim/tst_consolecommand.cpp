@@ -1,8 +1,10 @@
 #include "radiosim/ConsoleCommand.h"
+#include "support/Table.h"
 
 #include <QtTest>
 
 using namespace koral::radiosim;
+using namespace koral::test;
 
 Q_DECLARE_METATYPE(koral::radiosim::ConsoleCommand)
 
@@ -22,8 +24,7 @@ class ConsoleCommandTest : public QObject
 private slots:
     void parsesCommands_data()
     {
-        QTest::addColumn<QString>("line");
-        QTest::addColumn<ConsoleCommand>("expected");
+        columns<QString, ConsoleCommand>("line", "expected");
         const auto row = [](const char* name, const char* line, const ConsoleCommand& expected) {
             QTest::newRow(name) << line << expected;
         };
@@ -64,8 +65,7 @@ private slots:
     }
     void parsesCommands()
     {
-        QFETCH(QString, line);
-        QFETCH(ConsoleCommand, expected);
+        auto [line, expected] = fetch<QString, ConsoleCommand>("line", "expected");
         const ConsoleParse parsed = parseConsoleLine(line.toStdString());
         QVERIFY2(parsed.error.empty(), parsed.error.c_str());
         QVERIFY(parsed.command.has_value());
@@ -76,8 +76,7 @@ private slots:
     // nothing at all, not an error.
     void rejectsBadLines_data()
     {
-        QTest::addColumn<QString>("line");
-        QTest::addColumn<QString>("error");
+        columns<QString, QString>("line", "error");
         const auto row = [](const char* name, const char* line, const char* error) {
             QTest::newRow(name) << line << error;
         };
@@ -104,8 +103,7 @@ private slots:
     }
     void rejectsBadLines()
     {
-        QFETCH(QString, line);
-        QFETCH(QString, error);
+        auto [line, error] = fetch<QString, QString>("line", "error");
         const ConsoleParse parsed = parseConsoleLine(line.toStdString());
         QVERIFY(!parsed.command.has_value());
         QVERIFY2(QString::fromStdString(parsed.error).contains(error), parsed.error.c_str());

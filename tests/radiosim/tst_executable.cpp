@@ -3,6 +3,7 @@
 
 #include "koralapi/KoralApi.h"
 #include "radiodb/RssFile.h"
+#include "support/Table.h"
 
 #include <QElapsedTimer>
 #include <QProcess>
@@ -11,6 +12,7 @@
 #include <cstring>
 
 using namespace koral;
+using namespace koral::test;
 
 class ExecutableTest : public QObject
 {
@@ -31,8 +33,7 @@ private slots:
 
     void rejectsBadArguments_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<QByteArray>("message");
+        columns<QStringList, QByteArray>("arguments", "message");
         QTest::newRow("port text") << QStringList{"--tcp", "x"} << QByteArray("--tcp needs");
         QTest::newRow("baud zero") << QStringList{"--baud", "0"} << QByteArray("--baud needs");
         QTest::newRow("two lines") << QStringList{"--pty", "--tcp", "0"} << QByteArray("one line");
@@ -44,8 +45,7 @@ private slots:
     }
     void rejectsBadArguments()
     {
-        QFETCH(QStringList, arguments);
-        QFETCH(QByteArray, message);
+        auto [arguments, message] = fetch<QStringList, QByteArray>("arguments", "message");
         QProcess sim;
         sim.start(KORAL_RADIO_SIM, arguments);
         QVERIFY(sim.waitForFinished(10000));

@@ -1,9 +1,11 @@
 #include "radiosim/BuiltInContents.h"
 #include "radiosim/FrontPanel.h"
+#include "support/Table.h"
 
 #include <QtTest>
 
 using namespace koral::radiosim;
+using namespace koral::test;
 
 Q_DECLARE_METATYPE(std::vector<int>)
 
@@ -23,13 +25,8 @@ private slots:
     // page's heading says what the radio is busy with; a selective-calling radio has no ALE.
     void keySequences_data()
     {
-        QTest::addColumn<std::vector<int>>("keys");
-        QTest::addColumn<int>("action");
-        QTest::addColumn<unsigned>("value");
-        QTest::addColumn<QString>("display");
-        QTest::addColumn<int>("call");
-        QTest::addColumn<bool>("scanning");
-        QTest::addColumn<bool>("ccir");
+        columns<std::vector<int>, int, unsigned, QString, int, bool, bool>(
+            "keys", "action", "value", "display", "call", "scanning", "ccir");
         using A = FrontPanel::Action;
         const auto row = [](const char* name, std::vector<int> keys, A action, unsigned value,
                             const char* display, CallPhase call = CallPhase::Idle,
@@ -73,13 +70,9 @@ private slots:
     }
     void keySequences()
     {
-        QFETCH(std::vector<int>, keys);
-        QFETCH(int, action);
-        QFETCH(unsigned, value);
-        QFETCH(QString, display);
-        QFETCH(int, call);
-        QFETCH(bool, scanning);
-        QFETCH(bool, ccir);
+        auto [keys, action, value, display, call, scanning, ccir] =
+            fetch<std::vector<int>, int, unsigned, QString, int, bool, bool>(
+                "keys", "action", "value", "display", "call", "scanning", "ccir");
         const RadioDatabases db = builtInDatabases();
         RadioState state;
         state.call = CallPhase(call);

@@ -1,5 +1,6 @@
 #include "koralapi/Opcodes.h"
 #include "radiosim/RadioTransfers.h"
+#include "support/Table.h"
 
 #include <QtTest>
 
@@ -7,6 +8,7 @@
 
 using namespace koral;
 using namespace koral::radiosim;
+using namespace koral::test;
 
 namespace {
 
@@ -66,11 +68,8 @@ private slots:
     // A write takes effect only when all its blocks came in order; otherwise nothing changes.
     void write_data()
     {
-        QTest::addColumn<int>("target");
-        QTest::addColumn<int>("offset");
-        QTest::addColumn<int>("length");
-        QTest::addColumn<std::vector<Block>>("blocks");
-        QTest::addColumn<int>("status");
+        columns<int, int, int, std::vector<Block>, int>("target", "offset", "length", "blocks",
+                                                        "status");
         const auto row = [](const char* name, int target, int offset, int length,
                             std::vector<Block> blocks, int status) {
             QTest::newRow(name) << target << offset << length << blocks << status;
@@ -86,11 +85,9 @@ private slots:
     }
     void write()
     {
-        QFETCH(int, target);
-        QFETCH(int, offset);
-        QFETCH(int, length);
-        QFETCH(std::vector<Block>, blocks);
-        QFETCH(int, status);
+        auto [target, offset, length, blocks, status] =
+            fetch<int, int, int, std::vector<Block>, int>("target", "offset", "length", "blocks",
+                                                          "status");
         const auto before = m_memory;
         QVERIFY(
             !m_transfers->startWrite(transferRequest(op::DatabaseWrite, target, offset, length)));
@@ -144,20 +141,15 @@ private slots:
 
     void readRefusals_data()
     {
-        QTest::addColumn<int>("target");
-        QTest::addColumn<int>("offset");
-        QTest::addColumn<int>("length");
-        QTest::addColumn<int>("status");
+        columns<int, int, int, int>("target", "offset", "length", "status");
         QTest::newRow("not kept") << kRefusedTarget << 0 << 10 << op::status::Refused;
         QTest::newRow("beyond the end") << kTarget << 1000 << 1 << op::status::BadRange;
         QTest::newRow("nothing asked") << kTarget << 0 << 0 << op::status::BadRange;
     }
     void readRefusals()
     {
-        QFETCH(int, target);
-        QFETCH(int, offset);
-        QFETCH(int, length);
-        QFETCH(int, status);
+        auto [target, offset, length, status] =
+            fetch<int, int, int, int>("target", "offset", "length", "status");
         const auto refusal =
             m_transfers->startRead(transferRequest(op::DatabaseRead, target, offset, length));
         QVERIFY(refusal);

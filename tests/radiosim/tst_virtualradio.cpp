@@ -6,6 +6,7 @@
 #include "radiosim/BuiltInRadio.h"
 #include "radiosim/SelfTest.h"
 #include "radiosim/VirtualRadio.h"
+#include "support/Table.h"
 
 #include <QElapsedTimer>
 #include <QtTest>
@@ -17,6 +18,7 @@
 using namespace koral;
 using namespace koral::radiosim;
 using namespace std::chrono_literals;
+using namespace koral::test;
 
 using Bytes = std::vector<std::uint8_t>;
 using Query = int (*)(koral::CRadioMessage*);
@@ -72,9 +74,7 @@ private slots:
     // with the library's own request and answered with the opcode the library waits for.
     void answersQueries_data()
     {
-        QTest::addColumn<Query>("query");
-        QTest::addColumn<int>("reply");
-        QTest::addColumn<Bytes>("expected");
+        columns<Query, int, Bytes>("query", "reply", "expected");
         const auto row = [](const char* name, Query query, int reply, const Bytes& expected) {
             QTest::newRow(name) << query << reply << expected;
         };
@@ -91,9 +91,7 @@ private slots:
     }
     void answersQueries()
     {
-        QFETCH(Query, query);
-        QFETCH(int, reply);
-        QFETCH(Bytes, expected);
+        auto [query, reply, expected] = fetch<Query, int, Bytes>("query", "reply", "expected");
         CRadioMessage answer;
         QVERIFY(m_engine->request(request(query), reply, &answer));
         QCOMPARE(payload(answer), expected);
@@ -102,11 +100,8 @@ private slots:
     // A setting changed by one request is what the next query reports.
     void keepsSettings_data()
     {
-        QTest::addColumn<int>("setting");
-        QTest::addColumn<Bytes>("settingPayload");
-        QTest::addColumn<int>("query");
-        QTest::addColumn<int>("reply");
-        QTest::addColumn<Bytes>("expected");
+        columns<int, Bytes, int, int, Bytes>("setting", "settingPayload", "query", "reply",
+                                             "expected");
         const auto row = [](const char* name, int setting, const Bytes& settingPayload, int query,
                             int reply, const Bytes& expected) {
             QTest::newRow(name) << setting << settingPayload << query << reply << expected;
@@ -127,11 +122,8 @@ private slots:
     }
     void keepsSettings()
     {
-        QFETCH(int, setting);
-        QFETCH(Bytes, settingPayload);
-        QFETCH(int, query);
-        QFETCH(int, reply);
-        QFETCH(Bytes, expected);
+        auto [setting, settingPayload, query, reply, expected] = fetch<int, Bytes, int, int, Bytes>(
+            "setting", "settingPayload", "query", "reply", "expected");
         QVERIFY(send([&](CRadioMessage* m) {
             m->setOpcodeAndLength(setting, settingPayload.size());
             std::copy(settingPayload.begin(), settingPayload.end(), m->payload());
@@ -171,8 +163,7 @@ private slots:
     // Every database crosses the link byte for byte, both ways; a write lands in the radio.
     void databasesRoundTrip_data()
     {
-        QTest::addColumn<int>("target");
-        QTest::addColumn<Bytes>("builtIn");
+        columns<int, Bytes>("target", "builtIn");
         const RadioDatabases db = builtInDatabases();
         QTest::newRow("radio") << int(TransferTarget::Radio) << bytesOf(db.radio);
         QTest::newRow("ALE") << int(TransferTarget::Ale) << bytesOf(db.ale);
@@ -183,8 +174,7 @@ private slots:
     }
     void databasesRoundTrip()
     {
-        QFETCH(int, target);
-        QFETCH(Bytes, builtIn);
+        auto [target, builtIn] = fetch<int, Bytes>("target", "builtIn");
         const auto kind = static_cast<TransferTarget>(target);
         Bytes bytes(targetSize(target));
         int progressed = 0;
@@ -248,10 +238,7 @@ private slots:
 
     void incomingCalls_data()
     {
-        QTest::addColumn<QString>("line");
-        QTest::addColumn<int>("opcode");
-        QTest::addColumn<QByteArray>("address");
-        QTest::addColumn<QByteArray>("text");
+        columns<QString, int, QByteArray, QByteArray>("line", "opcode", "address", "text");
         const auto row = [](const char* line, int opcode, const char* address, const char* text) {
             QTest::newRow(line) << QString(line) << opcode << QByteArray(address)
                                 << QByteArray(text);
@@ -262,10 +249,8 @@ private slots:
     }
     void incomingCalls()
     {
-        QFETCH(QString, line);
-        QFETCH(int, opcode);
-        QFETCH(QByteArray, address);
-        QFETCH(QByteArray, text);
+        auto [line, opcode, address, text] =
+            fetch<QString, int, QByteArray, QByteArray>("line", "opcode", "address", "text");
         run(line.toLatin1().constData());
         const CRadioMessage call = waitFor(opcode);
         QCOMPARE(call[6], std::uint8_t(0));
@@ -280,15 +265,13 @@ private slots:
     // A station call to a known station shows progress, then the link and its channel.
     void stationCallLinks_data()
     {
-        QTest::addColumn<QByteArray>("address");
-        QTest::addColumn<int>("result");
+        columns<QByteArray, int>("address", "result");
         QTest::newRow("directory station") << QByteArray("STN2") << 1;
         QTest::newRow("unknown station") << QByteArray("NOBODY") << 0;
     }
     void stationCallLinks()
     {
-        QFETCH(QByteArray, address);
-        QFETCH(int, result);
+        auto [address, result] = fetch<QByteArray, int>("address", "result");
         const signed char pair[2] = {0, 4};
         QVERIFY(send([&](CRadioMessage* m) {
             return StationCall(m, address.constData(), int(address.size()) + 1, pair, "HI", 3);
@@ -300,17 +283,13 @@ private slots:
     // Link-quality exchanges and soundings report each step and end with their link result.
     void linkQualityRuns_data()
     {
-        QTest::addColumn<QString>("line");
-        QTest::addColumn<int>("progress");
-        QTest::addColumn<int>("endCode");
+        columns<QString, int, int>("line", "progress", "endCode");
         QTest::newRow("bidirectional") << "lqa 2" << op::BiDirectionalProgress << 0;
         QTest::newRow("sounding") << "sound 3" << op::SoundingProgress << 1;
     }
     void linkQualityRuns()
     {
-        QFETCH(QString, line);
-        QFETCH(int, progress);
-        QFETCH(int, endCode);
+        auto [line, progress, endCode] = fetch<QString, int, int>("line", "progress", "endCode");
         const int steps = line.back().digitValue();
         run(line.toLatin1().constData());
         int seen = 0;
@@ -362,18 +341,15 @@ private slots:
     // The built-in test reports growing progress, then one result byte per item.
     void selfTest_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<int>("firstTested");
-        QTest::addColumn<int>("lastTested");
+        columns<int, int, int>("type", "firstTested", "lastTested");
         QTest::newRow("full") << 0 << 1 << 39;
         QTest::newRow("channel") << 1 << 16 << 31;
         QTest::newRow("low RF") << 2 << 1 << 29;
     }
     void selfTest()
     {
-        QFETCH(int, type);
-        QFETCH(int, firstTested);
-        QFETCH(int, lastTested);
+        auto [type, firstTested, lastTested] =
+            fetch<int, int, int>("type", "firstTested", "lastTested");
         run("bite fail 20");
         run("bite unable 21");
         QVERIFY(send([&](CRadioMessage* m) { return PerformSelfTest(m, type); }));
@@ -458,15 +434,13 @@ private slots:
     // drops mid-transfer fails it after some progress.
     void faultsDuringTransfer_data()
     {
-        QTest::addColumn<QString>("line");
-        QTest::addColumn<bool>("succeeds");
+        columns<QString, bool>("line", "succeeds");
         QTest::newRow("corrupt frames") << "fault corrupt 2" << true;
         QTest::newRow("line drop") << "fault drop-after 2000" << false;
     }
     void faultsDuringTransfer()
     {
-        QFETCH(QString, line);
-        QFETCH(bool, succeeds);
+        auto [line, succeeds] = fetch<QString, bool>("line", "succeeds");
         run(line.toLatin1().constData());
         std::vector<std::uint8_t> radio(RadioDatabases::kRadioSize);
         int progressed = 0;

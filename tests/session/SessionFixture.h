@@ -3,8 +3,8 @@
 // A ControlCenterSession on port 1 (the built-in virtual radio) in a temporary start-up
 // directory, with the radio configured before the program first talks to it.
 
-#include "Table.h"
 #include "common/RecordingNotifier.h"
+#include "support/Table.h"
 
 #include "radiosim/BuiltInRadio.h"
 #include "radiosim/VirtualRadio.h"

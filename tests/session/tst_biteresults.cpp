@@ -1,4 +1,4 @@
-#include "Table.h"
+#include "support/Table.h"
 
 #include "session/BiteResults.h"
 

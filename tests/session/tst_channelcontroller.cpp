@@ -2,7 +2,7 @@
 // and what they say, Simplex, how the scan state follows the radio's channel reports, and
 // whom an ALE call goes to on which channel.
 
-#include "Table.h"
+#include "support/Table.h"
 
 #include "common/RecordingNotifier.h"
 #include "common/Texts.h"

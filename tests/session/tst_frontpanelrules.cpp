@@ -2,7 +2,7 @@
 // exchange with its failure path, the request that keeps the radio reporting its display, the
 // companion's switches, and the display lines taken from the radio's reports.
 
-#include "Table.h"
+#include "support/Table.h"
 
 #include "common/RecordingNotifier.h"
 #include "common/Texts.h"

@@ -1,6 +1,6 @@
 // What the incoming worker settles itself and what it hands to the view, message by message.
 
-#include "Table.h"
+#include "support/Table.h"
 
 #include "session/IncomingWorker.h"
 #include "session/SessionState.h"

@@ -1,7 +1,7 @@
 // Small rules of the main view that need no radio: baud-rate indices, the software-version
 // gates, progress captions, toolbar images, status texts and the trace writer.
 
-#include "Table.h"
+#include "support/Table.h"
 
 #include "common/RecordingNotifier.h"
 #include "session/BaudRate.h"
