@@ -79,7 +79,6 @@ private slots:
         QTest::addRow("bad kind") << 1 << 9 << false << FrameFault::Header;
         QTest::addRow("length too long") << 3 << 0x7F << false << FrameFault::Header;
         QTest::addRow("flipped body byte") << 7 << 0x55 << false << FrameFault::Checksum;
-        QTest::addRow("flipped crc") << 11 << 0x00 << false << FrameFault::Checksum;
         QTest::addRow("ack with a body") << 1 << 2 << false << FrameFault::Header;
         // The good frame's bytes complete the cut one, whose checksum then fails.
         QTest::addRow("cut after the header") << 6 << 0 << true << FrameFault::Checksum;

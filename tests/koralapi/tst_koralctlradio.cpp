@@ -100,22 +100,11 @@ private slots:
         row("no port", {"probe"}, "--port P is required");
         row("bad baud", {"probe", "--port", "1", "--baud", "fast"},
             "'fast' is not a baud rate of the radio (1200, 2400, 4800 or 9600)");
-        row("probe at a rate the radio lacks", {"probe", "--port", "1", "--baud", "12345"},
-            "'12345' is not a baud");
-        row("read at the largest number",
-            {"read", "--port", "1", "--baud", "2147483647", "-o", "radio"},
-            "'2147483647' is not a baud");
-        row("write at one baud",
-            {"write", "--port", "1", "--baud", "1", KORAL_EXAMPLES_DIR "/radio.rss"},
-            "'1' is not a baud");
-        row("bite at a computer's rate", {"bite", "--port", "1", "--baud", "115200"},
-            "'115200' is not a baud");
         // The output is checked before the port is opened, so a port that is not there does
         // not matter.
         row("output into a missing folder",
             {"read", "--port", "/dev/koral-none", "-o", "missing/folder/base"},
             "Cannot write the file missing/folder/base.rss: No such file or directory");
-        row("empty output name", {"read", "--port", "/dev/koral-none", "-o", ""}, "names no file");
         row("output into a folder without a name",
             {"read", "--port", "/dev/koral-none", "-o", "out/"}, "names no file");
         row("no output", {"read", "--port", "1"}, "-o BASE is required");

@@ -125,7 +125,6 @@ private slots:
         QTest::newRow("built-in by name") << "virtual" << 0 << "";
         QTest::newRow("built-in by number") << "1" << 0 << "";
         QTest::newRow("device path") << "/dev/ttyUSB0" << 1 << "/dev/ttyUSB0";
-        QTest::newRow("windows name") << "COM3" << 1 << "COM3";
         QTest::newRow("tcp") << "tcp:radio.local:4001" << 2 << "radio.local:4001";
         QTest::newRow("tcp ipv6") << "tcp:::1:4001" << 2 << "::1:4001";
         QTest::newRow("tcp without port") << "tcp:host" << -1 << "";
