@@ -28,8 +28,6 @@ private slots:
         const auto row = [](const char* name, const char* line, const ConsoleCommand& expected) {
             QTest::newRow(name) << line << expected;
         };
-        row("station call with message", "call station STN1 \"HELLO\"",
-            asEvent(IncomingCall{CallKind::Station, "STN1", "HELLO", 0}));
         row("message keeps blanks, channel given", "CALL net HQ \"RETURN TO BASE\" channel 12",
             asEvent(IncomingCall{CallKind::Net, "HQ", "RETURN TO BASE", 12}));
         row("all call without message", "call all SHIP7",
@@ -37,7 +35,6 @@ private slots:
         row("link by name", "link channel-busy", asEvent(LinkResult{2}));
         row("link by code", "link 7", asEvent(LinkResult{7}));
         row("lqa default steps", "lqa", asEvent(LinkQualityRun{false, 5}));
-        row("sounding steps", "sound 3", asEvent(LinkQualityRun{true, 3}));
         row("bite run", "bite run lowrf", asEvent(SelfTestRun{SelfTestType::LowRf}));
         row("bite failures", "bite fail 3 12 39",
             SelfTestOutcome{SelfTestOutcome::Result::Failed, {3, 12, 39}});
@@ -51,16 +48,11 @@ private slots:
         row("digit key is 13 + digit", "key 0", asEvent(FrontPanelKey{13}));
         row("named key", "key Menu", asEvent(FrontPanelKey{23}));
         row("remote request", "remote", asEvent(RemoteRequest{}));
-        row("drop after", "fault drop-after 2000", FaultCommand{FaultKind::DropAfter, 2000});
         row("corrupt default one", "fault corrupt", FaultCommand{FaultKind::Corrupt, 1});
-        row("reject opcode", "fault reject 69", FaultCommand{FaultKind::Reject, 69});
-        row("answer once", "fault answer-once", FaultCommand{FaultKind::AnswerOnce, 0});
         row("clear faults", "fault clear", ClearFaults{});
         row("baud off", "baud off", SetBaud{0});
         row("baud rate", "  baud   4800 ", SetBaud{4800});
-        row("ccir mode", "mode ccir", SetMode{true});
         row("version", "version 02.500", SetVersion{"02.500"});
-        row("support off", "support off", SetSupport{false});
         row("quit", "quit", Quit{});
     }
     void parsesCommands()
@@ -108,17 +100,6 @@ private slots:
         QVERIFY(!parsed.command.has_value());
         QVERIFY2(QString::fromStdString(parsed.error).contains(error), parsed.error.c_str());
         QCOMPARE(parsed.error.empty(), error.isEmpty());
-    }
-
-    void helpListsEveryVerb()
-    {
-        const QString help = QString::fromStdString(consoleHelp());
-        for (const char* verb :
-             {"call station", "link ", "lqa", "sound", "bite run", "bite fail", "channel N",
-              "scan group", "key ", "remote", "drop-after BYTES", "fault reject", "baud", "mode",
-              "version", "support", "status", "quit"}) {
-            QVERIFY2(help.contains(QLatin1String(verb)), verb);
-        }
     }
 };
 
