@@ -1,6 +1,7 @@
 // The link suite against the virtual radio, written once and run over the in-process pipe
-// (the built-in port 1), a real pseudo-terminal and TCP; and how the radio is served: a dropped
-// line, a built-in radio that outlives its port, pacing at the baud rate.
+// (the built-in port 1), a real pseudo-terminal and TCP; how the radio is served: a built-in
+// radio that outlives its port, pacing at the baud rate; and the engine's own logic: waits that
+// end, what a stopped transfer leaves behind, the typed calls, ports that do not open.
 
 #include "koralapi/KoralApi.h"
 #include "radiosim/BuiltInContents.h"
@@ -14,7 +15,9 @@
 #include <QTest>
 #include <QThread>
 
+#include <algorithm>
 #include <atomic>
+#include <cstring>
 #include <numeric>
 #include <thread>
 
@@ -160,21 +163,30 @@ private slots:
         QCOMPARE(channels, (std::vector<int>{3, 5, 7}));
     }
 
-    // What is written comes back byte for byte; the progress counts every record byte. A
-    // progress answer of 0 stops a read at once.
+    // Every database reads as the radio holds it, and what is written comes back byte for
+    // byte; the progress counts every record byte. A progress answer of 0 stops a read at once.
     void databasesRoundTrip_data() { addTransports(); }
     void databasesRoundTrip()
     {
         QFETCH(QString, transport);
         QVERIFY(open(transport));
-        for (const TransferTarget target : {TransferTarget::Radio, TransferTarget::Ale}) {
+        const RadioDatabases db = builtInDatabases();
+        const std::pair<TransferTarget, std::span<const std::uint8_t>> targets[] = {
+            {TransferTarget::Radio, db.radio},
+            {TransferTarget::Ale, db.ale},
+            {TransferTarget::GlobalMembers, db.globalMembers},
+            {TransferTarget::ExtraOptions, db.extraOptions}};
+        for (const auto& [target, builtIn] : targets) {
             std::vector<std::uint8_t> record(targetSize(static_cast<int>(target)));
             int moved = 0;
             const ProgressCallback count = [&](int n) { return moved += n, 1; };
             QVERIFY(readTarget(engine.get(), target, record, 0, {}, count, 10));
             QCOMPARE(moved, static_cast<int>(record.size()));
-            // A changed channel name / frequency byte in the middle of the record.
-            record[2000] ^= 0x01;
+            std::vector<std::uint8_t> radioOrder = record;
+            convertByteOrder(target, radioOrder);
+            QVERIFY(std::ranges::equal(radioOrder, builtIn));
+            // A changed byte in the middle of the record (a channel name or frequency).
+            record[record.size() / 2] ^= 0x01;
             moved = 0;
             QVERIFY(writeTarget(engine.get(), target, record, 0, {}, count, 10, 0));
             QCOMPARE(moved, static_cast<int>(record.size()));
@@ -233,20 +245,6 @@ private slots:
         QVERIFY(moved > 0); // the radio did answer: the record's bound ended the read
     }
 
-    // A dropped TCP line closes the connection; the next connection is served again.
-    void tcpDropEndsTheConnection()
-    {
-        QVERIFY(open("tcp"));
-        command(FaultCommand{FaultKind::DropAfter, 600});
-        std::vector<std::uint8_t> bytes(record::kDbaseSize);
-        QVERIFY(!readTarget(engine.get(), TransferTarget::Radio, bytes, 0, {}, {}, 10));
-        engine = std::make_unique<MessageEngine>();
-        QVERIFY(engine->OpenPortByName(host->portName(), kBaud) && engine->ConnectSocket(kBaud, 1));
-        std::array<std::uint8_t, 4> extra{};
-        QVERIFY(readTarget(engine.get(), TransferTarget::ExtraOptions, extra, 0, {}, {}, 10));
-        QCOMPARE(extra, builtInDatabases().extraOptions);
-    }
-
     // Closing the built-in port unplugs the cable: what was written stays in the radio, until
     // a new installation brings a new radio.
     void builtInRadioKeepsItsMemoryAcrossReopening()
@@ -286,6 +284,107 @@ private slots:
         QVERIFY(WriteRADIOMemorySection(engine.get(), options.data(), 4288, int(options.size())));
         QVERIFY(StopRADIOProgramming(engine.get()));
         QVERIFY(radio()->executeFromAnyThread(ShowStatus{}).contains("line 4800 baud"));
+    }
+
+    void getMessageWaitsThenReportsState()
+    {
+        QVERIFY(open("pipe"));
+        CRadioMessage message;
+        QElapsedTimer clock;
+        clock.start();
+        QCOMPARE(engine->GetMessage(&message, 1), 0);
+        QVERIFY(clock.elapsed() >= 100); // it waits, so a worker loop does not spin
+        QVERIFY(clock.elapsed() < 1000);
+        QCOMPARE(engine->GetMessage(&message, 0), 0);
+        QCOMPARE(engine->GetMessage(nullptr, 1), -1);
+        engine->DisconnectSocket(1);
+        engine->CloseComPort();
+        QCOMPARE(engine->IsPortOpen(), 0);
+        QCOMPARE(engine->GetMessage(&message, 1), -1);
+        QCOMPARE(engine->CloseComPort(), 1); // harmless when closed
+        QCOMPARE(engine->DisconnectSocket(1), 1);
+    }
+
+    // A progress callback that answers 0 stops the transfer at once and the call fails; the
+    // caller's record and the radio keep what they had and the link stays usable.
+    void progressZeroStopsTransfer_data()
+    {
+        QTest::addColumn<bool>("writing");
+        QTest::newRow("read") << false;
+        QTest::newRow("write") << true;
+    }
+    void progressZeroStopsTransfer()
+    {
+        QFETCH(bool, writing);
+        QVERIFY(open("pipe"));
+        int calls = 0;
+        const ProgressCallback stopSecond = [&](int) { return ++calls < 2 ? 1 : 0; };
+        std::vector<std::uint8_t> record(record::kAleDbaseSize, 0xEE);
+        const int result =
+            writing
+                ? writeTarget(engine.get(), TransferTarget::Ale, record, 0, {}, stopSecond, 10, 0)
+                : readTarget(engine.get(), TransferTarget::Ale, record, 0, {}, stopSecond, 10);
+        QCOMPARE(result, 0);
+        QCOMPARE(calls, 2);
+        QVERIFY(record == std::vector<std::uint8_t>(record::kAleDbaseSize, 0xEE));
+        unsigned char word = 0;
+        QVERIFY(ReadProgramWord(engine.get(), &word));
+        QVERIFY(readTarget(engine.get(), TransferTarget::Ale, record, 0, {}, {}, 10));
+        convertByteOrder(TransferTarget::Ale, record);
+        QVERIFY(std::equal(record.begin(), record.end(), builtInDatabases().ale.begin()));
+    }
+
+    // The wait for a reply that never comes (the radio answers something else) ends in time.
+    void unansweredQueryFailsAfterReplyBound()
+    {
+        QVERIFY(open("pipe"));
+        QElapsedTimer clock;
+        clock.start();
+        CRadioMessage reply;
+        engine->LockGetMessage();
+        const CRadioMessage ask = built(ReportSquelchState);
+        QVERIFY(engine->SendRadioMessage(&ask));
+        QCOMPARE(engine->GetMessageWithOpcode(&reply, op::ActiveChannel), 0);
+        QVERIFY(clock.elapsed() <= 2 * engine->timing().replyMs());
+    }
+
+    // A programmed channel goes out in the radio's byte order: read back, it is what was sent.
+    void programChannelSendsRadioOrder()
+    {
+        QVERIFY(open("pipe"));
+        std::array<std::uint8_t, 13> record{1, 2, 3};
+        const std::uint32_t tx = 12345678;
+        std::memcpy(record.data() + 3, &tx, 4);
+        QVERIFY(ProgramChannelNumberN(engine.get(), reinterpret_cast<channel*>(record.data()), 3));
+        QVERIFY(
+            !ProgramChannelNumberN(engine.get(), reinterpret_cast<channel*>(record.data()), 201));
+        QVERIFY(!ReadRadioDataBase(engine.get(), nullptr, 0, {}, {}, 10));
+        std::vector<std::uint8_t> radio(record::kDbaseSize);
+        QVERIFY(readTarget(engine.get(), TransferTarget::Radio, radio, 0, {}, {}, 10));
+        QVERIFY(std::equal(record.begin(), record.end(), radio.begin() + 1688 + 26));
+    }
+
+    void openFailures_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("no such port number") << "99";
+        QTest::newRow("no virtual radio installed") << "virtual";
+        QTest::newRow("missing device") << "/dev/koral-no-such-device";
+        QTest::newRow("nobody listening") << "tcp:127.0.0.1:1";
+        QTest::newRow("malformed tcp") << "tcp:nohost";
+    }
+    void openFailures()
+    {
+        QFETCH(QString, name);
+        QElapsedTimer clock;
+        clock.start();
+        QCOMPARE(engine->OpenPortByName(name.toStdString(), 9600), 0);
+        QVERIFY(clock.elapsed() < 6000);
+        QCOMPARE(engine->IsPortOpen(), 0);
+        QVERIFY(!engine->lastError().empty());
+        QCOMPARE(engine->ConnectSocket(9600, 1), 0);
+        const CRadioMessage ask = built(ReportSquelchState);
+        QCOMPARE(engine->SendRadioMessage(&ask), 0);
     }
 };
 
