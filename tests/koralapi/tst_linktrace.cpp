@@ -150,9 +150,6 @@ private slots:
         QTemporaryDir dir;
         LinkTraceRecorder recorder(3);
         const QString path = dir.filePath("trace.txt");
-        std::string error;
-        QVERIFY(!recorder.writeTo(dir.filePath("missing/trace.txt").toStdString(), &error));
-        QCOMPARE(error, std::string("No such file or directory"));
         QVERIFY(recorder.writeTo(path.toStdString()));
         for (std::uint8_t seq = 0; seq < 5; ++seq)
             recorder.record(linkEvent(Kind::Received, encodeFrame(FrameKind::Ack, seq)));

@@ -18,7 +18,6 @@ private slots:
         QTest::newRow("9600: not before the first byte ends") << 9600u << qint64(1000) << 0;
         QTest::newRow("9600: one byte after 1.05 ms") << 9600u << qint64(1050) << 1;
         QTest::newRow("9600: 96 bytes in 100 ms") << 9600u << qint64(100000) << 96;
-        QTest::newRow("1200: 12 bytes in 100 ms") << 1200u << qint64(100000) << 12;
         QTest::newRow("off: everything at once") << 0u << qint64(0) << 200;
     }
     void releasesBytesAtTheBaudRate()

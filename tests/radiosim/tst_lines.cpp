@@ -6,7 +6,6 @@
 #include <QtTest>
 
 #include <fcntl.h>
-#include <termios.h>
 #include <unistd.h>
 
 using namespace koral::radiosim;
@@ -15,39 +14,22 @@ class LinesTest : public QObject
 {
     Q_OBJECT
 private slots:
-    // The program opens the terminal path like a serial device; bytes cross both ways
-    // unchanged (raw mode: no echo, no line editing, no CR/LF translation).
-    void ptyCarriesBytesBothWays()
+    // The program opens the terminal path like a serial device, and may close and reopen it:
+    // the line stays. (That bytes cross unchanged both ways, the link suite shows: it moves
+    // whole databases over a pseudo-terminal and TCP.)
+    void ptyOutlivesTheProgramClosingIt()
     {
         PtyLine line;
         QVERIFY2(line.open(), qPrintable(line.errorString()));
         QVERIFY(line.path().startsWith("/dev/"));
-        const int fd = ::open(line.path().toLocal8Bit().constData(), O_RDWR | O_NOCTTY);
-        QVERIFY(fd >= 0);
-        termios raw{};
-        ::tcgetattr(fd, &raw);
-        ::cfmakeraw(&raw);
-        ::tcsetattr(fd, TCSANOW, &raw);
-
         QSignalSpy received(&line, &RadioLine::received);
-        const QByteArray toRadio("\x7E\x01\r\n\x03\x00\xFF", 7);
-        QCOMPARE(::write(fd, toRadio.constData(), toRadio.size()), ssize_t(toRadio.size()));
-        QByteArray got;
-        QTRY_VERIFY_WITH_TIMEOUT((got = joined(received)).size() >= toRadio.size(), 5000);
-        QCOMPARE(got, toRadio);
-
-        line.write(QByteArray("\x11\r\x13\n", 4));
-        ::fcntl(fd, F_SETFL, ::fcntl(fd, F_GETFL) | O_NONBLOCK);
-        QByteArray back;
-        QTRY_COMPARE_WITH_TIMEOUT(back += readSome(fd), QByteArray("\x11\r\x13\n", 4), 5000);
-        ::close(fd);
-
-        // The program may close and reopen the device: the line stays.
-        const int again = ::open(line.path().toLocal8Bit().constData(), O_RDWR | O_NOCTTY);
-        QVERIFY(again >= 0);
-        QCOMPARE(::write(again, "x", 1), ssize_t(1));
-        QTRY_VERIFY_WITH_TIMEOUT(joined(received).endsWith('x'), 5000);
-        ::close(again);
+        for (const char* text : {"a", "b"}) {
+            const int fd = ::open(line.path().toLocal8Bit().constData(), O_RDWR | O_NOCTTY);
+            QVERIFY(fd >= 0);
+            QCOMPARE(::write(fd, text, 1), ssize_t(1));
+            QTRY_VERIFY_WITH_TIMEOUT(joined(received).endsWith(text), 5000);
+            ::close(fd);
+        }
     }
 
     void tcpServesOneClientAtATime()
@@ -55,7 +37,6 @@ private slots:
         TcpLine line;
         QVERIFY2(line.listen(0), qPrintable(line.errorString()));
         QSignalSpy peers(&line, &RadioLine::peerChanged);
-        QSignalSpy received(&line, &RadioLine::received);
 
         QTcpSocket first;
         first.connectToHost(QHostAddress::LocalHost, line.port());
@@ -66,12 +47,6 @@ private slots:
         second.connectToHost(QHostAddress::LocalHost, line.port());
         QTRY_VERIFY_WITH_TIMEOUT(second.state() == QAbstractSocket::UnconnectedState, 5000);
         QCOMPARE(peers.size(), 1);
-
-        first.write("ping");
-        QTRY_COMPARE_WITH_TIMEOUT(joined(received), QByteArray("ping"), 5000);
-        line.write("pong");
-        QByteArray answer;
-        QTRY_COMPARE_WITH_TIMEOUT(answer += first.readAll(), QByteArray("pong"), 5000);
 
         // Dropping the line closes the connection; the next program is served.
         line.hangUp();
@@ -90,13 +65,6 @@ private:
             all += args.at(0).toByteArray();
         }
         return all;
-    }
-
-    static QByteArray readSome(int fd)
-    {
-        char buffer[8];
-        const ssize_t n = ::read(fd, buffer, sizeof buffer);
-        return n > 0 ? QByteArray(buffer, int(n)) : QByteArray();
     }
 };
 
