@@ -39,7 +39,7 @@ class TestRequests : public QObject
 private slots:
     // Each builder writes its opcode, length and payload exactly as the radio reads them, and
     // leaves the bytes the program set itself alone. The queries without a payload are checked
-    // by tst_virtualradio, which asks each one and waits for its answer.
+    // by tst_linkradio, which asks each one and waits for its answer.
     void buildersLayOutThePayload_data()
     {
         columns<Build, int, Bytes>("build", "opcode", "payload");
