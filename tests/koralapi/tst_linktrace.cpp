@@ -159,7 +159,6 @@ private slots:
         QCOMPARE(next, std::uint64_t{5});
         QCOMPARE(rows.size(), std::size_t{3});
         QCOMPARE(rows.front().frame, std::string("ACK #2"));
-        QVERIFY(rows.front().timeMs <= rows.back().timeMs);
         recorder.record(linkEvent(Kind::Received, encodeFrame(FrameKind::Ack, 5)));
         rows = recorder.rowsSince(next);
         QCOMPARE(rows.size(), std::size_t{1});

@@ -85,20 +85,12 @@ private slots:
             last = panel.press(key, {state, db, model});
         QCOMPARE(int(last.action), action);
         QCOMPARE(last.value, value);
-        const QString text = shown(panel, {state, db, model});
-        QVERIFY2(text.contains(display), qPrintable(text));
-    }
-
-private:
-    static QString shown(const FrontPanel& panel, const FrontPanel::Radio& radio)
-    {
         QString text;
-        for (const auto& line : panel.display(radio)) {
-            if (line.size() > FrontPanel::kLineWidth)
-                return "line too long: " + QString::fromStdString(line);
+        for (const auto& line : panel.display({state, db, model})) {
+            QVERIFY2(line.size() <= FrontPanel::kLineWidth, line.c_str());
             text += QString::fromStdString(line) + '|';
         }
-        return text;
+        QVERIFY2(text.contains(display), qPrintable(text));
     }
 };
 
