@@ -275,7 +275,6 @@ private slots:
     {
         columns<int, bool>("byte6", "on");
         QTest::newRow("on") << 1 << true;
-        QTest::newRow("off") << 0 << false;
         QTest::newRow("out of range is off") << 7 << false;
     }
     void monitorReportShowsOnTheToolbar()
