@@ -56,18 +56,11 @@ private slots:
         const std::vector<BiteRow> expected{
             {1, BiteResult::Passed}, {14, BiteResult::Failed}, {39, BiteResult::UnableToPerform}};
         QVERIFY(result.rows == expected);
-        QCOMPARE(biteItemName(14), std::string_view("Radio Programmed"));
-        QCOMPARE(biteItemName(39), std::string_view("PA - Power Amplifier"));
-        QCOMPARE(biteItemName(4), std::string_view("IMIC- RAM"));
-        QCOMPARE(biteResultText(BiteResult::UnableToPerform),
-                 std::string_view("Unable to perform"));
     }
 
     void progressFromDots_data()
     {
         columns<QString, int>("text", "position");
-        QTest::newRow("no dots") << "BITE" << -1;
-        QTest::newRow("one dot") << "BIT." << -1;
         QTest::newRow("two dots") << "BIT.." << 3;
         QTest::newRow("first three characters do not count") << "...." << -1;
         QTest::newRow("five dots") << "T: ....." << 12;

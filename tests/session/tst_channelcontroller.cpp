@@ -129,7 +129,6 @@ private slots:
     {
         columns<bool, QList<int>, int, QString, bool>("enabled", "reportKinds", "state", "scanText",
                                                       "programEnabled");
-        QTest::newRow("disabled") << false << QList<int>{} << -1 << "Scan: off" << false;
         QTest::newRow("enabled") << true << QList<int>{} << 0 << "Scan: off" << true;
         QTest::newRow("front panel starts a scan")
             << true << QList<int>{1} << 1 << "Scan: group B" << false;

@@ -39,7 +39,6 @@ private slots:
             << QByteArray::fromHex("02000000b0040000ffff") << 2 << 1200;
         QTest::newRow("short file is unreadable")
             << QByteArray::fromHex("03000000600900") << 1 << 9600;
-        QTest::newRow("empty file") << QByteArray("") << 1 << 9600;
         QTest::newRow("no file") << QByteArray() << 1 << 9600;
     }
     void readsTwoLittleEndianIntegers()

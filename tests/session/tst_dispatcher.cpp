@@ -54,7 +54,6 @@ private slots:
         QTest::newRow("no link") << 36 << 0 << 1 << 0 << "No link was established." << false;
         QTest::newRow("link outside a call")
             << 36 << 1 << 1 << 0 << "Link was established." << false;
-        QTest::newRow("a call's link") << 31 << 1 << 31 << 1 << "Link was established." << true;
         QTest::newRow("a call's link on a silent net")
             << 31 << 4 << 31 << 1 << "Link was established on silent net." << true;
         QTest::newRow("channel busy ends an incoming call")
@@ -97,7 +96,6 @@ private slots:
         columns<QString, QStringList>("steps", "stacked");
         // A call the operator took leaves the radio linked with the caller.
         QTest::addColumn<bool>("linked");
-        QTest::newRow("announced and closed") << "ac" << QStringList{"STN1"} << true;
         QTest::newRow("announced only") << "a" << QStringList{} << false;
         QTest::newRow("the same report dispatched twice") << "aac" << QStringList{"STN1"} << true;
         QTest::newRow("a second call keeps the first")
@@ -154,8 +152,6 @@ private slots:
     {
         // The record's from, to and channel; the address and channel called.
         columns<QStringList, QStringList>("record", "called");
-        QTest::newRow("an incoming call calls its caller back")
-            << QStringList{"STN1", "", "12"} << QStringList{"STN1", "12"};
         QTest::newRow("an outgoing call calls its station again")
             << QStringList{"BASE01", "STN2", "12"} << QStringList{"STN2", "12"};
         QTest::newRow("a caller not in the directory")
@@ -200,7 +196,6 @@ private slots:
         columns<int, bool, int, bool, int, bool, bool, QString>(
             "scan", "databaseRead", "type", "toNet", "callState", "bidirectional", "sounding",
             "message");
-        QTest::newRow("a station") << 0 << true << 0 << false << 37 << true << false << "";
         QTest::newRow("the net's name") << 1 << true << 0 << true << 38 << true << false << "";
         QTest::newRow("sounding while scanning")
             << 1 << true << 1 << false << 62 << false << true << "";
@@ -280,7 +275,6 @@ private slots:
     {
         columns<int, bool>("byte6", "on");
         QTest::newRow("on") << 1 << true;
-        QTest::newRow("off") << 0 << false;
         QTest::newRow("out of range is off") << 7 << false;
     }
     void monitorReportShowsOnTheToolbar()

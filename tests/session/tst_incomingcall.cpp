@@ -76,18 +76,6 @@ private slots:
         QCOMPARE(decodeIncomingCall(79, message).channel, channel);
     }
 
-    void addressValueAndMessage()
-    {
-        Message message = callReport(0, 3, 42, "STATION7", "HELLO THERE");
-        const IncomingCall call = decodeIncomingCall(80, message);
-        QCOMPARE(call.channelValue, 42);
-        QCOMPARE(call.address, std::string("STATION7"));
-        QCOMPARE(call.message.value_or("none"), std::string("HELLO THERE"));
-        // Without its flag the text is no message.
-        message[incoming_call::kMessageFlag] = 0;
-        QVERIFY(!decodeIncomingCall(79, message).message.has_value());
-    }
-
     void fullAddressIsCutAtSixteenAndMessageBounded()
     {
         Message message = callReport(0, 3, 0, "ABCDEFGHIJKLMNOP");
@@ -98,6 +86,9 @@ private slots:
         const IncomingCall call = decodeIncomingCall(79, message);
         QCOMPARE(call.address, std::string("ABCDEFGHIJKLMNOP"));
         QCOMPARE(call.message->size(), incoming_call::kMessageLimit);
+        // Without its flag the text is no message.
+        message[incoming_call::kMessageFlag] = 0;
+        QVERIFY(!decodeIncomingCall(79, message).message.has_value());
     }
 
     void shortMessageDecodesNothing()

@@ -42,11 +42,9 @@ private slots:
     void handOver_data()
     {
         columns<int, bool>("opcode", "forwarded");
-        QTest::newRow("27 display") << 27 << true;
         QTest::newRow("30 is dropped although the view has a row") << 30 << false;
         QTest::newRow("46 channel report") << 46 << true;
         QTest::newRow("85 link result") << 85 << true;
-        QTest::newRow("90 silent-net call") << 90 << true;
         QTest::newRow("88 settled by the worker") << 88 << false;
         QTest::newRow("1 is a reply, not a report") << 1 << false;
         QTest::newRow("unknown") << 200 << false;

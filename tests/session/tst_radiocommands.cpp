@@ -91,27 +91,21 @@ private slots:
         using Kind = DspSlider::Kind;
         using Scroll = DspSlider::Scroll;
         // Each row starts where the previous one left the slider and the radio: its name, the
-        // slider, the action (m moves to the position, u steps up, o turns off, d disables),
-        // the position and scroll, the position shown, and the radio's value (the clarifier
-        // signed, the notch as its step index).
+        // slider, the action (m moves to the position, u steps up), the position and scroll,
+        // the position shown, and the radio's value (the clarifier signed, the notch as its
+        // step index). Turning off, disabling and the notch's first step are the window's
+        // clarifierAndNotchSettingsReachTheRadio.
         using Row = std::tuple<const char*, Kind, char, int, Scroll, int, int>;
         const Row rows[] = {
             {"15 rounds up", Kind::Clarifier, 'm', 15, Scroll::LineDown, 20, 20},
-            {"-15 rounds away from zero", Kind::Clarifier, 'm', -15, Scroll::PageUp, -20, -20},
             {"14 rounds down", Kind::Clarifier, 'm', 14, Scroll::ThumbPosition, 10, 10},
             {"dragging sends nothing", Kind::Clarifier, 'm', 37, Scroll::ThumbTrack, 40, 10},
             {"end of scroll sends nothing", Kind::Clarifier, 'm', 90, Scroll::EndScroll, 90, 10},
             {"a step from the top stays", Kind::Clarifier, 'm', 200, Scroll::LineDown, 200, 200},
             {"step up at the top", Kind::Clarifier, 'u', 0, Scroll::LineDown, 200, 200},
-            {"zero", Kind::Clarifier, 'o', 0, Scroll::ThumbPosition, 0, 0},
-            {"50 then disabled", Kind::Clarifier, 'm', 50, Scroll::LineUp, 50, 50},
-            {"disabling tells the radio nothing", Kind::Clarifier, 'd', 0, Scroll::LineUp, 0, 50},
-            {"notch 420 is step 1", Kind::Notch, 'm', 420, Scroll::ThumbPosition, 540, 1},
             {"notch 419 is off", Kind::Notch, 'm', 419, Scroll::ThumbPosition, 300, 0},
             {"notch top", Kind::Notch, 'm', 2700, Scroll::PageDown, 2700, 10},
             {"notch step up clamps", Kind::Notch, 'u', 0, Scroll::LineDown, 2700, 10},
-            {"notch dragged", Kind::Notch, 'm', 1500, Scroll::ThumbTrack, 1500, 10},
-            {"notch off", Kind::Notch, 'o', 0, Scroll::ThumbPosition, 300, 0},
         };
         SessionFixture fixture;
         QVERIFY(fixture.startUp());
@@ -122,12 +116,8 @@ private slots:
             DspSlider& slider = kind == Kind::Clarifier ? session.clarifier() : session.notch();
             if (action == 'm')
                 slider.scroll(position, how);
-            else if (action == 'u')
-                slider.stepUp();
-            else if (action == 'o')
-                slider.toOff();
             else
-                slider.setEnabled(false);
+                slider.stepUp();
             QVERIFY2(slider.position() == shown, name);
             CRadioMessage reply;
             int value = 0;
@@ -242,7 +232,6 @@ private slots:
         QCOMPARE(QString::fromStdString(bite.status()),
                  "Summary: 36 Passed, 2 Failed, 1 Not Performed");
         QVERIFY(!bite.statusHighlighted());
-        QCOMPARE(bite.progress(), 12);
         QVERIFY(!bite.watchdogActive());
         QVERIFY(std::is_sorted(positions.begin(), positions.end()));
         QVERIFY(positions.size() > 2);
@@ -276,17 +265,10 @@ private slots:
         QCOMPARE(texts(fixture.notifier), (QStringList{kNoResponse, kNoResponse}));
     }
 
-    // Whatever the window showed when it closed, the runner is left as new: reports of the
-    // old run change nothing, and the next run goes to its summary.
-    void biteCloseLeavesTheRunnerAsNew_data()
-    {
-        QTest::addColumn<bool>("midRun");
-        QTest::newRow("closed during the run") << true;
-        QTest::newRow("closed on the summary") << false;
-    }
+    // Closed during a run, the runner is left as new: reports of the old run change nothing.
+    // Closing on the summary and the next run are the window's biteOpensAfreshAfterEveryClose.
     void biteCloseLeavesTheRunnerAsNew()
     {
-        QFETCH(bool, midRun);
         SessionFixture fixture;
         QVERIFY(fixture.startUp());
         BiteRunner& bite = fixture.session->bite();
@@ -302,11 +284,9 @@ private slots:
         connect(&bite, &BiteRunner::changed, this,
                 [&] { statuses << QString::fromStdString(bite.status()); });
         QVERIFY(bite.run());
-        if (!midRun)
-            QTRY_VERIFY_WITH_TIMEOUT(!bite.isRunning(), 10000);
-        QCOMPARE(bite.isRunning(), midRun);
+        QVERIFY(bite.isRunning());
         bite.close();
-        QCOMPARE(statuses.contains("Wait to perform RESET!!!"), midRun);
+        QVERIFY(statuses.contains("Wait to perform RESET!!!"));
         const auto asNew = [&bite] {
             QVERIFY(!bite.isRunning() && !bite.watchdogActive() && bite.controlsEnabled());
             QVERIFY(bite.progress() == 0 && bite.status().empty() && bite.results().rows.empty());
@@ -322,10 +302,6 @@ private slots:
         late.bytes[6] = op::display::SelfTestResult;
         bite.onReport(late);
         asNew();
-
-        QVERIFY(bite.run());
-        QTRY_VERIFY_WITH_TIMEOUT(!bite.isRunning(), 10000);
-        QVERIFY(QString::fromStdString(bite.status()).startsWith("Summary: "));
         QCOMPARE(texts(fixture.notifier), QStringList());
     }
 
@@ -361,14 +337,12 @@ private slots:
         QCOMPARE((std::vector<int>{radio[rx], radio[rx + 1], radio[rx + 2], radio[rx + 3]}),
                  (std::vector<int>{1, 2, 3, 4}));
 
-        options.options.priorityChannel.set(1);
+        // The options the window programs reach the radio in the window's
+        // programOptionsWritesWhatTheDialogShows; here, the baud rate they carry moves the link.
         options.baudIndex = 3;
         memory.setInterMessageDelay(0);
         QCOMPARE(memory.programOptions(document, options), 1);
         QCOMPARE(texts(fixture.notifier), QStringList());
-        QCOMPARE(int(radio[layout::kRadioOptions]), 0);
-        QCOMPARE(int(radio[layout::kRadioOptions + 1]), 1);
-        QCOMPARE(document.radioOptions.priorityChannel.get(), 1);
         QCOMPARE(fixture.session->link().settings().baudRate, 9600);
     }
 

@@ -26,7 +26,6 @@ private slots:
         QTest::newRow("9600") << 9600 << 3 << "";
         QTest::newRow("19200 falls back")
             << 19200 << 0 << "The baud rate 19200 is not defined, is set to 1200";
-        QTest::newRow("zero") << 0 << 0 << "The baud rate 0 is not defined, is set to 1200";
     }
     void baudRateIndex()
     {
@@ -42,16 +41,12 @@ private slots:
     {
         // rate 0: refused
         columns<QString, int>("text", "rate");
-        QTest::newRow("1200") << "1200" << 1200;
         QTest::newRow("9600") << "9600" << 9600;
         QTest::newRow("a rate the radio lacks") << "12345" << 0;
-        QTest::newRow("a computer's rate") << "115200" << 0;
         QTest::newRow("largest number") << "2147483647" << 0;
         QTest::newRow("past the largest number") << "99999999999" << 0;
-        QTest::newRow("negative") << "-9600" << 0;
         QTest::newRow("signed") << "+9600" << 0;
         QTest::newRow("trailing text") << "9600x" << 0;
-        QTest::newRow("empty") << "" << 0;
     }
     void commandLineBaudRate()
     {
@@ -65,11 +60,8 @@ private slots:
         QTest::newRow("00.900 is below the first gate") << QByteArray("00.900") << 2;
         QTest::newRow("01.000 opens class 1") << QByteArray("01.000") << 1;
         QTest::newRow("03.000 still class 1") << QByteArray("03.000") << 1;
-        QTest::newRow("03.100") << QByteArray("03.100") << 2;
         QTest::newRow("03.0001 compares above 03.000") << QByteArray("03.0001") << 2;
         QTest::newRow("only 8 characters count") << QByteArray("02.50000X") << 1;
-        QTest::newRow("full field without NUL") << QByteArray("02.50000") << 1;
-        QTest::newRow("empty text") << QByteArray("") << 2;
         QTest::newRow("unreadable") << QByteArray() << 0;
     }
     void softwareClass()
@@ -99,14 +91,8 @@ private slots:
         columns<int, bool, QString>("position", "aleGlobal", "caption");
         QTest::newRow("1687") << 1687 << false << "Radio Data Base: Groups Section";
         QTest::newRow("1688") << 1688 << false << "Radio Data Base: Channels Section";
-        QTest::newRow("4288") << 4288 << false << "Radio Data Base: Radio Options Section";
-        QTest::newRow("4302") << 4302 << false << "Radio Data Base: External Options Section";
         QTest::newRow("4303") << 4303 << false << "Radio Data Base: External Options Section";
         QTest::newRow("4304") << 4304 << false << "ALE Data Base: ALE Nets Section";
-        QTest::newRow("4304+1820") << 6124 << false << "ALE Data Base: ALE Options Section";
-        QTest::newRow("4304+1832") << 6136 << false << "ALE Data Base: ALE Directory Section";
-        QTest::newRow("4304+3432") << 7736 << false << "ALE Data Base: ALE Autodials Section";
-        QTest::newRow("4304+3452") << 7756 << false << "ALE Data Base: ALE Program Word";
         QTest::newRow("4304+3457") << 7761 << false << "ALE Data Base: ALE Messages";
         QTest::newRow("8680") << 8680 << false << "ALE Data Base: ALE Messages";
         QTest::newRow("8681 global")
@@ -132,8 +118,6 @@ private slots:
     {
         columns<int, bool, int>("mode", "ccir", "position");
         QTest::newRow("read") << int(TransferMode::Read) << false << 124;
-        QTest::newRow("read ccir") << int(TransferMode::Read) << true << 164;
-        QTest::newRow("write") << int(TransferMode::Write) << false << 124 + 1269;
         QTest::newRow("write ccir") << int(TransferMode::Write) << true << 164 + 1269;
     }
     void progressPositions()
@@ -165,12 +149,9 @@ private slots:
     {
         columns<int, bool, int>("index", "on", "shown");
         QTest::newRow("off image turned on") << 15 << true << 3;
-        QTest::newRow("on image stays on") << 3 << true << 3;
         QTest::newRow("on image turned off") << 3 << false << 15;
-        QTest::newRow("off image stays off") << 15 << false << 15;
         QTest::newRow("12 never moves, on") << 12 << true << 12;
         QTest::newRow("12 never moves, off") << 12 << false << 12;
-        QTest::newRow("0 turned off") << 0 << false << 12;
     }
     void imageIndex()
     {
@@ -210,7 +191,6 @@ private slots:
         QTest::newRow("incoming") << 55 << false << false << "Call: incoming";
         QTest::newRow("sounding") << 62 << false << true << "Call: sounding";
         QTest::newRow("exchange aborted") << 62 << false << false << "Call: idle";
-        QTest::newRow("call aborted") << 58 << false << false << "Call: idle";
     }
     void callState()
     {
