@@ -174,6 +174,14 @@ private slots:
                    const auto& m = p.database.nets[1].members;
                    QCOMPARE((QList<int>{m[0], m[1], m[2], m[3]}), (QList<int>{254, 3, 255, 255}));
                });
+        QTest::newRow("member texts: first of two entries, self address before the directory")
+            << QByteArray("[Directory]\nAddress No. 1=HOME\nAddress No. 3=DUP\n"
+                          "Address No. 4=DUP\n[Net No. 2]\nSelf Address=HOME\n"
+                          "Member No. 1=DUP\nMember No. 2=HOME\n")
+            << AleSetup([](AleProgramme& p) {
+                   const auto& m = p.database.nets[1].members;
+                   QCOMPARE((QList<int>{m[0], m[1]}), (QList<int>{2, 254}));
+               });
         QTest::newRow("an empty member text matches an empty self address")
             << QByteArray("[Net No. 2]\nMember No. 1=\n") << AleSetup([](AleProgramme& p) {
                    const auto& m = p.database.nets[1].members;
