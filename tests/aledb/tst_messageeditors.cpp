@@ -85,7 +85,6 @@ private slots:
     void dialChoicesStoreTheChosenEntry_data()
     {
         columns<int, int>("position", "stored");
-        QTest::newRow("first") << 0 << 0;
         QTest::newRow("after the gap") << 1 << 2;
         QTest::newRow("empty item") << 2 << 255;
         QTest::newRow("outside the list") << 7 << 255;

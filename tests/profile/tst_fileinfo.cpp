@@ -20,8 +20,6 @@ private slots:
                                    << QByteArray("first\r\nsecond");
         QTest::newRow("lone breaks")
             << QByteArray("a\nb\rc") << QByteArray("a\\rb\\rc") << QByteArray("a\r\nb\r\nc");
-        QTest::newRow("empty lines")
-            << QByteArray("\r\n\r\nx") << QByteArray("\\r\\rx") << QByteArray("\r\n\r\nx");
         QTest::newRow("other backslashes kept")
             << QByteArray("c:\\n\\") << QByteArray("c:\\n\\") << QByteArray("c:\\n\\");
     }
