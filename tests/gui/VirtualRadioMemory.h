@@ -49,6 +49,13 @@ public:
                 radio, [&] { act(*radio); }, Qt::BlockingQueuedConnection);
     }
 
+    radiosim::RadioState state() const
+    {
+        radiosim::RadioState state;
+        onRadio([&](radiosim::VirtualRadio& radio) { state = radio.state(); });
+        return state;
+    }
+
     dbase radioRecord() const
     {
         return recordOf<dbase>(TransferTarget::Radio, &radiosim::RadioDatabases::radio);

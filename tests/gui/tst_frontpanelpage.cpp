@@ -52,12 +52,6 @@ private:
             QTest::mouseClick(page->button(key), Qt::LeftButton);
     }
     static QString shown(FrontPanelPage* page) { return page->screen()->shownLines().join('|'); }
-    radiosim::RadioState radioState()
-    {
-        radiosim::RadioState state;
-        m_memory.onRadio([&](radiosim::VirtualRadio& radio) { state = radio.state(); });
-        return state;
-    }
 
 private slots:
     void initTestCase()
@@ -117,7 +111,7 @@ private slots:
         const QString heading = QStringLiteral("CH %1").arg(channel, 3, 10, QLatin1Char('0'));
         QTRY_VERIFY2_WITH_TIMEOUT(shown(koral).contains(heading) && shown(koral).contains("|SQL "),
                                   qPrintable(shown(koral)), 5000);
-        QCOMPARE(int(radioState().activeChannel), channel);
+        QCOMPARE(int(m_memory.state().activeChannel), channel);
         screenshot(m_window.get(), "koral-panel");
         show(Panel::Koral2E);
         QCOMPARE(shown(page(Panel::Koral2E)), shown(koral));
@@ -130,7 +124,7 @@ private slots:
         // The radio moves to another channel while no page shows.
         m_window->showPanel(Panel::ComputerInterface);
         const dbase& record = radio()->session().records().radio;
-        const unsigned active = radioState().activeChannel;
+        const unsigned active = m_memory.state().activeChannel;
         int channel = 1;
         while (!record.channelNo(channel).isProgrammed() || unsigned(channel) == active)
             ++channel;
@@ -167,12 +161,12 @@ private slots:
         QVERIFY(attenuator->isEnabled() && !attenuator->isChecked());
         QTest::mouseClick(attenuator, Qt::LeftButton);
         QTRY_VERIFY(attenuator->isChecked());
-        QVERIFY(radioState().attenuator);
+        QVERIFY(m_memory.state().attenuator);
         // The window's shortcut for the same command reaches it from the page, and the key
         // follows.
         QTest::keyClick(page(Panel::Koral2E), Qt::Key_4, Qt::ControlModifier);
         QTRY_VERIFY(!attenuator->isChecked());
-        QVERIFY(!radioState().attenuator);
+        QVERIFY(!m_memory.state().attenuator);
         QTest::mouseClick(companion->moreKey(), Qt::LeftButton);
         QCOMPARE(companion->shownSwitches(), QStringList({"SQL", "MON", "NB"}));
     }
