@@ -735,7 +735,6 @@ private slots:
         QVERIFY(ccir()->directoryGrid()->item(0, 0)->text().isEmpty());
         QCOMPARE(ccir()->directoryGrid()->item(11, 0)->text(), QStringLiteral("402200"));
         QVERIFY(ccir()->isModified());
-        ccir()->document().markClean();
     }
 
     void messageAndSettingEditedAndSaved()
