@@ -283,18 +283,15 @@ private slots:
     {
         // parsed: address|port|reachable from outside
         columns<QString, QString>("text", "parsed");
-        QTest::newRow("loopback") << "127.0.0.1:4532"
-                                  << "127.0.0.1|4532|0";
-        QTest::newRow("all interfaces") << "0.0.0.0:4600"
-                                        << "0.0.0.0|4600|1";
-        QTest::newRow("IPv6") << "[::1]:4532"
-                              << "::1|4532|0";
-        QTest::newRow("no port") << "127.0.0.1"
-                                 << "";
-        QTest::newRow("port out of range") << "127.0.0.1:70000"
-                                           << "";
-        QTest::newRow("host name") << "localhost:4532"
-                                   << "";
+        const auto row = [](const char* name, const char* text, const char* parsed) {
+            QTest::newRow(name) << QString(text) << QString(parsed);
+        };
+        row("loopback", "127.0.0.1:4532", "127.0.0.1|4532|0");
+        row("all interfaces", "0.0.0.0:4600", "0.0.0.0|4600|1");
+        row("IPv6", "[::1]:4532", "::1|4532|0");
+        row("no port", "127.0.0.1", "");
+        row("port out of range", "127.0.0.1:70000", "");
+        row("host name", "localhost:4532", "");
     }
     void listenText()
     {
