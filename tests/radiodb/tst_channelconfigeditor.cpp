@@ -112,7 +112,6 @@ private slots:
             {0u, 5'000'000u, int(Editor::Edit::ReceiveOnly), "0.1", "", true, 0u, 100'000u});
         row("rx 0.09 refused",
             {0u, 5'000'000u, int(Editor::Edit::ReceiveOnly), "0.09", "0.09" + kRxRange, false});
-        row("double point", {5'000'000u, 0u, txOnly, "12..5", "12..5 is an invalid frequency"});
         row("letter", {5'000'000u, 0u, txOnly, "12a", "12a is an invalid frequency"});
         row("empty counts as zero", {5'000'000u, 0u, txOnly, "", kBothZero, true, 0u, 0u});
         row("simplex checked as transmit",

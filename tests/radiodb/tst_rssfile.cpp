@@ -54,11 +54,6 @@ QString describe(const dbase& db, bool isb, const QString& field)
         }
         return QStringLiteral("%1:%2").arg(group.guardChannel.get()).arg(joined(members, ','));
     }
-    if (field.startsWith("option")) {
-        const OptionRecord& option = db.options[std::size_t(field.mid(6).toInt())];
-        return text(option.softwareVersion) + "," + text(option.hardwareVersion) + "," +
-               QString::number(option.status);
-    }
     if (field.startsWith("ecn"))
         return text(db.ecn[std::size_t(field.mid(3).toInt() - 1)]);
     if (field == "serial")
@@ -122,7 +117,6 @@ private slots:
         };
         columns<QByteArray, QString, QString>("content", "field", "expected");
 
-        row("missing option loads disabled", "", "option0", ",,0");
         row("defaults of the radio options", "", "radio options", "1 50 2 5 0 5 0 0 1 0 1 3 0 0");
         row("radio options",
             "[Radio Options]\r\nPriority_Channel=150\r\nCW_PTT_Hold=150 mSec\r\n"
