@@ -48,23 +48,25 @@ const QList<QByteArray> kStrayValues{"",    "\"\"",   "\" \"",       "'",      "
                                      "255", "65535",  "99999999999", "Yes",    "no", "Auto",
                                      "Max", "300 ms", "2 Ch/Sec",    "\" A \""};
 
-class Breaker
+struct Breaker
 {
-public:
-    explicit Breaker(quint32 seed) : m_random(seed) {}
+    QRandomGenerator m_random;
 
     QByteArray broken(const QByteArray& example)
     {
-        if (m_random.bounded(12) == 0)
-            return noise();
+        if (pick(12) == 0) { // noise
+            QByteArray text(pick(1500), '\0');
+            for (char& c : text)
+                c = char(pick(256));
+            return text;
+        }
         QList<QByteArray> lines = example.split('\n');
         const int edits = 1 + m_random.bounded(4);
         for (int i = 0; i < edits && !lines.isEmpty(); ++i)
             edit(lines);
-        return lines.join(m_random.bounded(2) ? "\n" : "\r\n");
+        return lines.join(pick(2) ? "\n" : "\r\n");
     }
 
-private:
     int pick(int size) { return m_random.bounded(size); }
 
     void edit(QList<QByteArray>& lines)
@@ -122,16 +124,6 @@ private:
         const QByteArray& other = lines[pick(int(lines.size()))];
         return other.mid(other.indexOf('=') + 1);
     }
-
-    QByteArray noise()
-    {
-        QByteArray text(pick(1500), '\0');
-        for (char& c : text)
-            c = char(m_random.bounded(256));
-        return text;
-    }
-
-    QRandomGenerator m_random;
 };
 
 } // namespace
@@ -243,9 +235,6 @@ private slots:
                        {"Self Address=NCCOAST", "Self Address=PORTA"}}
             << QStringList{"Channel 40 is scanned channel in net no. 3 but not programmed.",
                            "Net no. 2 Self Address ('PORTA') defined in the Directory"};
-        QTest::newRow("name equal to a self address")
-            << QByteArray() << true << Changes{{"Net Name=EMERG", "Net Name=NCHQ"}}
-            << QStringList{"Net no. 5 Self Address ('NCHQ') defined as Net no. 1 Net Name"};
     }
     void check()
     {
@@ -404,17 +393,6 @@ private slots:
         QCOMPARE(readAll(path("plan.rss")), readAll(path("normal.rss")));
     }
 
-    void garbageNeverCrashes()
-    {
-        QByteArray noise;
-        for (int i = 0; i < 4096; ++i)
-            noise.append(char((i * 7919 + 13) % 256));
-        writeFile(path("noise.rss"), noise);
-        QCOMPARE(koralctl({"summary", path("noise.rss"), "--all"}).exitCode, 0);
-        QVERIFY(koralctl({"check", path("noise.rss")}).exitCode <= 1);
-        QCOMPARE(koralctl({"normalize", path("noise.rss"), path("noise-out.rss")}).exitCode, 0);
-    }
-
     // The examples are in the program's own layout already. Whatever a file was made from, the
     // first save settles it: normalizing the output again writes the same bytes. The inputs are the
     // examples, broken the way hand-edited files break, and some noise; the seed is fixed, so a
@@ -441,7 +419,7 @@ private slots:
         }
         const QByteArray example = readAll(examplePath).replace("\r\n", "\n");
         QVERIFY(!example.isEmpty());
-        Breaker breaker(17);
+        Breaker breaker{QRandomGenerator(17)};
         for (int round = 0; round < 100; ++round) {
             const QByteArray input = breaker.broken(example);
             writeFile(in, input);
