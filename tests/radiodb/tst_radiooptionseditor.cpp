@@ -109,7 +109,6 @@ private slots:
         columns<int, QString, QString>("stored", "steps", "shown");
         row("stored amplifier shows checked", 1, "", "1000 1");
         row("stored Accessory1 shows none", 2, "", "0000 0");
-        row("stored Accessory2 shows none", 3, "", "0000 0");
         row("accessory 2 replaces amplifier", 1, "+3", "0010 3");
         row("unchecking the checked one clears", 0, "+2 -2", "0000 0");
         row("unchecking another leaves it", 0, "+2 -1", "0100 2");
