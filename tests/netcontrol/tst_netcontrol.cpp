@@ -63,12 +63,6 @@ private slots:
         m_commands = std::make_unique<ClientCommands>(*m_fixture->session);
         m_interpreter = std::make_unique<RigctlInterpreter>(*m_commands);
     }
-    void cleanupTestCase()
-    {
-        m_interpreter.reset();
-        m_commands.reset();
-        m_fixture.reset();
-    }
 
     // One client's conversation, in order: each row builds on the rows before it.
     void conversation_data()
