@@ -162,8 +162,6 @@ private slots:
         row("unknown kind", {"summary", "NOTES"}, "NOTES: unknown file kind (expected .rss)");
         row("programme of another kind", {"check", kExample, kExample},
             kExample + ": unknown file kind (expected .ale)");
-        row("missing CCIR file", {"normalize", "/nonexistent/a.ccr", "b.ccr"},
-            "Cannot read the file /nonexistent/a.ccr: No such file or directory");
         row("diff of two kinds", {"diff", kExample, "b.ale"},
             kExample + " and b.ale are not files of one kind");
         row("serve without a radio port", {"serve"},
@@ -200,8 +198,6 @@ private slots:
         columns<QStringList, int, QString>("arguments", "exitCode", "start");
         QTest::newRow("overview") << QStringList{"--help"} << 0 << "usage: koralctl COMMAND";
         QTest::newRow("no arguments") << QStringList{} << 2 << "usage: koralctl COMMAND";
-        QTest::newRow("normalize") << QStringList{"normalize", "--help"} << 0
-                                   << "usage: koralctl normalize IN OUT [--no-global-members]\n";
         QTest::newRow("check, help after arguments")
             << QStringList{"check", "x", "-h"} << 0
             << "usage: koralctl check RADIO.rss [PROGRAMME.ale]\n";
