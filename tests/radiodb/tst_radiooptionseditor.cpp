@@ -38,7 +38,6 @@ private slots:
         columns<int, int, int, int>("field", "stored", "index", "applied");
         // field: 0 CW PTT hold, 1 alternate display, 2 data power, 3 alert tone, 4 scan rate
         QTest::newRow("cw 150 ms") << 0 << 15 << 0 << 15;
-        QTest::newRow("cw 500 ms") << 0 << 50 << 1 << 50;
         QTest::newRow("cw 20 unknown") << 0 << 20 << -1 << 20;
         QTest::newRow("display 1 s") << 1 << 1 << 0 << 1;
         QTest::newRow("display 10 s") << 1 << 10 << 9 << 10;

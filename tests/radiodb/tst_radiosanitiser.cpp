@@ -151,7 +151,6 @@ private slots:
                                                        "expectedGuard", "expectedMembers");
         row("guard that is a member stays", 200, 17, {3, 5, 17}, 17, {3, 5, 17});
         row("guard that is no member is dropped", 200, 100, {5}, 65535, {5});
-        row("empty bitmap drops the guard", 200, 12, {}, 65535, {});
         row("bit 0 is never a channel", 200, 0, {0, 1}, 65535, {1});
         row("channels above the radio's count go", 100, 150, {99, 100, 101, 150, 200}, 65535,
             {99, 100});
