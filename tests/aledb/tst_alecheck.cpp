@@ -30,9 +30,6 @@ private slots:
                            "Net no. 2 does not have Scanned Channels.",
                            "Net no. 2 does not have Self Address."}
             << true;
-        QTest::newRow("self address and channels need no name")
-            << AleSetup([](AleProgramme& p) { setNet(p, 6, "", "STN6", {4}); }) << true
-            << QStringList{} << true;
         QTest::newRow("channels without self address")
             << AleSetup([](AleProgramme& p) { setNet(p, 2, "", "", {4}); }) << true
             << QStringList{"Net no. 2 does not have Self Address."} << true;

@@ -16,49 +16,20 @@ using namespace koral::test;
 
 namespace {
 
-// Net 2 scans four channels and has three members; the directory has a gap; two dials.
-AleProgramme sampleProgramme()
-{
-    AleProgramme p = emptyProgramme();
-    setDirectory(p, 0, "ALPHA");
-    setDirectory(p, 2, "CHARLIE");
-    setMessage(p, 0, "CHECK IN");
-    p.database.autoDials[0] = {0, 0};
-    p.database.autoDials[3] = {2, kSlotEmpty};
-    setNet(p, 2, "NETB", "HOME", {1, 2, 5, 17});
-    ale_net& net = p.database.nets[1];
-    net.allCallChannel.set(5);
-    net.members[0] = 2;
-    net.members[1] = kSlotSelfAddress;
-    net.members[5] = 0;
-    net.tuneTime = 4;
-    net.sounding = 60;
-    net.occupancyCheck = 12;
-    p.database.options.multinet = 1;
-    p.database.options.minLqaScore = 40;
-    p.extraOptions = {0, 150, 1, 0};
-    p.globalMembers.nets[1].members[0] = 0x80 | 2;
-    p.globalMembers.nets[1].members[3] = 7;
-    setFieldText(p.globalMembers.nets[1].name, "GRPB");
-    return p;
-}
+const char* const kExample = KORAL_EXAMPLES_DIR "/radio.ale";
 
-dbase sampleRadio()
+// The example's programme: five nets, members and global members, dials and a full option set.
+AleProgramme exampleProgramme()
 {
-    dbase radio{};
-    std::memcpy(radio.serialNumber.data(), "SN000123", 8);
-    std::memcpy(radio.radioCode.data(), "RC77", 4);
-    std::memcpy(radio.softwareVersion.data(), "03.100", 6);
-    std::memcpy(radio.hardwareVersion.data(), "02.00", 5);
-    std::memcpy(radio.controlHeadSoftwareVersion.data(), "01.20", 5);
-    std::memcpy(radio.controlHeadHardwareVersion.data(), "01.00", 5);
-    return radio;
+    AleProgramme p;
+    readAleProfile(ProfileFile(kExample), &p, nullptr, nullptr, {}, false);
+    return p;
 }
 
 QByteArray written(const AleProgramme& p, bool globalMembers = true)
 {
     ProfileFile file;
-    writeAleProfile(file, p, sampleRadio(), nullptr, {globalMembers, 200});
+    writeAleProfile(file, p, dbase{}, nullptr, {globalMembers, 200});
     const std::string bytes = file.content();
     return QByteArray(bytes.data(), int(bytes.size()));
 }
@@ -81,43 +52,31 @@ bool sameRecords(const AleProgramme& a, const AleProgramme& b)
            std::memcmp(&a.extraOptions, &b.extraOptions, sizeof a.extraOptions) == 0;
 }
 
-QByteArray crlf(const char* text)
-{
-    return QByteArray(text).replace("\n", "\r\n");
-}
-
 class AleFileTest : public QObject
 {
     Q_OBJECT
 private slots:
-    void writesSectionsAndKeysInOrder()
+    // The example is in this program's own layout: loaded and written again, every section,
+    // key and text comes back in its place.
+    void exampleWritesBackItsOwnBytes()
     {
-        const QByteArray expected = crlf(
-            "[ZOV]\nZOV_Version=2.01\nComment=\nUserName=\n[Wide Information]\n"
-            "Serial_Number=SN000123\nRadio_Code=RC77\nSoftware_Version=03.100\n"
-            "Hardware_Version=02.00\nControl_Head_Software_Version=01.20\n"
-            "Control_Head_Hardware_Version=01.00\n[Options]\nPTT Timeout=No Timeout\n"
-            "Multinet=No\nAnycall=Yes\nMin. LQA Score=40\nAMD message=Yes\nExternal Alarm=Yes\n"
-            "Alert=Yes\nWildcard=Yes\nQuick PTT Call=Yes\nAuto Address=Yes\n"
-            "Accept Link Timeout=0\nIn link=No\nMax Channel=150\nVcds=No\nLinkAfterBidr=Yes\n"
-            "[Directory]\nAddress No. 1=ALPHA\nAddress No. 3=CHARLIE\n[Messages]\n"
-            "Message No. 0=CHECK IN\n[Automatic Dials]\nAuto Dial No. 0=ALPHA,CHECK IN\n"
-            "Auto Dial No. 3=\"CHARLIE, \"\n[Net No. 2]\nNet Name=NETB\nSelf Address=HOME\n"
-            "Scan_Rate=2 Ch/Sec\nTune Time=4 Sec\nMaster/Slave=Master\nSilent=No\n"
-            "Home Ack=Yes\nMonitor Ack=Yes\nAll Call=Send and Receive\nLQA Request=Yes\n"
-            "Sounding=Auto.-60 Min\nOccupancy Check=1200 ms\nAll Call Channel=5\n"
-            "Scanned Channels=1,2,5,17\nMember No. 1=CHARLIE\nMember No. 2=HOME\n"
-            "Member No. 6=ALPHA\nGlobal Member No. 1=130\nGlobal Member No. 4=7\n"
-            "Global Members Name=GRPB\n");
-        QCOMPARE(written(sampleProgramme()), expected);
+        const ProfileFile example(kExample);
+        AleProgramme p;
+        dbase radio{};
+        FileInfo info;
+        QCOMPARE(readAleProfile(example, &p, &radio, &info, {}, false), alefile::kSuccess);
+        ProfileFile file;
+        writeAleProfile(file, p, radio, &info, {});
+        QCOMPARE(QByteArray::fromStdString(file.content()),
+                 QByteArray::fromStdString(example.content()));
     }
 
     void globalMembersOnlyWhileInForce()
     {
-        const QByteArray text = written(sampleProgramme(), false);
+        const QByteArray text = written(exampleProgramme(), false);
         QVERIFY(!text.contains("Global Member"));
-        QVERIFY(text.endsWith("Member No. 6=ALPHA\r\n"));
-        const AleProgramme p = readBack(written(sampleProgramme()), false);
+        QVERIFY(text.endsWith("Member No. 5=NCBASE1\r\n"));
+        const AleProgramme p = readBack(written(exampleProgramme()), false);
         for (const auto& group : p.globalMembers.nets) {
             QVERIFY(fieldText(group.name).empty());
             QCOMPARE(group.members[0], kSlotEmpty);
@@ -127,7 +86,6 @@ private slots:
     void roundTrip_data()
     {
         QTest::addColumn<AleSetup>("setup");
-        QTest::newRow("sample") << AleSetup([](AleProgramme&) {});
         QTest::newRow("full directory and messages") << AleSetup([](AleProgramme& p) {
             for (int i = 0; i < kAleDirectorySize; ++i)
                 setDirectory(p, i, "STN" + std::to_string(i));
@@ -155,14 +113,17 @@ private slots:
             p.database.options = {10, 0, 0, 0, 0, 100, 2, 1, 0, 0, 0, 1};
             p.extraOptions = {1, 0, 0, 1};
         });
-        QTest::newRow("dial to nothing with a message") << AleSetup([](AleProgramme& p) {
-            p.database.autoDials[5] = {kSlotEmpty, 0};
-        });
+        // The options' Multinet differs from the extra options' one, the file keeps one.
+        QTest::newRow("dial to nothing with a message, two Multinets")
+            << AleSetup([](AleProgramme& p) {
+                   p.database.autoDials[5] = {kSlotEmpty, 0};
+                   p.extraOptions.multinet = 0;
+               });
     }
     void roundTrip()
     {
         QFETCH(AleSetup, setup);
-        AleProgramme original = sampleProgramme();
+        AleProgramme original = exampleProgramme();
         setup(original);
         const QByteArray text = written(original);
         const AleProgramme loaded = readBack(text);
@@ -213,6 +174,14 @@ private slots:
                    const auto& m = p.database.nets[1].members;
                    QCOMPARE((QList<int>{m[0], m[1], m[2], m[3]}), (QList<int>{254, 3, 255, 255}));
                });
+        QTest::newRow("member texts: first of two entries, self address before the directory")
+            << QByteArray("[Directory]\nAddress No. 1=HOME\nAddress No. 3=DUP\n"
+                          "Address No. 4=DUP\n[Net No. 2]\nSelf Address=HOME\n"
+                          "Member No. 1=DUP\nMember No. 2=HOME\n")
+            << AleSetup([](AleProgramme& p) {
+                   const auto& m = p.database.nets[1].members;
+                   QCOMPARE((QList<int>{m[0], m[1]}), (QList<int>{2, 254}));
+               });
         QTest::newRow("an empty member text matches an empty self address")
             << QByteArray("[Net No. 2]\nMember No. 1=\n") << AleSetup([](AleProgramme& p) {
                    const auto& m = p.database.nets[1].members;
@@ -262,7 +231,7 @@ private slots:
                          "\r\n[Directory]\r\n"
                          "Address No. 1=NEW\r\n")
                             .toStdString());
-        AleProgramme p = sampleProgramme();
+        AleProgramme p = exampleProgramme();
         const AleProgramme before = p;
         QCOMPARE(readAleProfile(file, &p, nullptr, nullptr, {}, skip), result);
         QCOMPARE(sameRecords(p, before), result == 118);
@@ -271,12 +240,12 @@ private slots:
     void everyNetSectionIsRewritten()
     {
         ProfileFile file;
-        AleProgramme p = sampleProgramme();
-        writeAleProfile(file, p, sampleRadio(), nullptr, {});
+        AleProgramme p = exampleProgramme();
+        writeAleProfile(file, p, dbase{}, nullptr, {});
         QVERIFY(file.hasSection("Net No. 2"));
         p.database.nets[1].scannedChannels.fill(0);
         setNet(p, 4, "NETD", "HOME4", {7});
-        writeAleProfile(file, p, sampleRadio(), nullptr, {});
+        writeAleProfile(file, p, dbase{}, nullptr, {});
         QVERIFY(!file.hasSection("Net No. 2"));
         QCOMPARE(file.read("Net No. 4", "Net Name"), std::string("NETD"));
     }
@@ -286,7 +255,7 @@ private slots:
         QTemporaryDir dir;
         const std::filesystem::path path = dir.filePath("missing/prog.ale").toStdString();
         std::string error;
-        QCOMPARE(saveAleFile(path, sampleProgramme(), sampleRadio(), nullptr, {}, &error), 1);
+        QCOMPARE(saveAleFile(path, exampleProgramme(), dbase{}, nullptr, {}, &error), 1);
         QVERIFY(!error.empty());
         QVERIFY(!std::filesystem::exists(path));
     }

@@ -1,7 +1,6 @@
 #include "AleTestSupport.h"
 
 #include "aledb/AleNormalizer.h"
-#include "aledb/AleSlots.h"
 #include "aledb/AleText.h"
 
 #include <QtTest>
@@ -18,7 +17,6 @@ std::uint8_t* byteAt(ale_dbase& db, int offset)
     return reinterpret_cast<std::uint8_t*>(&db) + offset;
 }
 
-constexpr int kNet0 = 0;
 constexpr int kNet1 = 91;
 constexpr int kOptions = 1820;
 
@@ -109,7 +107,6 @@ private slots:
         QTest::newRow("accept link 3") << kOptions + 6 << 3 << 0;
         QTest::newRow("in link 2") << kOptions + 11 << 2 << 0;
         QTest::newRow("dial address 120") << 3432 + 2 << 120 << 255;
-        QTest::newRow("dial address 254") << 3432 + 2 << 254 << 255;
         QTest::newRow("dial message 10") << 3433 << 10 << 255;
         QTest::newRow("dial address of a directory entry") << 3432 << 2 << 2;
         QTest::newRow("dial address of an empty entry") << 3432 << 3 << 255;
@@ -176,37 +173,6 @@ private slots:
                     result << byte * 8 + bit;
         QCOMPARE(result, expectedScanned);
         QCOMPARE(int(net.allCallChannel.get()), expectedAllCall);
-    }
-
-    void slotMapping_data()
-    {
-        columns<QString, QString, int>("self", "text", "slot");
-        const auto row = [](const char* name, const char* self, const char* text, int slot) {
-            QTest::newRow(name) << QString(self) << QString(text) << slot;
-        };
-        row("directory entry", "SELF", "BRAVO", 1);
-        row("first of duplicates", "SELF", "DUP", 2);
-        row("self address", "SELF", "SELF", 254);
-        row("self wins over directory", "ALPHA", "ALPHA", 254);
-        row("case matters", "SELF", "bravo", 255);
-        row("unknown", "SELF", "ZULU", 255);
-        row("empty", "SELF", "", 255);
-        row("empty text, empty self", "", "", 254);
-    }
-    void slotMapping()
-    {
-        auto [self, text, slot] = fetch<QString, QString, int>("self", "text", "slot");
-        AleProgramme p = emptyProgramme();
-        setNet(p, 4, "NET", self.toStdString(), {});
-        setDirectory(p, 0, "ALPHA");
-        setDirectory(p, 1, "BRAVO");
-        setDirectory(p, 2, "DUP");
-        setDirectory(p, 3, "DUP");
-        QCOMPARE(int(slotFromText(p.database, 3, text.toStdString())), slot);
-        if (slot != 255 && !text.isEmpty())
-            QCOMPARE(QString::fromStdString(
-                         std::string(slotText(p.database, 3, static_cast<std::uint8_t>(slot)))),
-                     text);
     }
 };
 

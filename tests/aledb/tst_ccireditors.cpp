@@ -118,7 +118,6 @@ private slots:
         row("preamble 99", 3, "99", "99", "");
         row("preamble 100", 3, "100", "6", "Preamble must be a number from 0 to 99, not '100'.");
         row("preamble empty", 3, "", "6", "Preamble must be a number from 0 to 99, not ''.");
-        row("beacon on", 4, "1", "1", "");
         row("beacon 2", 4, "2", "0", "Beacon must be a number from 0 to 1, not '2'.");
         row("alarm off", 5, "0", "0", "");
         row("alarm negative", 5, "-1", "1", "Alarm must be a number from 0 to 1, not '-1'.");

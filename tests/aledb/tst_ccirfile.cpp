@@ -49,55 +49,41 @@ private slots:
         record.selfId4.set(0x1234);
         record.selfId6.set(0x00ABCDEF);
         record.directory[99].set(0x01020304);
-        const auto* bytes = reinterpret_cast<const std::uint8_t*>(&record);
-        QCOMPARE(QByteArray(reinterpret_cast<const char*>(bytes), 6).toHex(),
-                 QByteArray("123400abcdef"));
-        QCOMPARE(QByteArray(reinterpret_cast<const char*>(bytes) + 402, 4).toHex(),
-                 QByteArray("01020304"));
-        QCOMPARE(record.selfId6.get(), 0x00ABCDEFu);
+        const auto* bytes = reinterpret_cast<const char*>(&record);
+        QCOMPARE(QByteArray(bytes, 6).toHex(), QByteArray("123400abcdef"));
+        QCOMPARE(QByteArray(bytes + 402, 4).toHex(), QByteArray("01020304"));
 
-        // The rows see the record in host order; the conversion is its own inverse pair.
-        const ccir_dbase host = CcirFile::toHostOrder(record);
-        std::uint16_t id4;
-        std::memcpy(&id4, &host.selfId4, sizeof id4);
-        QCOMPARE(id4, std::uint16_t{0x1234});
-        const ccir_dbase back = CcirFile::toRadioOrder(host);
-        QCOMPARE(std::memcmp(&back, &record, sizeof record), 0);
+        // CCIR channel numbers travel the same way.
+        CcirChannelNumbers numbers{};
+        numbers[0] = 0x0102;
+        numbers[199] = 65535;
+        const channel_name names = toChannelName(numbers);
+        const auto* nameBytes = reinterpret_cast<const char*>(&names);
+        QCOMPARE(QByteArray(nameBytes, 2).toHex(), QByteArray("0102"));
+        QCOMPARE(QByteArray(nameBytes + 398, 2).toHex(), QByteArray("ffff"));
+        QCOMPARE(fromChannelName(names), numbers);
     }
 
+    // The example is in this program's own layout; an entry above 2^31 is written as the
+    // file's signed number; what is saved loads back to the same record, comment and time.
     void savedLayout()
     {
+        const std::filesystem::path example = KORAL_EXAMPLES_DIR "/radio.ccr";
         ccir_dbase record{};
-        record.selfId6.set(123456);
-        record.selfId4.set(1234);
-        record.alarm = 1;
-        record.beacon = 200;
-        record.preamble = 6;
-        setText(record.message1, "HELLO STATION");
-        record.directory[0].set(11111);
-        record.directory[5].set(4000000000u);
         FileInfo info;
-        info.comment = "two\r\nlines";
-        info.userName = "me";
+        CcirState state;
+        QCOMPARE(CcirFile(example).load(&info, record, state), CcirFile::kLoaded);
+        QCOMPARE(CcirFile::content(info, record), test::readBytes(example));
 
-        CcirFile file(path("a.ccr"));
-        QCOMPARE(file.save(info, record), 1);
-        QCOMPARE(test::readBytes(path("a.ccr")),
-                 std::string("[Ccir Option]\r\nCcir 6 Digits Id=123456\r\nCcir 4 Digits Id=1234\r\n"
-                             "Ccir Alarm=1\r\nCcir Beacon=200\r\nCcir Preamble=6\r\n"
-                             "Ccir Message1=HELLO STATION\r\nCcir Message2=\r\n"
-                             "Ccir Directory0=11111\r\nCcir Directory5=-294967296\r\n"
-                             "Comment=two\\rlines\r\nUserName=me\r\n"
-                             "[ZOV]\r\nZOV_Version=2.01\r\n"));
+        record.directory[5].set(4000000000u);
+        QCOMPARE(CcirFile(path("a.ccr")).save(info, record), 1);
+        QVERIFY(test::readBytes(path("a.ccr")).find("Ccir Directory5=-294967296\r\n") !=
+                std::string::npos);
         QVERIFY(info.modificationTime > 0);
-
-        // What was saved loads back to the same record, comment and time.
         ccir_dbase loaded{};
         loaded.alarm = 77;
         FileInfo loadedInfo;
-        CcirState state;
         QCOMPARE(CcirFile(path("a.ccr")).load(&loadedInfo, loaded, state), CcirFile::kLoaded);
-        QCOMPARE(describe(loaded), describe(record));
         QCOMPARE(std::memcmp(&loaded, &record, sizeof record), 0);
         QCOMPARE(loadedInfo.comment, info.comment);
         QCOMPARE(loadedInfo.modificationTime, info.modificationTime);
@@ -172,18 +158,6 @@ private slots:
         QCOMPARE(record.alarm, std::uint8_t{5});
         QVERIFY(!state.dataFromFile);
         QVERIFY(!folder.errorString().empty());
-    }
-
-    void channelNames()
-    {
-        CcirChannelNumbers numbers{};
-        numbers[0] = 0x0102;
-        numbers[199] = 65535;
-        const channel_name record = toChannelName(numbers);
-        const auto* bytes = reinterpret_cast<const char*>(&record);
-        QCOMPARE(QByteArray(bytes, 2).toHex(), QByteArray("0102"));
-        QCOMPARE(QByteArray(bytes + 398, 2).toHex(), QByteArray("ffff"));
-        QCOMPARE(fromChannelName(record), numbers);
     }
 
 private:

@@ -44,7 +44,6 @@ private slots:
         row("empty text", 5, "", "", false, false);
         row("new address", 5, "NEW1", "", true, false);
         row("lower case", 5, "abc", "'abc' is an invalid address.", false, false);
-        row("punctuation", 5, "AB-1", "'AB-1' is an invalid address.", false, false);
         row("too long", 5, "ABCDEFGHIJKLMNOP", "'ABCDEFGHIJKLMNOP' is an invalid address.", false,
             false);
         row("net name", 5, "NETC", "'NETC' is net no. 3 Net Name.", false, false);

@@ -12,10 +12,7 @@ namespace {
 using Outcome = test::KoralctlOutcome;
 using Changes = QList<QPair<QByteArray, QByteArray>>;
 
-Outcome koralctl(const QStringList& arguments)
-{
-    return test::runKoralctl(arguments);
-}
+const auto koralctl = &test::runKoralctl;
 
 const QString kExample = QStringLiteral(KORAL_EXAMPLES_DIR "/radio.rss");
 const QString kProgramme = QStringLiteral(KORAL_EXAMPLES_DIR "/radio.ale");
@@ -51,23 +48,25 @@ const QList<QByteArray> kStrayValues{"",    "\"\"",   "\" \"",       "'",      "
                                      "255", "65535",  "99999999999", "Yes",    "no", "Auto",
                                      "Max", "300 ms", "2 Ch/Sec",    "\" A \""};
 
-class Breaker
+struct Breaker
 {
-public:
-    explicit Breaker(quint32 seed) : m_random(seed) {}
+    QRandomGenerator m_random;
 
     QByteArray broken(const QByteArray& example)
     {
-        if (m_random.bounded(12) == 0)
-            return noise();
+        if (pick(12) == 0) { // noise
+            QByteArray text(pick(1500), '\0');
+            for (char& c : text)
+                c = char(pick(256));
+            return text;
+        }
         QList<QByteArray> lines = example.split('\n');
         const int edits = 1 + m_random.bounded(4);
         for (int i = 0; i < edits && !lines.isEmpty(); ++i)
             edit(lines);
-        return lines.join(m_random.bounded(2) ? "\n" : "\r\n");
+        return lines.join(pick(2) ? "\n" : "\r\n");
     }
 
-private:
     int pick(int size) { return m_random.bounded(size); }
 
     void edit(QList<QByteArray>& lines)
@@ -125,16 +124,6 @@ private:
         const QByteArray& other = lines[pick(int(lines.size()))];
         return other.mid(other.indexOf('=') + 1);
     }
-
-    QByteArray noise()
-    {
-        QByteArray text(pick(1500), '\0');
-        for (char& c : text)
-            c = char(m_random.bounded(256));
-        return text;
-    }
-
-    QRandomGenerator m_random;
 };
 
 } // namespace
@@ -158,47 +147,31 @@ private slots:
     void errors_data()
     {
         columns<QStringList, QString>("arguments", "message");
-        QTest::newRow("unknown command")
-            << QStringList{"frob"} << "koralctl: unknown command 'frob' (see 'koralctl --help')\n";
-        QTest::newRow("unknown option")
-            << QStringList{"summary", kExample, "--every"}
-            << "koralctl: unknown option '--every' (see 'koralctl summary --help')\n";
-        QTest::newRow("option of another command")
-            << QStringList{"check", kExample, "--all"}
-            << "koralctl: unknown option '--all' (see 'koralctl check --help')\n";
-        QTest::newRow("too few arguments") << QStringList{"normalize", kExample}
-                                           << "koralctl: wrong arguments; usage: koralctl "
-                                              "normalize IN OUT [--no-global-members]\n";
-        QTest::newRow("too many arguments")
-            << QStringList{"check", kExample, kExample, kExample}
-            << "koralctl: wrong arguments; usage: koralctl check RADIO.rss [PROGRAMME.ale]\n";
-        QTest::newRow("missing file")
-            << QStringList{"check", "/nonexistent/radio.rss"}
-            << "koralctl: Cannot read the file /nonexistent/radio.rss: No "
-               "such file or directory\n";
-        QTest::newRow("unknown kind") << QStringList{"summary", "NOTES"}
-                                      << "koralctl: NOTES: unknown file kind (expected .rss)\n";
-        QTest::newRow("programme of another kind")
-            << QStringList{"check", kExample, kExample}
-            << "koralctl: " + kExample + ": unknown file kind (expected .ale)\n";
-        QTest::newRow("missing CCIR file")
-            << QStringList{"normalize", "/nonexistent/a.ccr", "b.ccr"}
-            << "koralctl: Cannot read the file /nonexistent/a.ccr: No such file or directory\n";
-        QTest::newRow("diff of two kinds")
-            << QStringList{"diff", kExample, "b.ale"}
-            << "koralctl: " + kExample + " and b.ale are not files of one kind\n";
-        QTest::newRow("serve without a radio port")
-            << QStringList{"serve"}
-            << "koralctl: --port P is required (a port number, a device path or tcp:HOST:PORT)\n";
-        QTest::newRow("serve, listen without port")
-            << QStringList{"serve", "--port", "virtual", "--listen", "127.0.0.1"}
-            << "koralctl: '127.0.0.1' is not ADDRESS:PORT (for example 127.0.0.1:4532)\n";
-        QTest::newRow("serve, scratch beyond 200")
-            << QStringList{"serve", "--port", "virtual", "--scratch", "201"}
-            << "koralctl: The scratch channel 201 is not a channel number (1-200).\n";
-        QTest::newRow("normalize of an unknown kind")
-            << QStringList{"normalize", "plan.txt", "out.txt"}
-            << "koralctl: plan.txt: unknown file kind (expected .rss, .ale or .ccr)\n";
+        const auto row = [](const char* name, const QStringList& arguments, const QString& text) {
+            QTest::newRow(name) << arguments << "koralctl: " + text + "\n";
+        };
+        row("unknown command", {"frob"}, "unknown command 'frob' (see 'koralctl --help')");
+        row("unknown option", {"summary", kExample, "--every"},
+            "unknown option '--every' (see 'koralctl summary --help')");
+        row("too few arguments", {"normalize", kExample},
+            "wrong arguments; usage: koralctl normalize IN OUT [--no-global-members]");
+        row("too many arguments", {"check", kExample, kExample, kExample},
+            "wrong arguments; usage: koralctl check RADIO.rss [PROGRAMME.ale]");
+        row("missing file", {"check", "/nonexistent/radio.rss"},
+            "Cannot read the file /nonexistent/radio.rss: No such file or directory");
+        row("unknown kind", {"summary", "NOTES"}, "NOTES: unknown file kind (expected .rss)");
+        row("programme of another kind", {"check", kExample, kExample},
+            kExample + ": unknown file kind (expected .ale)");
+        row("diff of two kinds", {"diff", kExample, "b.ale"},
+            kExample + " and b.ale are not files of one kind");
+        row("serve without a radio port", {"serve"},
+            "--port P is required (a port number, a device path or tcp:HOST:PORT)");
+        row("serve, listen without port", {"serve", "--port", "virtual", "--listen", "127.0.0.1"},
+            "'127.0.0.1' is not ADDRESS:PORT (for example 127.0.0.1:4532)");
+        row("serve, scratch beyond 200", {"serve", "--port", "virtual", "--scratch", "201"},
+            "The scratch channel 201 is not a channel number (1-200).");
+        row("normalize of an unknown kind", {"normalize", "plan.txt", "out.txt"},
+            "plan.txt: unknown file kind (expected .rss, .ale or .ccr)");
     }
     void errors()
     {
@@ -225,13 +198,9 @@ private slots:
         columns<QStringList, int, QString>("arguments", "exitCode", "start");
         QTest::newRow("overview") << QStringList{"--help"} << 0 << "usage: koralctl COMMAND";
         QTest::newRow("no arguments") << QStringList{} << 2 << "usage: koralctl COMMAND";
-        QTest::newRow("normalize") << QStringList{"normalize", "--help"} << 0
-                                   << "usage: koralctl normalize IN OUT [--no-global-members]\n";
         QTest::newRow("check, help after arguments")
             << QStringList{"check", "x", "-h"} << 0
             << "usage: koralctl check RADIO.rss [PROGRAMME.ale]\n";
-        QTest::newRow("summary") << QStringList{"summary", "--help"} << 0
-                                 << "usage: koralctl summary RADIO.rss [--all]\n";
     }
     void help()
     {
@@ -249,7 +218,6 @@ private slots:
     {
         columns<QByteArray, bool, Changes, QStringList>("radio", "withProgramme", "changes",
                                                         "lines");
-        QTest::newRow("example") << QByteArray() << false << Changes{} << QStringList{};
         QTest::newRow("every line in order")
             << kBroken << false << Changes{}
             << QStringList{"Priority channel 5 is not programmed.",
@@ -263,9 +231,6 @@ private slots:
                        {"Self Address=NCCOAST", "Self Address=PORTA"}}
             << QStringList{"Channel 40 is scanned channel in net no. 3 but not programmed.",
                            "Net no. 2 Self Address ('PORTA') defined in the Directory"};
-        QTest::newRow("name equal to a self address")
-            << QByteArray() << true << Changes{{"Net Name=EMERG", "Net Name=NCHQ"}}
-            << QStringList{"Net no. 5 Self Address ('NCHQ') defined as Net no. 1 Net Name"};
     }
     void check()
     {
@@ -311,24 +276,6 @@ private slots:
         QCOMPARE(outcome.out,
                  QString("No.\tTx. Freq.\tRx. Freq.\tTx Power\tBand\tMode\tA.G.C.\tB.W.\n"
                          "7\t2\t3\tLOW\tLSB\tAME\tOff\t2.1\n"));
-    }
-
-    // The examples are in the program's own layout already.
-    void normalizeOfTheExamplesKeepsTheirBytes_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::newRow("radio database") << "radio.rss";
-        QTest::newRow("ALE programme") << "radio.ale";
-        QTest::newRow("CCIR database") << "radio.ccr";
-    }
-    void normalizeOfTheExamplesKeepsTheirBytes()
-    {
-        QFETCH(QString, name);
-        const QString example = QStringLiteral(KORAL_EXAMPLES_DIR "/") + name;
-        const Outcome outcome = koralctl({"normalize", example, path("example-" + name)});
-        QCOMPARE(outcome.err, QString());
-        QCOMPARE(outcome.exitCode, cli::kExitOk);
-        QCOMPARE(readAll(path("example-" + name)), readAll(example));
     }
 
     // A repaired file holds these lines and not those, and normalizing it again changes nothing.
@@ -399,8 +346,6 @@ private slots:
         columns<QString, QString, QString, QStringList>("name", "from", "to", "lines");
         QTest::newRow("same radio database")
             << "radio.rss" << QString() << QString() << QStringList{};
-        QTest::newRow("same ALE programme")
-            << "radio.ale" << QString() << QString() << QStringList{};
         QTest::newRow("a receive frequency")
             << "radio.rss"
             << "Channel1=High,USB,2182000,2182000"
@@ -444,20 +389,10 @@ private slots:
         QCOMPARE(readAll(path("plan.rss")), readAll(path("normal.rss")));
     }
 
-    void garbageNeverCrashes()
-    {
-        QByteArray noise;
-        for (int i = 0; i < 4096; ++i)
-            noise.append(char((i * 7919 + 13) % 256));
-        writeFile(path("noise.rss"), noise);
-        QCOMPARE(koralctl({"summary", path("noise.rss"), "--all"}).exitCode, 0);
-        QVERIFY(koralctl({"check", path("noise.rss")}).exitCode <= 1);
-        QCOMPARE(koralctl({"normalize", path("noise.rss"), path("noise-out.rss")}).exitCode, 0);
-    }
-
-    // Whatever a file was made from, the first save settles it: normalizing the output again
-    // writes the same bytes. The inputs are the examples, broken the way hand-edited files
-    // break, and some noise; the seed is fixed, so a failure names a file that can be rebuilt.
+    // The examples are in the program's own layout already. Whatever a file was made from, the
+    // first save settles it: normalizing the output again writes the same bytes. The inputs are the
+    // examples, broken the way hand-edited files break, and some noise; the seed is fixed, so a
+    // failure names a file that can be rebuilt.
     void firstSaveIsStable_data()
     {
         columns<QString, QStringList>("extension", "options");
@@ -470,13 +405,17 @@ private slots:
     void firstSaveIsStable()
     {
         auto [extension, options] = fetch<QString, QStringList>("extension", "options");
-        const QByteArray example =
-            readAll(QStringLiteral(KORAL_EXAMPLES_DIR "/radio.") + extension).replace("\r\n", "\n");
-        QVERIFY(!example.isEmpty());
+        const QString examplePath = QStringLiteral(KORAL_EXAMPLES_DIR "/radio.") + extension;
         const QString in = path("in." + extension);
         const QString once = path("once." + extension);
         const QString twice = path("twice." + extension);
-        Breaker breaker(17);
+        if (options.isEmpty()) {
+            QCOMPARE(koralctl({"normalize", examplePath, once}).err, QString());
+            QCOMPARE(readAll(once), readAll(examplePath));
+        }
+        const QByteArray example = readAll(examplePath).replace("\r\n", "\n");
+        QVERIFY(!example.isEmpty());
+        Breaker breaker{QRandomGenerator(17)};
         for (int round = 0; round < 100; ++round) {
             const QByteArray input = breaker.broken(example);
             writeFile(in, input);

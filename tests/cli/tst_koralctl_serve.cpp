@@ -27,7 +27,6 @@ private slots:
         };
         columns<QString, QString, bool>("command", "out", "refused");
         row("select channel 12", "E 12", "");
-        row("channel", "e", "12\n");
         row("frequency", "f", "5815000\n");
         row("mode", "m", "USB\n3000\n");
         row("no channel on 7.1 MHz", "F 7100000", "", true);

@@ -1,4 +1,3 @@
-#include "common/RecordingNotifier.h"
 #include "common/Texts.h"
 #include "support/Table.h"
 
@@ -24,23 +23,6 @@ private slots:
     {
         auto [id, expected] = fetch<int, QString>("id", "expected");
         QCOMPARE(QString::fromStdString(std::string(text::byId(id))), expected);
-    }
-
-    void formatFillsPlaceholders()
-    {
-        QCOMPARE(text::format(text::kBaudRateNotDefined.data(), 19200),
-                 std::string("The baud rate 19200 is not defined, is set to 1200"));
-    }
-
-    void recorderAnswersFromItsQueue()
-    {
-        RecordingNotifier notifier;
-        notifier.queueAnswer(Answer::No);
-        QCOMPARE(notifier.ask("first?", Buttons::YesNo), Answer::No);
-        QCOMPARE(notifier.ask("second?", Buttons::YesNo), Answer::Yes);
-        notifier.show("done", Icon::Information);
-        QCOMPARE(notifier.entries().size(), std::size_t(3));
-        QCOMPARE(notifier.entries().back().icon, Icon::Information);
     }
 };
 

@@ -17,8 +17,7 @@
 #include <atomic>
 #include <cstring>
 #include <functional>
-#include <initializer_list>
-#include <utility>
+#include <type_traits>
 
 namespace koral::test {
 
@@ -50,79 +49,50 @@ public:
                 radio, [&] { act(*radio); }, Qt::BlockingQueuedConnection);
     }
 
-    // The radio database the radio holds, in host order.
+    radiosim::RadioState state() const
+    {
+        radiosim::RadioState state;
+        onRadio([&](radiosim::VirtualRadio& radio) { state = radio.state(); });
+        return state;
+    }
+
     dbase radioRecord() const
     {
         return recordOf<dbase>(TransferTarget::Radio, &radiosim::RadioDatabases::radio);
     }
-
-    // The first part of the radio's database that differs from `window` (as a write sends it:
-    // sanitised), or an empty text when the radio holds exactly what the window shows.
-    QString differenceFrom(const dbase& window) const
-    {
-        dbase expected = window;
-        sanitise(expected);
-        const dbase radio = radioRecord();
-        for (int c = 1; c <= kChannelCount; ++c)
-            if (differs(radio.channelNo(c), expected.channelNo(c)))
-                return QStringLiteral("channel %1").arg(c);
-        for (std::size_t g = 0; g < radio.groups.size(); ++g)
-            if (differs(radio.groups[g], expected.groups[g]))
-                return QStringLiteral("group %1").arg(QChar('A' + int(g)));
-        return firstOf({{"radio options", differs(radio.radioOptions, expected.radioOptions)},
-                        {"identity or option slots", differs(radio, expected)}});
-    }
-
-    // The ALE programme the radio holds, in the program's order.
     ale_dbase aleRecord() const
     {
         return recordOf<ale_dbase>(TransferTarget::Ale, &radiosim::RadioDatabases::ale);
     }
-
-    // The first part of the radio's ALE programme that differs from `window`, or an empty
-    // text when the radio holds exactly what the window shows.
-    QString differenceFrom(const ale_dbase& window) const
-    {
-        const ale_dbase radio = aleRecord();
-        for (int n = 0; n < kAleNetCount; ++n)
-            if (differs(radio.nets[std::size_t(n)], window.nets[std::size_t(n)]))
-                return QStringLiteral("net %1").arg(n + 1);
-        return firstOf({{"directory", differs(radio.directory, window.directory)},
-                        {"messages", differs(radio.messages, window.messages)},
-                        {"automatic dials", differs(radio.autoDials, window.autoDials)},
-                        {"options or reserved bytes", differs(radio, window)}});
-    }
-
-    // The CCIR database the radio holds (its numbers are kept in the radio's order).
     ccir_dbase ccirRecord() const
     {
         return recordOf<ccir_dbase>(TransferTarget::Ccir, &radiosim::RadioDatabases::ccir);
     }
 
-    // The first part of the radio's CCIR database that differs from `window`, or an empty text
-    // when the radio holds exactly what the window shows.
-    QString differenceFrom(const ccir_dbase& window) const
+    // Where the radio's copy first differs from `window` (a radio database as a write sends
+    // it: sanitised), or an empty text when the radio holds exactly what the window shows.
+    template <typename Record>
+    QString differenceFrom(const Record& window) const
     {
-        const ccir_dbase radio = ccirRecord();
-        return firstOf({{"self address", differs(radio.selfId4, window.selfId4) ||
-                                             differs(radio.selfId6, window.selfId6)},
-                        {"directory", differs(radio.directory, window.directory)},
-                        {"messages", differs(radio.message1, window.message1) ||
-                                         differs(radio.message2, window.message2)},
-                        {"settings", differs(radio, window)}});
-    }
-
-private:
-    static bool differs(const auto& a, const auto& b) { return std::memcmp(&a, &b, sizeof a) != 0; }
-    // The name of the first part that differs, or an empty text.
-    static QString firstOf(std::initializer_list<std::pair<const char*, bool>> parts)
-    {
-        for (const auto& [name, differ] : parts)
-            if (differ)
-                return QString::fromLatin1(name);
+        Record expected = window;
+        if constexpr (std::is_same_v<Record, dbase>)
+            sanitise(expected);
+        Record radio;
+        if constexpr (std::is_same_v<Record, dbase>)
+            radio = radioRecord();
+        else if constexpr (std::is_same_v<Record, ale_dbase>)
+            radio = aleRecord();
+        else
+            radio = ccirRecord();
+        const auto* a = reinterpret_cast<const unsigned char*>(&radio);
+        const auto* b = reinterpret_cast<const unsigned char*>(&expected);
+        for (std::size_t i = 0; i < sizeof radio; ++i)
+            if (a[i] != b[i])
+                return QStringLiteral("byte %1").arg(i);
         return {};
     }
 
+private:
     // The radio's copy of one record, in the program's order.
     template <typename Record, typename Bytes>
     Record recordOf(TransferTarget target, Bytes radiosim::RadioDatabases::*bytes) const

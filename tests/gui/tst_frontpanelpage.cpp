@@ -22,26 +22,6 @@
 using namespace koral;
 using namespace koral::test;
 
-namespace {
-
-// The computer's key for a head key, as the page's hint names it.
-Qt::Key keyboardKey(const QString& label)
-{
-    if (label.size() == 1 && label[0].isDigit())
-        return Qt::Key(Qt::Key_0 + label.toInt());
-    if (label.startsWith('F'))
-        return Qt::Key(Qt::Key_F1 + label.mid(1).toInt() - 1);
-    const std::pair<const char*, Qt::Key> named[] = {
-        {"Enter", Qt::Key_Return}, {"Esc", Qt::Key_Escape}, {"MENU", Qt::Key_M},
-        {"GPS", Qt::Key_G},        {"*", Qt::Key_Asterisk}, {"#", Qt::Key_NumberSign}};
-    for (const auto& [name, key] : named)
-        if (label == QLatin1String(name))
-            return key;
-    return Qt::Key_unknown;
-}
-
-} // namespace
-
 class FrontPanelPageTest : public QObject
 {
     Q_OBJECT
@@ -63,20 +43,15 @@ private:
         shown->setFocus();
         return shown;
     }
+    // A head key by its label with the mouse, or the computer's key the page's hint names.
     static void press(FrontPanelPage* page, const QString& key, bool keyboard)
     {
         if (keyboard)
-            QTest::keyClick(page, keyboardKey(key));
+            QTest::keyClick(page, QKeySequence(key)[0].key());
         else
             QTest::mouseClick(page->button(key), Qt::LeftButton);
     }
     static QString shown(FrontPanelPage* page) { return page->screen()->shownLines().join('|'); }
-    radiosim::RadioState radioState()
-    {
-        radiosim::RadioState state;
-        m_memory.onRadio([&](radiosim::VirtualRadio& radio) { state = radio.state(); });
-        return state;
-    }
 
 private slots:
     void initTestCase()
@@ -97,14 +72,14 @@ private slots:
         columns<int, bool, QStringList, QString>("panel", "keyboard", "keys", "display");
         QTest::newRow("MENU with the mouse") << 3 << false << QStringList{"MENU"} << "MENU 1/7";
         QTest::newRow("MENU, # and a digit with the keyboard, short head")
-            << 5 << true << QStringList{"MENU", "#", "#", "4"} << "MENU 4/7|MONITOR: OFF";
+            << 5 << true << QStringList{"M", "#", "#", "4"} << "MENU 4/7|MONITOR: OFF";
         QTest::newRow("a group chosen in the menu with the mouse")
             << 5 << false << QStringList{"MENU", "2", "Enter", "#", "Enter"}
             << "MENU 2/7|SCAN GROUP: GROUP B";
         // F1 is the manual's key elsewhere in the window: here it is the head's.
         QTest::newRow("F1 with the keyboard") << 3 << true << QStringList{"F1"} << "SQL ON";
         QTest::newRow("F1 with the mouse") << 3 << false << QStringList{"F1"} << "SQL OFF";
-        QTest::newRow("GPS with the keyboard") << 3 << true << QStringList{"GPS"} << "GPS POSITION";
+        QTest::newRow("GPS with the keyboard") << 3 << true << QStringList{"G"} << "GPS POSITION";
     }
     void keysShowTheRadiosAnswer()
     {
@@ -132,11 +107,11 @@ private slots:
         QVERIFY(koral->findChild<QLabel*>("shortcutHint")->isVisible());
         for (QChar digit : QString::number(channel))
             press(koral, digit, true);
-        press(koral, "Enter", true);
+        press(koral, "Return", true);
         const QString heading = QStringLiteral("CH %1").arg(channel, 3, 10, QLatin1Char('0'));
         QTRY_VERIFY2_WITH_TIMEOUT(shown(koral).contains(heading) && shown(koral).contains("|SQL "),
                                   qPrintable(shown(koral)), 5000);
-        QCOMPARE(int(radioState().activeChannel), channel);
+        QCOMPARE(int(m_memory.state().activeChannel), channel);
         screenshot(m_window.get(), "koral-panel");
         show(Panel::Koral2E);
         QCOMPARE(shown(page(Panel::Koral2E)), shown(koral));
@@ -149,7 +124,7 @@ private slots:
         // The radio moves to another channel while no page shows.
         m_window->showPanel(Panel::ComputerInterface);
         const dbase& record = radio()->session().records().radio;
-        const unsigned active = radioState().activeChannel;
+        const unsigned active = m_memory.state().activeChannel;
         int channel = 1;
         while (!record.channelNo(channel).isProgrammed() || unsigned(channel) == active)
             ++channel;
@@ -186,12 +161,12 @@ private slots:
         QVERIFY(attenuator->isEnabled() && !attenuator->isChecked());
         QTest::mouseClick(attenuator, Qt::LeftButton);
         QTRY_VERIFY(attenuator->isChecked());
-        QVERIFY(radioState().attenuator);
+        QVERIFY(m_memory.state().attenuator);
         // The window's shortcut for the same command reaches it from the page, and the key
         // follows.
         QTest::keyClick(page(Panel::Koral2E), Qt::Key_4, Qt::ControlModifier);
         QTRY_VERIFY(!attenuator->isChecked());
-        QVERIFY(!radioState().attenuator);
+        QVERIFY(!m_memory.state().attenuator);
         QTest::mouseClick(companion->moreKey(), Qt::LeftButton);
         QCOMPARE(companion->shownSwitches(), QStringList({"SQL", "MON", "NB"}));
     }

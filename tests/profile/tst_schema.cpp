@@ -80,12 +80,6 @@ T get(const Record& record, std::size_t offset)
     return value;
 }
 
-template <typename T>
-void put(Record& record, std::size_t offset, T value)
-{
-    std::memcpy(record.data() + offset, &value, sizeof value);
-}
-
 QString bits(const Record& record, std::size_t offset, int count)
 {
     QStringList set;
@@ -171,16 +165,13 @@ private slots:
         row("text default", "", "text", "dflt..");
         row("fixed text fills width", "fixed=abcdefgh", "fixed", "abcd");
         row("fixed text padded", "fixed=ab", "fixed", "ab..");
-        row("u32", "u32=12345000", "u32", "12345000");
         row("u32 negative wraps", "u32=-1", "u32", "4294967295");
         row("u32 sign and leading number", "u32=+12abc", "u32", "12");
         row("u32 no digits", "u32=- 1", "u32", "0");
-        row("u32 empty", "u32=", "u32", "0");
         row("u32 largest long", "u32=2147483647", "u32", "2147483647");
         row("u32 saturates like a 32-bit long", "u32=2147483648", "u32", "2147483647");
         row("u32 saturates below", "u32=-99999999999", "u32", "2147483648");
         row("u32 default", "", "u32", "7");
-        row("u16 negative", "u16=-1", "u16", "65535");
         row("u16 keeps low bits", "u16=70000", "u16", "4464");
         row("u16 through list", "listed16=Three", "listed16", "3");
         row("u16 list is case-sensitive", "listed16=three", "listed16", "32768");
@@ -188,8 +179,6 @@ private slots:
         row("u8 keeps low byte", "u8=300", "u8", "44");
         row("u8 through list", "listed8=Two", "listed8", "2");
         row("u8 unknown text is 0", "listed8=Four", "listed8", "0");
-        row("u8 empty text is 0", "listed8=", "listed8", "0");
-        row("hex32", "hex32=fF", "hex32", "255");
         row("hex32 with prefix", "hex32=0x1A", "hex32", "26");
         row("hex32 saturates", "hex32=123456789", "hex32", "4294967295");
         row("hex32 negative", "hex32=-2", "hex32", "4294967294");
@@ -229,8 +218,9 @@ private slots:
 
         Record record = loaded(kEveryRowSaved, {.section = "N"});
         std::memcpy(record.data() + kText, "abc\0zz", 6); // nothing after the end is saved
-        put<std::uint16_t>(record, kListed16, 4);         // in no list: written empty
-        record[kArray + kStride] = 0;                     // in no list: an empty field
+        const std::uint16_t unlisted = 4;                 // in no list: written empty
+        std::memcpy(record.data() + kListed16, &unlisted, sizeof unlisted);
+        record[kArray + kStride] = 0; // in no list: an empty field
         const auto flagBytes = std::span(reinterpret_cast<const std::uint8_t*>(flags.constData()),
                                          static_cast<std::size_t>(flags.size()));
         const std::string content = saved(
@@ -291,7 +281,6 @@ private slots:
         QCOMPARE(std::string_view(textOf(kEnded, 1)), std::string_view("Yes"));
         QVERIFY(textOf(kEnded, 2) == nullptr);
         QCOMPARE(valueOf(kEnded, "Hidden"), kValueListEnd);
-        QCOMPARE(valueOf(kEnded, "yes"), kValueListEnd);
         QCOMPARE(valueOf(kOpen, "Off"), 255);
         QVERIFY(holds(kOpen, 7));
         QVERIFY(!holds(kOpen, kValueListEnd));

@@ -70,8 +70,6 @@ private slots:
         QTest::newRow("whole MHz loses the point") << 7'000'000u << QString("7");
         QTest::newRow("zero is empty") << 0u << QString("");
         QTest::newRow("below 10 Hz is zero") << 9u << QString("");
-        QTest::newRow("lowest receive") << 100'000u << QString("0.1");
-        QTest::newRow("highest") << 30'000'000u << QString("30");
         QTest::newRow("10 Hz steps") << 29'999'990u << QString("29.99999");
     }
     void displayForm()
@@ -87,7 +85,6 @@ private slots:
         columns<QString, quint32>("text", "hertz");
         QTest::newRow("leading point") << QString(".5") << 500'000u;
         QTest::newRow("trailing point") << QString("30.") << 30'000'000u;
-        QTest::newRow("empty") << QString("") << 0u;
     }
     void exactHertz()
     {
@@ -114,7 +111,6 @@ private slots:
             {0u, 5'000'000u, int(Editor::Edit::ReceiveOnly), "0.1", "", true, 0u, 100'000u});
         row("rx 0.09 refused",
             {0u, 5'000'000u, int(Editor::Edit::ReceiveOnly), "0.09", "0.09" + kRxRange, false});
-        row("double point", {5'000'000u, 0u, txOnly, "12..5", "12..5 is an invalid frequency"});
         row("letter", {5'000'000u, 0u, txOnly, "12a", "12a is an invalid frequency"});
         row("empty counts as zero", {5'000'000u, 0u, txOnly, "", kBothZero, true, 0u, 0u});
         row("simplex checked as transmit",
@@ -178,9 +174,6 @@ private slots:
                                  << QList<int>{int(Edit::Simplex)} << QString();
         QTest::newRow("equal once the last digit is dropped")
             << 7'000'001u << 7'000'009u << int(Type::Simplex) << QList<int>{int(Edit::Simplex)}
-            << QString();
-        QTest::newRow("last hertz digit is lost on store")
-            << 12'345'678u << 12'345'678u << int(Type::Simplex) << QList<int>{int(Edit::Simplex)}
             << QString();
         QTest::newRow("receive only") << 0u << 3'000'000u << int(Type::ReceiveOnly)
                                       << QList<int>{int(Edit::ReceiveOnly)} << QString();
@@ -253,7 +246,6 @@ private slots:
             Editor editor(setup);
             QCOMPARE(int(editor.entries(Editor::List::Mode).size()), isb ? 4 : 3);
             QCOMPARE(editor.selectedIndex(Editor::List::Mode), isb ? 3 : -1);
-            QCOMPARE(QString(editor.entries(Editor::List::Agc)[2].text), QString("Off"));
         }
     }
 

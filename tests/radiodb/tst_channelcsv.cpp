@@ -152,31 +152,24 @@ private slots:
         channels[16].txFrequency.set(12'345'678);
         channels[16].rxFrequency.set(7'000'000);
         const RadioSummary summary = RadioSummary::of(channels, std::nullopt);
-        QCOMPARE(summary.rows.size(), std::size_t(200));
         QStringList actual;
         for (const std::string& cell : summary.rows[16])
             actual << QString::fromStdString(cell);
         QCOMPARE(actual, (QStringList{"17", "12.34567", "7"} + cells));
     }
 
+    // The header and the rows' columns are shown by koralctl's summary tests; here what a cell
+    // holds at the edges.
     void ccirColumnOnlyWithNumbers()
     {
         ChannelTable channels{};
-        const RadioSummary without = RadioSummary::of(channels, std::nullopt);
-        QCOMPARE(without.header.size(), std::size_t(8));
-        QCOMPARE(without.header.front(), std::string("No."));
-        QCOMPARE(without.header.back(), std::string("B.W."));
-        QCOMPARE(without.rows[0][1], std::string()); // an empty channel shows no frequency
-
         CcirChannelNumbers numbers{};
         numbers[0] = 500;
         numbers[1] = 501;
         const RadioSummary with = RadioSummary::of(channels, numbers);
-        QCOMPARE(with.header.back(), std::string("Ch. Num."));
+        QCOMPARE(with.rows[0][1], std::string()); // an empty channel shows no frequency
         QCOMPARE(with.rows[0].back(), std::string("500"));
         QCOMPARE(with.rows[1].back(), std::string()); // outside 1..500
-        QCOMPARE(with.rows[2].back(), std::string());
-        QCOMPARE(with.rows[199][0], std::string("200"));
     }
 };
 

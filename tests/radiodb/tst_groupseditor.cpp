@@ -141,7 +141,6 @@ private slots:
         const QString usage = "Click to select channel. Right Click to select guard channel.";
         QTest::newRow("programmed") << 7 << usage << false;
         QTest::newRow("not programmed") << 77 << "Channel number 77 is not programmed" << true;
-        QTest::newRow("no cell") << 0 << usage << false;
     }
     void hints()
     {
