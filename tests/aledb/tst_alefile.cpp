@@ -69,6 +69,10 @@ private slots:
         writeAleProfile(file, p, radio, &info, {});
         QCOMPARE(QByteArray::fromStdString(file.content()),
                  QByteArray::fromStdString(example.content()));
+        // Loaded from disk, the information also carries the file's time for the print-out.
+        FileInfo loaded;
+        QCOMPARE(loadAleFile(kExample, &p, &radio, &loaded, {}, false, nullptr), alefile::kSuccess);
+        QCOMPARE(loaded.modificationTime, fileModificationTime(kExample));
     }
 
     void globalMembersOnlyWhileInForce()

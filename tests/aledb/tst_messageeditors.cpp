@@ -48,6 +48,7 @@ private slots:
         setMessage(p, 9, "LAST");
         setMessage(p, 4, "MID");
         MessageEditor editor(p.database);
+        QVERIFY(editor.okEnabled()); // a stored message needs no fixing before OK
         QCOMPARE(editor.text(), std::string("FIRST"));
         QCOMPARE(editor.occupiedCount(), 3);
         editor.setCurrent(12);

@@ -217,7 +217,9 @@ private slots:
         editor.setCcirNumber(900);
         QCOMPARE(editor.ccirNumber(), 500);
         editor.setText(Editor::Edit::TransmitOnly, "6.5");
-        editor.select(Editor::List::Power, 0); // "Low"
+        editor.select(Editor::List::Power, 0);  // "Low"
+        editor.select(Editor::List::Power, -1); // a list with nothing chosen: nothing changes
+        editor.select(Editor::List::Power, 4);
         editor.setChannelNumber(4);
         QCOMPARE(editor.channelNumber(), 4);
         QCOMPARE(q(editor.text(Editor::Edit::Simplex)), QString("9"));

@@ -31,6 +31,7 @@ ChannelPlan samplePlan()
     plan.record.groups[2].guardChannel.set(7);
     plan.ccirNumbers = CcirChannelNumbers{};
     (*plan.ccirNumbers)[0] = 401;
+    (*plan.ccirNumbers)[8] = 1; // the lowest number a channel can have
     return plan;
 }
 
