@@ -132,9 +132,7 @@ private slots:
                  QStringList{"Communication test has been completed successfully."});
     }
 
-    // The Link Trace window follows a read as it runs: the request of the channel section and
-    // the radio's blocks, decoded, and a frame the cable damaged stands out; the read brings
-    // the radio's database into the window.
+    // The Link Trace window follows a read as it runs: a frame the cable damaged stands out.
     void linkTraceShowsTheFramesOfARead()
     {
         m_window->command("linkTrace")->trigger();
@@ -145,7 +143,13 @@ private slots:
         m_memory.onRadio([](radiosim::VirtualRadio& radio) {
             radio.inject({radiosim::FaultKind::Corrupt, 1});
         });
+        auto shot = connect(radio()->progressDialog(), &ProgressDialog::captionChanged, this,
+                            [this](const QString& caption) {
+                                if (caption == QStringLiteral("Reading Channels Section"))
+                                    screenshot(radio()->progressDialog(), "progress");
+                            });
         run("readDevice");
+        disconnect(shot);
         QTRY_VERIFY(rows->count(LinkTraceRow::Mark::ChecksumError) >= 1);
         trace->view()->scrollTo(rows->index(0, 0));
         screenshot(trace, "link-trace");
@@ -257,10 +261,8 @@ private slots:
     {
         auto cancel = connect(radio()->progressDialog(), &ProgressDialog::captionChanged, this,
                               [this](const QString& caption) {
-                                  if (caption != QStringLiteral("Reading Channels Section"))
-                                      return;
-                                  screenshot(radio()->progressDialog(), "progress");
-                                  radio()->progressDialog()->findChild<QPushButton*>()->click();
+                                  if (caption == QStringLiteral("Reading Channels Section"))
+                                      radio()->progressDialog()->findChild<QPushButton*>()->click();
                               });
         panel()->document().record.channelNo(150).rxFrequency.set(3'000'000);
         MessageBoxNotifier::clearShownTexts();
