@@ -202,10 +202,23 @@ private slots:
                 document.groups[0].guardChannel.get() != channel);
     }
 
-    // An empty database is written only when the operator insists; Write Device asks first
-    // and then sends what the window shows, and Restore Backup brings back what it replaced.
+    // A programme never read nor opened is never written; an empty database only when the
+    // operator insists. Write Device asks first and then sends what the window shows, and
+    // Restore Backup brings back what it replaced.
     void writeDeviceSendsWhatTheWindowShows()
     {
+        const ale_dbase aleBefore = m_memory.aleRecord();
+        const AleDocument aleRead = m_window->alePanel()->document();
+        m_window->alePanel()->replaceDocument(AleDocument{});
+        MessageBoxNotifier::clearShownTexts();
+        run("writeDevice");
+        const QStringList notWritten = MessageBoxNotifier::shownTexts();
+        QVERIFY2(notWritten.size() == 1 && notWritten[0].contains("Not written") &&
+                     notWritten[0].contains(QString::fromUtf8(text::kAleDatabaseName)),
+                 qPrintable(notWritten.join('|')));
+        QCOMPARE(m_memory.differenceFrom(aleBefore), QString());
+        m_window->alePanel()->replaceDocument(aleRead);
+
         const dbase before = m_memory.radioRecord();
         const RssDocument rss = panel()->document();
         panel()->replaceDocument(RssDocument{});
