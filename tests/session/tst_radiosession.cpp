@@ -1,6 +1,6 @@
 // The session against the virtual radio in process: the start-up exchange, the link's
-// failures, the incoming worker and the dispatch, the transfer's progress dialog and Write
-// Device's baud-rate question.
+// failures, the incoming worker and the dispatch, Read Device, the transfer's progress dialog
+// and Write Device's baud-rate question.
 
 #include "SessionFixture.h"
 
@@ -188,6 +188,24 @@ private slots:
         QTRY_VERIFY(calls.size() >= 2);
         QCOMPARE(std::count(calls.begin(), calls.end(), "SECOND"), std::ptrdiff_t(calls.size()));
         QCOMPARE(fixture.session->view().callState, 55);
+    }
+
+    // An ordinary read asks the panels to refresh under the completed notice, the programmed
+    // channels sorted; one of all 200 channels is the window's
+    // readWithAllChannelsProgrammedShowsWhatWasRead.
+    void readDevice()
+    {
+        SessionFixture fixture;
+        QVERIFY(fixture.startUp());
+        auto& transfer = fixture.session->transfer();
+        QSignalSpy refresh(&transfer, &DatabaseTransfer::channelRefreshRequested);
+        QVERIFY(transfer.readDeviceCommand());
+        QVERIFY(fixture.session->view().radioReady && !fixture.session->view().busy);
+        QCOMPARE(refresh.count(), 1);
+        QVERIFY(fixture.session->commands().isNoticeShown(ViewCommands::Notice::Completed));
+        const auto& channels = transfer.programmedChannels();
+        QVERIFY(std::is_sorted(channels.begin(), channels.end()));
+        QVERIFY(transfer.activeChannel() >= 1 && transfer.activeChannel() <= 200);
     }
 
     // The link runs at a rate the radio does not know: its index counts as 1200's, and the
