@@ -51,52 +51,46 @@ Bytes payload(const CRadioMessage& message)
 }
 
 // A virtual radio serving a pseudo-terminal or a TCP port from a thread of its own.
-class RadioHost
+struct RadioHost
 {
-public:
+    QThread thread;
+    QObject context;
+    RadioLine* line = nullptr;
+    VirtualRadio* radio = nullptr;
+    std::string portName;
+
+    void inThread(const std::function<void()>& work)
+    {
+        QMetaObject::invokeMethod(&context, work, Qt::BlockingQueuedConnection);
+    }
     explicit RadioHost(const QString& transport)
     {
-        m_thread.start();
-        m_context.moveToThread(&m_thread);
-        QMetaObject::invokeMethod(
-            &m_context,
-            [&] {
-                if (transport == "pty") {
-                    auto* pty = new PtyLine(&m_context);
-                    pty->open();
-                    m_line = pty;
-                } else {
-                    auto* tcp = new TcpLine(&m_context);
-                    tcp->listen(0);
-                    m_line = tcp;
-                }
-                m_radio = new VirtualRadio(m_line, &m_context);
-                m_radio->execute(SetBaud{kBaud});
-                m_portName = m_line->description().toStdString();
-            },
-            Qt::BlockingQueuedConnection);
+        thread.start();
+        context.moveToThread(&thread);
+        inThread([&] {
+            if (transport == "pty") {
+                auto* pty = new PtyLine(&context);
+                pty->open();
+                line = pty;
+            } else {
+                auto* tcp = new TcpLine(&context);
+                tcp->listen(0);
+                line = tcp;
+            }
+            radio = new VirtualRadio(line, &context);
+            radio->execute(SetBaud{kBaud});
+            portName = line->description().toStdString();
+        });
     }
     ~RadioHost()
     {
-        QMetaObject::invokeMethod(
-            &m_context,
-            [&] {
-                delete m_radio;
-                delete m_line;
-            },
-            Qt::BlockingQueuedConnection);
-        m_thread.quit();
-        m_thread.wait();
+        inThread([&] {
+            delete radio;
+            delete line;
+        });
+        thread.quit();
+        thread.wait();
     }
-    const std::string& portName() const { return m_portName; }
-    VirtualRadio* radio() const { return m_radio; }
-
-private:
-    QThread m_thread;
-    QObject m_context;
-    RadioLine* m_line = nullptr;
-    VirtualRadio* m_radio = nullptr;
-    std::string m_portName;
 };
 } // namespace
 
@@ -108,7 +102,7 @@ class TestLinkRadio : public QObject
     std::unique_ptr<MessageEngine> engine;
     std::atomic<VirtualRadio*> builtIn{nullptr};
 
-    VirtualRadio* radio() const { return host ? host->radio() : builtIn.load(); }
+    VirtualRadio* radio() const { return host ? host->radio : builtIn.load(); }
     void command(const ConsoleCommand& console) { radio()->executeFromAnyThread(console); }
 
     void run(const char* line) { command(*parseConsoleLine(line).command); }
@@ -167,7 +161,7 @@ class TestLinkRadio : public QObject
                 return false;
         } else {
             host = std::make_unique<RadioHost>(transport);
-            if (host->portName().empty() || !engine->OpenPortByName(host->portName(), kBaud))
+            if (host->portName.empty() || !engine->OpenPortByName(host->portName, kBaud))
                 return false;
         }
         return engine->ConnectSocket(kBaud, 1) != 0;
@@ -318,20 +312,6 @@ private slots:
         }
     }
 
-    void getMessageWaitsThenReportsState()
-    {
-        QVERIFY(open("pipe"));
-        CRadioMessage message;
-        QCOMPARE(engine->GetMessage(&message, 0), 0);
-        QCOMPARE(engine->GetMessage(nullptr, 1), -1);
-        engine->DisconnectSocket(1);
-        engine->CloseComPort();
-        QCOMPARE(engine->IsPortOpen(), 0);
-        QCOMPARE(engine->GetMessage(&message, 1), -1);
-        QCOMPARE(engine->CloseComPort(), 1); // harmless when closed
-        QCOMPARE(engine->DisconnectSocket(1), 1);
-    }
-
     // The wait for a reply that never comes (the radio answers something else) ends in time.
     void unansweredQueryFailsAfterReplyBound()
     {
@@ -380,6 +360,10 @@ private slots:
         QVERIFY(!engine->lastError().empty());
         QCOMPARE(engine->ConnectSocket(9600, 1), 0);
         QVERIFY(!send(ReportSquelchState));
+        CRadioMessage message;
+        QCOMPARE(engine->GetMessage(&message, 1), -1);
+        QCOMPARE(engine->CloseComPort(), 1); // harmless when closed
+        QCOMPARE(engine->DisconnectSocket(1), 1);
     }
 
     // The virtual radio against the real radio library: every answer the program relies on,
@@ -500,7 +484,6 @@ private slots:
             QTest::newRow(line) << QString(line) << opcode << QByteArray(address)
                                 << QByteArray(text);
         };
-        row("call station STN1 \"HELLO\"", op::IncomingStationCall, "STN1", "HELLO");
         row("call net HQ channel 12", op::IncomingNetCall, "HQ", "");
         row("call all SHIP7 \"QSY NOW\"", op::IncomingPriorityCall, "SHIP7", "QSY NOW");
     }
@@ -583,9 +566,7 @@ private slots:
             visited.insert(report[7]);
         }
         QVERIFY(visited.size() >= 2);
-        for (int channel : visited) {
-            QVERIFY2(channel >= 11 && channel <= 20, qPrintable(QString::number(channel)));
-        }
+        QVERIFY(*visited.begin() >= 11 && *visited.rbegin() <= 20); // group A
         QVERIFY(send([](CRadioMessage* m) { return SetRadioScanMode(m, 1, 0, 0); }));
         QCOMPARE(payload(ask(op::QueryActiveChannel, op::ActiveChannel))[0], 0);
     }
@@ -665,9 +646,8 @@ private slots:
             }));
         };
         ask(1);
-        QVERIFY(line().startsWith("0:CHAN"));
-        QVERIFY(line().startsWith("1:RX "));
-        QVERIFY(line().startsWith("2:SQL OFF"));
+        for (const char* start : {"0:CHAN", "1:RX ", "2:SQL OFF"})
+            QVERIFY(line().startsWith(start));
         QVERIFY(send([](CRadioMessage* m) { return SetActiveChannel(m, 0, 12); }));
         QCOMPARE(line(), QByteArray("0:CHAN        CH 012"));
         QVERIFY(line().startsWith("1:RX 5.81500"));
