@@ -21,7 +21,6 @@
 #include <algorithm>
 #include <atomic>
 #include <cstring>
-#include <numeric>
 #include <set>
 #include <thread>
 
@@ -43,11 +42,6 @@ CRadioMessage built(const std::function<int(CRadioMessage*)>& build)
     message.prepareRequest();
     build(&message);
     return message;
-}
-
-Bytes payload(const CRadioMessage& message)
-{
-    return Bytes(message.payload(), message.payload() + message.GetLen());
 }
 
 // A virtual radio serving a pseudo-terminal or a TCP port from a thread of its own.
@@ -113,15 +107,13 @@ class TestLinkRadio : public QObject
         return engine->SendRadioMessage(&message) != 0;
     }
 
-    CRadioMessage ask(int query, int reply)
+    // The payload of the answer to the library's query (empty when none comes).
+    Bytes ask(Query query, int reply)
     {
         CRadioMessage answer;
-        engine->LockGetMessage();
-        if (!send([&](CRadioMessage* m) { return m->setOpcodeAndLength(query, 0), 1; }) ||
-            !engine->GetMessageWithOpcode(&answer, reply)) {
-            qWarning("no answer %d to request %d", reply, query);
-        }
-        return answer;
+        if (!engine->request(built(query), reply, &answer))
+            return {};
+        return Bytes(answer.payload(), answer.payload() + answer.GetLen());
     }
 
     // The next unsolicited message of any of those opcodes, within 5 s.
@@ -380,14 +372,11 @@ private slots:
         };
         row("support mode: members and options", {}, ReportRadioSupportMode, op::SupportMode, {1});
         row("CCIR mode: ALE radio, ALE on", {}, ReportCcirMode, op::CcirMode, {0, 1});
-        row("ISB off", {}, ReportIsbMode, op::IsbMode, {0});
         row("operation mode ALE", {}, ReportRadioOperationMode, op::OperationMode, {2});
         row("ALE on", {}, ReportAleON_OFF, op::AleOnOff, {1});
-        row("squelch off", {}, ReportSquelchState, op::SquelchState, {0});
         row("monitor off", {}, ReportMonitorState, op::MonitorState, {0});
         row("DSP: level 0, blanker on", {}, ReportDspMenuParameters, op::DspParameters,
             {0, 0, 1, 0});
-        row("clarifier off", {}, ReportClarifierPosition, op::ClarifierPosition, {0, 0});
         row("squelch on", {op::SetSquelch, 0, 1}, ReportSquelchState, op::SquelchState, {2});
         row("DSP: 255 leaves a value unchanged", {op::SetDspParameters, 0, 4, 255, 0, 255, 1},
             ReportDspMenuParameters, op::DspParameters, {4, 0, 0, 0});
@@ -410,9 +399,7 @@ private slots:
                     std::copy(setting.begin() + 1, setting.end(), m->payload());
                     return 1;
                 }));
-        CRadioMessage answer;
-        QVERIFY(engine->request(built(query), reply, &answer));
-        QCOMPARE(payload(answer), expected);
+        QCOMPARE(ask(query, reply), expected);
     }
 
     // The current channel reads back with its frequencies in host order (the report of a
@@ -439,9 +426,9 @@ private slots:
         QVERIFY(!readTarget(engine.get(), TransferTarget::Ccir, ccir, 0, {}, {}, 10));
         run("mode ccir");
         run("support off");
-        QCOMPARE(payload(ask(op::QueryCcirMode, op::CcirMode)), (Bytes{1, 0}));
-        QCOMPARE(payload(ask(op::QueryOperationMode, op::OperationMode)), Bytes{3});
-        QCOMPARE(payload(ask(op::QuerySupportMode, op::SupportMode)), Bytes{0});
+        QCOMPARE(ask(ReportCcirMode, op::CcirMode), (Bytes{1, 0}));
+        QCOMPARE(ask(ReportRadioOperationMode, op::OperationMode), Bytes{3});
+        QCOMPARE(ask(ReportRadioSupportMode, op::SupportMode), Bytes{0});
         QVERIFY(readTarget(engine.get(), TransferTarget::Ccir, ccir, 0, {}, {}, 10));
         QCOMPARE(readU16(ccir, 0), std::uint16_t(4417));
         QVERIFY(!readTarget(engine.get(), TransferTarget::ExtraOptions, extra, 0, {}, {}, 10));
@@ -454,8 +441,8 @@ private slots:
         QVERIFY(send([](CRadioMessage* m) { return SetSquelchOnOff(m, 0, 1); }));
         QVERIFY(send([](CRadioMessage* m) { return SetClarifier(m, 0, 1, 50); }));
         QVERIFY(send([](CRadioMessage* m) { return PerformReset(m); }));
-        QCOMPARE(payload(ask(op::QuerySquelch, op::SquelchState)), Bytes{0});
-        QCOMPARE(payload(ask(op::QueryClarifier, op::ClarifierPosition)), (Bytes{0, 0}));
+        QCOMPARE(ask(ReportSquelchState, op::SquelchState), Bytes{0});
+        QCOMPARE(ask(ReportClarifierPosition, op::ClarifierPosition), (Bytes{0, 0}));
     }
 
     // Memory programming takes effect only when programming stops; a new baud rate moves the
@@ -568,7 +555,7 @@ private slots:
         QVERIFY(visited.size() >= 2);
         QVERIFY(*visited.begin() >= 11 && *visited.rbegin() <= 20); // group A
         QVERIFY(send([](CRadioMessage* m) { return SetRadioScanMode(m, 1, 0, 0); }));
-        QCOMPARE(payload(ask(op::QueryActiveChannel, op::ActiveChannel))[0], 0);
+        QCOMPARE(ask(ReportActiveChannel, op::ActiveChannel).at(0), 0); // not scanning
     }
 
     void rejectsCommandOnRequest()
@@ -640,18 +627,18 @@ private slots:
             return QByteArray::number(report[6]) + ":" +
                    QByteArray(reinterpret_cast<const char*>(report.bytes.data() + 7));
         };
-        const auto ask = [this](int on) {
+        const auto report = [this](int on) {
             QVERIFY(send([on](CRadioMessage* m) {
                 return EnableDisableSpecialReport(m, 0, on, op::DisplayReport);
             }));
         };
-        ask(1);
+        report(1);
         for (const char* start : {"0:CHAN", "1:RX ", "2:SQL OFF"})
             QVERIFY(line().startsWith(start));
         QVERIFY(send([](CRadioMessage* m) { return SetActiveChannel(m, 0, 12); }));
         QCOMPARE(line(), QByteArray("0:CHAN        CH 012"));
         QVERIFY(line().startsWith("1:RX 5.81500"));
-        ask(0);
+        report(0);
         QVERIFY(send([](CRadioMessage* m) { return SetRadioScanMode(m, 1, 1, 0); }));
         QVERIFY(send([](CRadioMessage* m) { return ReportControlHeadKeyboard(m, 23); }));
         // Nothing in between: the next line is the key's answer, the whole menu.
@@ -663,7 +650,7 @@ private slots:
     {
         QVERIFY(open("pipe"));
         run("fault answer-once");
-        QVERIFY(ask(op::QuerySquelch, op::SquelchState).GetOpcode() == op::SquelchState);
+        QCOMPARE(ask(ReportSquelchState, op::SquelchState), Bytes{0});
         engine->LockGetMessage();
         QVERIFY(!send([](CRadioMessage* m) { return ReportSquelchState(m); }));
     }
