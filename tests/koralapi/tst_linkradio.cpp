@@ -20,7 +20,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <cstring>
 #include <set>
 #include <thread>
 
@@ -322,8 +321,7 @@ private slots:
     {
         QVERIFY(open("pipe"));
         std::array<std::uint8_t, 13> record{1, 2, 3};
-        const std::uint32_t tx = 12345678;
-        std::memcpy(record.data() + 3, &tx, 4);
+        qToUnaligned(std::uint32_t(12345678), record.data() + 3);
         QVERIFY(ProgramChannelNumberN(engine.get(), reinterpret_cast<channel*>(record.data()), 3));
         QVERIFY(
             !ProgramChannelNumberN(engine.get(), reinterpret_cast<channel*>(record.data()), 201));
@@ -485,9 +483,8 @@ private slots:
         QCOMPARE(call[7], std::uint8_t(line.contains("channel 12") ? 12 : 1));
         QCOMPARE(call[9], std::uint8_t(text.isEmpty() ? 0 : 1));
         QCOMPARE(QByteArray(reinterpret_cast<const char*>(call.bytes.data() + 10)), address);
-        if (!text.isEmpty()) {
+        if (!text.isEmpty())
             QCOMPARE(QByteArray(reinterpret_cast<const char*>(call.bytes.data() + 26)), text);
-        }
     }
 
     // A station call to a known station shows progress, then the link and its channel.
@@ -523,19 +520,15 @@ private slots:
         const int steps = line.back().digitValue();
         run(line.toLatin1().constData());
         int seen = 0;
-        for (;;) {
-            const CRadioMessage message = nextOf({op::LinkStatusValue, progress, op::LinkResult});
-            if (message.GetOpcode() == op::LinkStatusValue) {
-                QCOMPARE(message[6], std::uint8_t(4)); // link-quality indicator on
-                QCOMPARE(progress, int(op::BiDirectionalProgress));
-            } else if (message.GetOpcode() == progress) {
-                ++seen;
-                QVERIFY(message[6] >= 1 && message[6] <= 200);
-            } else {
-                QCOMPARE(int(message[6]), endCode);
-                break;
-            }
+        CRadioMessage m;
+        while ((m = nextOf({op::LinkStatusValue, progress, op::LinkResult})).GetOpcode() ==
+                   progress ||
+               m.GetOpcode() == op::LinkStatusValue) {
+            // Progress counts up; only an exchange both ways turns the link-quality indicator on.
+            QVERIFY(m.GetOpcode() == progress ? ++seen && m[6] >= 1 && m[6] <= 200
+                                              : m[6] == 4 && progress == op::BiDirectionalProgress);
         }
+        QCOMPARE(int(m[6]), endCode);
         QCOMPARE(seen, steps);
     }
 
@@ -607,9 +600,8 @@ private slots:
     void frontPanelKeys()
     {
         QVERIFY(open("pipe"));
-        for (int key : {14, 24, 15, 24, 11}) { // "1", release, "2", release, Enter
+        for (int key : {14, 24, 15, 24, 11}) // "1", release, "2", release, Enter
             QVERIFY(send([&](CRadioMessage* m) { return ReportControlHeadKeyboard(m, key); }));
-        }
         QCOMPARE(waitFor(op::ChannelReport)[7], std::uint8_t(12));
         for (std::uint8_t state : {0, 1}) {
             QVERIFY(send([](CRadioMessage* m) { return ReportControlHeadKeyboard(m, 7); }));
