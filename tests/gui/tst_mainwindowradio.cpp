@@ -6,7 +6,6 @@
 #include "GuiTestSupport.h"
 #include "RadioWindow.h"
 
-#include "aledb/AleText.h"
 #include "common/Texts.h"
 #include "gui/AlePanel.h"
 #include "gui/BackupsDialog.h"
@@ -23,55 +22,29 @@
 #include "gui/ProgressDialog.h"
 #include "gui/RadioController.h"
 #include "gui/RssPanel.h"
-#include "radiosim/BuiltInRadio.h"
 
-#include <QButtonGroup>
-#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStatusBar>
-#include <QTableWidget>
+#include <QTableView>
 #include <QTemporaryDir>
 
 using namespace koral;
 using namespace koral::test;
-using Edit = ChannelConfigEditor::Edit;
 
 namespace {
-
-QString qs(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
-
-QPushButton* buttonNamed(QWidget* dialog, const QString& text)
-{
-    for (QPushButton* button : dialog->findChildren<QPushButton*>())
-        if (button->text() == text)
-            return button;
-    return nullptr;
-}
 
 // Makes the dialog's channel simplex and types `mhz` as its frequency, as a user would.
 void typeSimplex(ChannelConfigDialog* dialog, const char* mhz)
 {
     dialog->typeButton(ChannelConfigEditor::FrequencyType::Simplex)->click();
-    QLineEdit* edit = dialog->edit(Edit::Simplex);
+    QLineEdit* edit = dialog->edit(ChannelConfigEditor::Edit::Simplex);
     edit->setFocus();
     edit->selectAll();
     QTest::keyClicks(edit, mhz);
-}
-
-// A programmed channel of `record` that is not in group A.
-int programmedChannelOutsideGroupA(const dbase& record)
-{
-    for (int c = 1; c <= kChannelCount; ++c)
-        if (record.channelNo(c).isProgrammed() && !record.groups[0].isMember(c))
-            return c;
-    return 0;
 }
 
 } // namespace
@@ -83,9 +56,6 @@ private:
     QTemporaryDir m_dir;
     VirtualRadioMemory m_memory;
     std::unique_ptr<MainWindow> m_window;
-    QStringList m_captions;
-    bool m_progressShot = false;
-    bool m_compareShot = false;
     QString m_startUpBanner;
     // What the last comparison showed, and how the next one before a write is answered.
     QStringList m_compared;
@@ -109,21 +79,10 @@ private slots:
             if (m_startUpBanner.isEmpty())
                 m_startUpBanner = radio()->progressDialog()->banner();
         });
-        connect(radio()->progressDialog(), &QDialog::windowTitleChanged, this,
-                [this](const QString& title) { m_captions << title; });
-        connect(radio()->progressDialog(), &ProgressDialog::captionChanged, this,
-                [this](const QString& caption) {
-                    if (caption == QStringLiteral("Reading Channels Section") && !m_progressShot) {
-                        m_progressShot = true;
-                        screenshot(radio()->progressDialog(), "progress");
-                    }
-                });
         connect(radio(), &RadioController::compareOpened, this, [this](CompareDialog* dialog) {
             m_compared = dialog->lines();
-            if (m_compared.size() > 1 && !m_compareShot) {
-                m_compareShot = true;
+            if (!m_confirmWrite)
                 screenshot(dialog, "compare-before-write");
-            }
             QMetaObject::invokeMethod(dialog, m_confirmWrite ? &QDialog::accept : &QDialog::reject,
                                       Qt::QueuedConnection);
         });
@@ -140,32 +99,23 @@ private slots:
     void startUpReadsTheRadio()
     {
         QTRY_VERIFY_WITH_TIMEOUT(radio()->session().view().radioReady && !radio()->isBusy(), 90000);
-        QVERIFY(MessageBoxNotifier::shownTexts().isEmpty());
-        QVERIFY(m_captions.contains(QStringLiteral("Radio Data Base")));
-        QVERIFY(radio()->progressDialog()->caption().startsWith(QStringLiteral("Reading ")));
         // The start-up notice went on in the progress window rather than behind it.
         QCOMPARE(m_startUpBanner, QStringLiteral("KORAL Control Center  27/10/2003"));
-        const dbase& read = radio()->session().records().radio;
-        QCOMPARE(std::memcmp(&panel()->document().record, &read, sizeof(dbase)), 0);
-        QVERIFY(!panel()->document().isModified());
-        const QString serial = QString::fromStdString(std::string(fieldText(read.serialNumber)));
-        QVERIFY(!serial.isEmpty());
-        QCOMPARE(m_window->statusPane(10)->text(), QStringLiteral("S/N: ") + serial);
+        const dbase& read = panel()->document().record;
+        QCOMPARE(m_memory.differenceFrom(read), QString());
+        QVERIFY(!panel()->document().isModified() && read.serialNumber[0] != 0);
+        QCOMPARE(m_window->statusPane(10)->text(),
+                 QStringLiteral("S/N: ") + QString::fromUtf8(fieldText(read.serialNumber)));
         QCOMPARE(m_window->statusPane(12)->text(), QStringLiteral("COM: 1,9600"));
-        QCOMPARE(shownTitle(m_window.get()), QStringLiteral("Computer Interface Panel"));
         // The ALE programme read with it is in the RSS ALE panel.
         const AleDocument& ale = m_window->alePanel()->document();
-        QVERIFY(ale.known.database && !ale.isModified());
         QCOMPARE(m_memory.differenceFrom(ale.programme.database), QString());
-        QVERIFY(m_window->command("squelch")->isEnabled());
         screenshot(m_window.get(), "main-window-radio");
     }
 
     void communicationPortsCheckAndCancel()
     {
         onNextDialog<CommPortDialog>([](CommPortDialog* dialog) {
-            QCOMPARE(dialog->portList()->currentIndex(), 0);
-            QCOMPARE(dialog->baudButtons()->checkedId(), 3);
             screenshot(dialog, "comm-ports");
             const QSize size = dialog->size();
             dialog->check();
@@ -179,14 +129,9 @@ private slots:
         m_window->command("commPort")->trigger();
         QCOMPARE(MessageBoxNotifier::shownTexts(),
                  QStringList{"Communication test has been completed successfully."});
-        QVERIFY(radio()->session().view().radioReady);
-        QVERIFY(!radio()->isBusy());
-        QCOMPARE(m_window->statusBar()->currentMessage(), QString());
     }
 
-    // The Link Trace window follows a read as it runs: the request of the channel section and
-    // the radio's blocks, decoded, and a frame the cable damaged stands out; the read brings
-    // the radio's database into the window.
+    // The Link Trace window follows a read as it runs: a frame the cable damaged stands out.
     void linkTraceShowsTheFramesOfARead()
     {
         m_window->command("linkTrace")->trigger();
@@ -194,44 +139,28 @@ private slots:
         QVERIFY(trace && trace->isVisible());
         QTest::mouseClick(trace->findChild<QPushButton*>("clear"), Qt::LeftButton);
         const LinkTraceModel* rows = trace->model();
-        QCOMPARE(rows->rowCount(), 0);
         m_memory.onRadio([](radiosim::VirtualRadio& radio) {
             radio.inject({radiosim::FaultKind::Corrupt, 1});
         });
-        const auto shows = [rows](const char* direction, const char* message, const char* fields) {
-            for (int i = 0; i < rows->rowCount(); ++i) {
-                const LinkTraceRow& row = rows->row(i);
-                if (row.direction == direction && row.message == message &&
-                    row.fields.starts_with(fields))
-                    return true;
-            }
-            return false;
-        };
+        auto shot = connect(radio()->progressDialog(), &ProgressDialog::captionChanged, this,
+                            [this](const QString& caption) {
+                                if (caption == QStringLiteral("Reading Channels Section"))
+                                    screenshot(radio()->progressDialog(), "progress");
+                            });
         run("readDevice");
-        QTRY_VERIFY(shows("->", "DatabaseRead (132)", "target=dbase offset=0 length=4304"));
-        QVERIFY(shows("<-", "DataBlock (135)", "target=dbase offset=0 bytes=246 last=0"));
-        QVERIFY(shows("<-", "DataBlock (135)", "target=ale_dbase offset=4182 bytes=195 last=1"));
-        QVERIFY(rows->count(LinkTraceRow::Mark::ChecksumError) >= 1);
-        QCOMPARE(m_memory.differenceFrom(panel()->document().record), QString());
+        disconnect(shot);
+        QTRY_VERIFY(rows->count(LinkTraceRow::Mark::ChecksumError) >= 1);
         trace->view()->scrollTo(rows->index(0, 0));
         screenshot(trace, "link-trace");
-
-        const QString saved = m_dir.filePath("link-trace.txt");
-        FileDialogs::queueFileName(saved);
-        QTest::mouseClick(trace->findChild<QPushButton*>("saveAs"), Qt::LeftButton);
-        const QByteArray text = bytesOf(saved);
-        QVERIFY(text.contains("DatabaseRead (132) target=dbase offset=0 length=4304"));
-        QVERIFY(text.contains("  CRC-ERROR  DATA #"));
         trace->close();
     }
 
-    void programChannelsSendsTheChannelOnScreen()
+    // Program Channels and Program Groups send what their dialogs show. In channel mode 2 with
+    // CCIR numbers the guard channel is the radio's choice: a right click picks none.
+    void programChannelsAndGroupsSendWhatIsOnScreen()
     {
         onNextDialog<ChannelConfigDialog>([](ChannelConfigDialog* dialog) {
-            typeSimplex(dialog, "31");
-            QVERIFY(!dialog->programButton()->isEnabled());
             typeSimplex(dialog, "7.1234");
-            QVERIFY(dialog->programButton()->isEnabled());
             QTest::mouseClick(dialog->programButton(), Qt::LeftButton);
             // The result shows in the dialog, where the operator looks.
             QCOMPARE(dialog->findChild<QLabel*>("programResult")->text(),
@@ -242,31 +171,24 @@ private slots:
         const dbase& document = panel()->document().record;
         QCOMPARE(document.channelNo(3).txFrequency.get(), 7'123'400u);
         QCOMPARE(m_memory.differenceFrom(document), QString());
-    }
 
-    void programGroupsSendsTheGroupsOnScreen()
-    {
-        const int channel = programmedChannelOutsideGroupA(panel()->document().record);
-        QVERIFY(channel > 0);
+        int channel = 1;
+        while (!document.channelNo(channel).isProgrammed() || document.groups[0].isMember(channel))
+            ++channel;
         onNextDialog<GroupsDialog>([channel](GroupsDialog* dialog) {
             GroupsGrid* grid = dialog->grid();
             QTest::mouseClick(grid, Qt::LeftButton, {}, grid->cellRect(channel).center());
-            QTest::mouseClick(buttonNamed(dialog, QStringLiteral("&Program Groups")),
-                              Qt::LeftButton);
+            for (QPushButton* button : dialog->findChildren<QPushButton*>())
+                if (button->text() == QStringLiteral("&Program Groups"))
+                    QTest::mouseClick(button, Qt::LeftButton);
             dialog->reject();
         });
         panel()->editGroups();
-        const dbase& document = panel()->document().record;
         QVERIFY(document.groups[0].isMember(channel));
         QCOMPARE(m_memory.differenceFrom(document), QString());
-    }
 
-    void guardIsTheRadiosChoiceInChannelModeTwoWithCcirNumbers()
-    {
-        const int channel = programmedChannelOutsideGroupA(panel()->document().record);
         ViewState& view = radio()->session().view();
-        const int mode = view.operationMode;
-        view.operationMode = 2;
+        const int mode = std::exchange(view.operationMode, 2);
         panel()->document().ccirPresent = true;
         onNextDialog<GroupsDialog>([channel](GroupsDialog* dialog) {
             GroupsGrid* grid = dialog->grid();
@@ -276,56 +198,47 @@ private slots:
         panel()->editGroups();
         view.operationMode = mode;
         panel()->document().ccirPresent = false;
-        QVERIFY(panel()->document().record.groups[0].guardChannel.get() != channel);
+        QVERIFY(document.groups[0].isMember(channel) &&
+                document.groups[0].guardChannel.get() != channel);
     }
 
     // A programme never read nor opened is never written; an empty database only when the
-    // operator insists.
-    void emptyDocumentsAreNotWrittenUnasked()
+    // operator insists. Write Device asks first and then sends what the window shows, and
+    // Restore Backup brings back what it replaced.
+    void writeDeviceSendsWhatTheWindowShows()
     {
-        const dbase before = m_memory.radioRecord();
         const ale_dbase aleBefore = m_memory.aleRecord();
-        const RssDocument rss = panel()->document();
-        const AleDocument ale = m_window->alePanel()->document();
+        const AleDocument aleRead = m_window->alePanel()->document();
         m_window->alePanel()->replaceDocument(AleDocument{});
         MessageBoxNotifier::clearShownTexts();
         run("writeDevice");
-        const QStringList shown = MessageBoxNotifier::shownTexts();
-        QCOMPARE(shown.size(), 1);
-        QVERIFY2(shown[0].contains(QStringLiteral("Not written")) &&
-                     shown[0].contains(qs(text::kAleDatabaseName)),
-                 qPrintable(shown[0]));
+        const QStringList notWritten = MessageBoxNotifier::shownTexts();
+        QVERIFY2(notWritten.size() == 1 && notWritten[0].contains("Not written") &&
+                     notWritten[0].contains(QString::fromUtf8(text::kAleDatabaseName)),
+                 qPrintable(notWritten.join('|')));
         QCOMPARE(m_memory.differenceFrom(aleBefore), QString());
+        m_window->alePanel()->replaceDocument(aleRead);
 
+        const dbase before = m_memory.radioRecord();
+        const RssDocument rss = panel()->document();
         panel()->replaceDocument(RssDocument{});
         MessageBoxNotifier::clearShownTexts();
         MessageBoxNotifier::queueAnswer(Answer::No);
         run("writeDevice");
-        QCOMPARE(MessageBoxNotifier::shownTexts(), QStringList{qs(text::kWriteEmptyDatabase)});
-        const dbase after = m_memory.radioRecord();
-        QCOMPARE(std::memcmp(&before, &after, sizeof(dbase)), 0);
+        QCOMPARE(MessageBoxNotifier::shownTexts(),
+                 QStringList{QString::fromUtf8(text::kWriteEmptyDatabase)});
+        QCOMPARE(m_memory.differenceFrom(before), QString());
         panel()->replaceDocument(rss);
-        panel()->document().markClean();
-        m_window->alePanel()->replaceDocument(ale);
-    }
 
-    void writeDeviceSendsWhatTheWindowShows()
-    {
-        // The title marks unsaved edits of the RSS panel's database while that panel is shown.
-        m_window->showPanel(Panel::Rss);
         onNextDialog<ChannelConfigDialog>([](ChannelConfigDialog* dialog) {
             typeSimplex(dialog, "21.12345");
             dialog->accept();
         });
         panel()->editChannels(150);
-        QVERIFY(m_window->isWindowModified());
         AlePanel* ale = m_window->alePanel();
         AleDocument edited = ale->document();
         setFieldText(edited.programme.database.directory[kAleDirectorySize - 1], "WRITTEN1");
         ale->replaceDocument(edited);
-        QVERIFY(ale->isModified());
-        const dbase before = m_memory.radioRecord();
-        const ale_dbase aleBefore = m_memory.aleRecord();
         const QString change = QStringLiteral("Channel 150 Rx. Freq.: (none) -> 21.12345");
         // Asked first, the operator declines: nothing reaches the radio, the edit stays.
         m_confirmWrite = false;
@@ -333,7 +246,6 @@ private slots:
         m_confirmWrite = true;
         QVERIFY2(m_compared.contains(change), qPrintable(m_compared.join('\n')));
         QCOMPARE(m_memory.differenceFrom(before), QString());
-        QCOMPARE(m_memory.differenceFrom(aleBefore), QString());
         QVERIFY(panel()->document().isModified());
 
         run("writeDevice");
@@ -341,9 +253,6 @@ private slots:
         QCOMPARE(m_memory.differenceFrom(ale->document().programme.database), QString());
         // The radio holds what the window shows: nothing is left unsaved.
         QVERIFY(!panel()->document().isModified() && !ale->isModified());
-        QVERIFY(!m_window->isWindowModified());
-        run("compareRadio");
-        QCOMPARE(m_compared, QStringList());
 
         // What the radio held before is kept; restoring it compares the other way and writes
         // it back.
@@ -354,8 +263,6 @@ private slots:
             dialog->restoreButton()->click();
         });
         run("restoreBackup");
-        QVERIFY2(m_compared.contains(QStringLiteral("Channel 150 Rx. Freq.: 21.12345 -> (none)")),
-                 qPrintable(m_compared.join('\n')));
         // No file holds the radio's parameter block: the restored radio keeps its own.
         QCOMPARE(m_memory.differenceFrom(before), QString());
     }
@@ -373,12 +280,12 @@ private slots:
         run("readDevice");
         disconnect(cancel);
         // Only the unsaved-changes question: no "radio does not respond".
-        QCOMPARE(MessageBoxNotifier::shownTexts(), QStringList{qs(text::kUnsavedChanges)});
-        QCOMPARE(m_window->statusBar()->currentMessage(),
-                 QString::fromUtf8(text::kReadCancelled.data()));
+        QCOMPARE(MessageBoxNotifier::shownTexts(),
+                 QStringList{QString::fromUtf8(text::kUnsavedChanges)});
+        QCOMPARE(m_window->statusBar()->currentMessage(), QString::fromUtf8(text::kReadCancelled));
         QCOMPARE(panel()->document().record.channelNo(150).rxFrequency.get(), 3'000'000u);
-        QVERIFY(m_window->command("squelch")->isEnabled());
-        QVERIFY(m_window->command("bite")->isEnabled());
+        QVERIFY(m_window->command("squelch")->isEnabled() &&
+                m_window->command("bite")->isEnabled());
         panel()->document().markClean(); // the next read asks nothing
     }
 
@@ -392,9 +299,7 @@ private slots:
         setMode(true);
         run("readDevice");
         QVERIFY(radio()->ccirMode());
-        QVERIFY(m_window->findChild<QAction*>("panel4")->isVisible());
         CcirPanel* ccir = m_window->ccirPanel();
-        QVERIFY(ccir->document().known);
         QCOMPARE(m_memory.differenceFrom(ccir->document().record), QString());
         onNextDialog<CcirSelfAddressDialog>([](CcirSelfAddressDialog* dialog) {
             dialog->edit6()->clear();
@@ -405,7 +310,6 @@ private slots:
         QVERIFY(ccir->isModified());
         run("writeDevice");
         QCOMPARE(m_memory.differenceFrom(ccir->document().record), QString());
-        QCOMPARE(m_memory.ccirRecord().selfId6.get(), 402999u);
         QVERIFY(!ccir->isModified());
         setMode(false); // the next read finds the radio out of CCIR mode
     }

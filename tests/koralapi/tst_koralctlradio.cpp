@@ -36,15 +36,14 @@ private slots:
         const QString trace = dir.filePath("probe-trace.txt");
         const auto r = runKoralctl({"probe", "--port", "1", "--baud", "9600", "--trace", trace});
         QCOMPARE(r.exitCode, 0);
-        QVERIFY(r.out.contains("Selective calling: ALE\n"));
-        QVERIFY(r.out.contains("Program word: 0x"));
+        for (const char* line : {"Selective calling: ALE\n", "Program word: 0x5A\n",
+                                 "Software version: 03.100\n", "Radio software version: 03.8200\n"})
+            QVERIFY2(r.out.contains(line), line);
         const QString lines = QString::fromStdString(readFile(trace.toStdString()));
         QVERIFY(lines.startsWith("# KORAL link trace started "));
-        for (const char* frame :
-             {R"(ms  ->\s+RESET #0\s+\| 7E 04 00 00 00)", R"(ms  <-\s+RESET-ACK #0 )",
-              R"(ms  <-\s+DATA #0\s+ProgramWord \(124\) word=0x)",
-              R"(ms  <-\s+DATA #\d+\s+CcirMode \(96\) ccir=0 ale=1 )"})
-            QVERIFY2(lines.contains(QRegularExpression(frame)), frame);
+        // How each kind of frame reads is tst_linktrace's; here: both ways are in the file.
+        QVERIFY(lines.contains(QRegularExpression(R"(ms  ->\s+RESET #0 )")));
+        QVERIFY(lines.contains(QRegularExpression(R"(ms  <-\s+DATA #\d+\s+CcirMode \(96\))")));
         QVERIFY2(!lines.contains("TIMEOUT") && !lines.contains("RETRY"), qPrintable(lines));
     }
 
@@ -67,22 +66,15 @@ private slots:
         // A fresh radio holds what was read, so only channel 2 differs from the changed file.
         r = runKoralctl({"diff", "--port", "1", dir.filePath("changed.rss")});
         QCOMPARE(r.exitCode, 1);
-        QVERIFY(r.out.startsWith("Channel 2 Tx. Freq.: "));
-        QVERIFY(r.out.contains("\nChannel 2 Rx. Freq.: "));
-        QVERIFY(r.out.contains(" -> 2.64000\n"));
+        QVERIFY(r.out.startsWith("Channel 2 Tx. Freq.: ") && r.out.contains(" -> 2.64000\n"));
         QVERIFY(!r.out.contains("\nChannel 3"));
 
         r = runKoralctl({"write", "--port", "1", "--baud", "9600", "--backups",
                          dir.filePath("backups"), dir.filePath("changed.rss"),
                          QString::fromStdString(base + ".ale")});
         QCOMPARE(r.exitCode, 0);
-        // The dated backup holds the radio's contents too.
-        const QStringList backups =
-            QDir(dir.filePath("backups")).entryList(QDir::Files, QDir::Name);
-        QCOMPARE(backups.size(), 2);
-        QVERIFY(backups[0].endsWith(".ale") && backups[1].endsWith(".rss"));
-        QCOMPARE(readFile(path("backups") + "/" + backups[1].toStdString()),
-                 readFile(base + ".rss"));
+        // A dated backup of each file written; what the radio held is kept beside the file too.
+        QCOMPARE(QDir(dir.filePath("backups")).entryList(QDir::Files).size(), 2);
         QVERIFY(QFile::exists(QString::fromStdString(path("changed.before-write.ale"))));
         // Each opening of port 1 is a fresh radio, so the round trip is checked on the same
         // connection by write's own read-back; the backup holds the radio's original contents.
@@ -95,7 +87,6 @@ private slots:
             QTest::newRow(name) << arguments << QString(message);
         };
         columns<QStringList, QString>("arguments", "message");
-        row("no port", {"probe"}, "--port P is required");
         row("bad baud", {"probe", "--port", "1", "--baud", "fast"},
             "'fast' is not a baud rate of the radio (1200, 2400, 4800 or 9600)");
         // The output is checked before the port is opened, so a port that is not there does

@@ -20,8 +20,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <cstring>
-#include <numeric>
 #include <set>
 #include <thread>
 
@@ -45,58 +43,47 @@ CRadioMessage built(const std::function<int(CRadioMessage*)>& build)
     return message;
 }
 
-Bytes payload(const CRadioMessage& message)
-{
-    return Bytes(message.payload(), message.payload() + message.GetLen());
-}
-
 // A virtual radio serving a pseudo-terminal or a TCP port from a thread of its own.
-class RadioHost
+struct RadioHost
 {
-public:
+    QThread thread;
+    QObject context;
+    RadioLine* line = nullptr;
+    VirtualRadio* radio = nullptr;
+    std::string portName;
+
+    void inThread(const std::function<void()>& work)
+    {
+        QMetaObject::invokeMethod(&context, work, Qt::BlockingQueuedConnection);
+    }
     explicit RadioHost(const QString& transport)
     {
-        m_thread.start();
-        m_context.moveToThread(&m_thread);
-        QMetaObject::invokeMethod(
-            &m_context,
-            [&] {
-                if (transport == "pty") {
-                    auto* pty = new PtyLine(&m_context);
-                    pty->open();
-                    m_line = pty;
-                } else {
-                    auto* tcp = new TcpLine(&m_context);
-                    tcp->listen(0);
-                    m_line = tcp;
-                }
-                m_radio = new VirtualRadio(m_line, &m_context);
-                m_radio->execute(SetBaud{kBaud});
-                m_portName = m_line->description().toStdString();
-            },
-            Qt::BlockingQueuedConnection);
+        thread.start();
+        context.moveToThread(&thread);
+        inThread([&] {
+            if (transport == "pty") {
+                auto* pty = new PtyLine(&context);
+                pty->open();
+                line = pty;
+            } else {
+                auto* tcp = new TcpLine(&context);
+                tcp->listen(0);
+                line = tcp;
+            }
+            radio = new VirtualRadio(line, &context);
+            radio->execute(SetBaud{kBaud});
+            portName = line->description().toStdString();
+        });
     }
     ~RadioHost()
     {
-        QMetaObject::invokeMethod(
-            &m_context,
-            [&] {
-                delete m_radio;
-                delete m_line;
-            },
-            Qt::BlockingQueuedConnection);
-        m_thread.quit();
-        m_thread.wait();
+        inThread([&] {
+            delete radio;
+            delete line;
+        });
+        thread.quit();
+        thread.wait();
     }
-    const std::string& portName() const { return m_portName; }
-    VirtualRadio* radio() const { return m_radio; }
-
-private:
-    QThread m_thread;
-    QObject m_context;
-    RadioLine* m_line = nullptr;
-    VirtualRadio* m_radio = nullptr;
-    std::string m_portName;
 };
 } // namespace
 
@@ -108,7 +95,7 @@ class TestLinkRadio : public QObject
     std::unique_ptr<MessageEngine> engine;
     std::atomic<VirtualRadio*> builtIn{nullptr};
 
-    VirtualRadio* radio() const { return host ? host->radio() : builtIn.load(); }
+    VirtualRadio* radio() const { return host ? host->radio : builtIn.load(); }
     void command(const ConsoleCommand& console) { radio()->executeFromAnyThread(console); }
 
     void run(const char* line) { command(*parseConsoleLine(line).command); }
@@ -119,15 +106,13 @@ class TestLinkRadio : public QObject
         return engine->SendRadioMessage(&message) != 0;
     }
 
-    CRadioMessage ask(int query, int reply)
+    // The payload of the answer to the library's query (empty when none comes).
+    Bytes ask(Query query, int reply)
     {
         CRadioMessage answer;
-        engine->LockGetMessage();
-        if (!send([&](CRadioMessage* m) { return m->setOpcodeAndLength(query, 0), 1; }) ||
-            !engine->GetMessageWithOpcode(&answer, reply)) {
-            qWarning("no answer %d to request %d", reply, query);
-        }
-        return answer;
+        if (!engine->request(built(query), reply, &answer))
+            return {};
+        return Bytes(answer.payload(), answer.payload() + answer.GetLen());
     }
 
     // The next unsolicited message of any of those opcodes, within 5 s.
@@ -167,7 +152,7 @@ class TestLinkRadio : public QObject
                 return false;
         } else {
             host = std::make_unique<RadioHost>(transport);
-            if (host->portName().empty() || !engine->OpenPortByName(host->portName(), kBaud))
+            if (host->portName.empty() || !engine->OpenPortByName(host->portName, kBaud))
                 return false;
         }
         return engine->ConnectSocket(kBaud, 1) != 0;
@@ -217,12 +202,24 @@ private slots:
     }
 
     // Every database reads as the radio holds it, and what is written comes back byte for
-    // byte; the progress counts every record byte. A progress answer of 0 stops a read at once.
+    // byte; the progress counts every record byte.
     void databasesRoundTrip_data() { addTransports(); }
     void databasesRoundTrip()
     {
         QFETCH(QString, transport);
         QVERIFY(open(transport));
+        // A progress answer of 0 stops a transfer at once: the call fails and the caller's
+        // record and the radio keep what they had (the reads below find the built-in contents).
+        // An operator who stops a read may start the next one at once: the blocks the radio
+        // still had on the way must not spoil it.
+        int calls = 0;
+        const ProgressCallback stopThird = [&](int) { return ++calls % 3 ? 1 : 0; };
+        std::vector<std::uint8_t> stopped(record::kAleDbaseSize, 0xEE);
+        QVERIFY(!writeTarget(engine.get(), TransferTarget::Ale, stopped, 0, {}, stopThird, 10, 0));
+        QVERIFY(!readTarget(engine.get(), TransferTarget::Radio,
+                            std::span(stopped).first(record::kDbaseSize), 0, {}, stopThird, 10));
+        QCOMPARE(calls, 6);
+        QVERIFY(std::ranges::count(stopped, 0xEE) == std::ssize(stopped));
         const RadioDatabases db = builtInDatabases();
         const std::pair<TransferTarget, std::span<const std::uint8_t>> targets[] = {
             {TransferTarget::Radio, db.radio},
@@ -247,15 +244,6 @@ private slots:
             QVERIFY(readTarget(engine.get(), target, back, 0, {}, {}, 10));
             QVERIFY(back == record);
         }
-        int calls = 0;
-        std::vector<std::uint8_t> record(record::kDbaseSize);
-        QVERIFY(!readTarget(
-            engine.get(), TransferTarget::Radio, record, 0, {},
-            [&](int) { return ++calls < 3 ? 1 : 0; }, 10));
-        QCOMPARE(calls, 3);
-        // An operator who stops a read may start the next one at once: the blocks the radio
-        // still had on the way must not spoil it.
-        QVERIFY(readTarget(engine.get(), TransferTarget::Radio, record, 0, {}, {}, 10));
     }
 
     // Faults end in failures within their bounds; the link recovers when they clear.
@@ -315,77 +303,6 @@ private slots:
         }
     }
 
-    // Paced at 9600 baud, reading the radio database takes at least the wire time of its
-    // bytes and not much more (the protocol's overhead); measured, reported, loosely bounded.
-    // Programming another baud rate into the radio then moves its line to that rate.
-    void pacedLineFollowsTheBaudRate()
-    {
-        installBuiltInRadio({true, [this](VirtualRadio& r) { builtIn = &r; }});
-        QVERIFY(engine->OpenComPort(1, 9600) && engine->ConnectSocket(9600, 1));
-        std::vector<std::uint8_t> bytes(record::kDbaseSize);
-        QElapsedTimer clock;
-        clock.start();
-        QVERIFY(readTarget(engine.get(), TransferTarget::Radio, bytes, 0, {}, {}, 10));
-        const double seconds = clock.nsecsElapsed() / 1e9;
-        const double wire = bytes.size() * 10.0 / 9600.0;
-        qInfo("radio database at 9600 baud: %.2f s, %.3f x the wire time", seconds, seconds / wire);
-        QVERIFY(seconds >= wire * 0.98 && seconds < wire * 2.0);
-
-        std::array<std::uint8_t, 14> options{0, 1, 50, 2, 5, 0, 5, 0, 0, 1, 1, 1, 2, 1};
-        QVERIFY(StartRADIOProgramming(engine.get()));
-        QVERIFY(WriteRADIOMemorySection(engine.get(), options.data(), 4288, int(options.size())));
-        QVERIFY(StopRADIOProgramming(engine.get()));
-        QVERIFY(radio()->executeFromAnyThread(ShowStatus{}).contains("line 4800 baud"));
-    }
-
-    void getMessageWaitsThenReportsState()
-    {
-        QVERIFY(open("pipe"));
-        CRadioMessage message;
-        QElapsedTimer clock;
-        clock.start();
-        QCOMPARE(engine->GetMessage(&message, 1), 0);
-        QVERIFY(clock.elapsed() >= 100); // it waits, so a worker loop does not spin
-        QVERIFY(clock.elapsed() < 1000);
-        QCOMPARE(engine->GetMessage(&message, 0), 0);
-        QCOMPARE(engine->GetMessage(nullptr, 1), -1);
-        engine->DisconnectSocket(1);
-        engine->CloseComPort();
-        QCOMPARE(engine->IsPortOpen(), 0);
-        QCOMPARE(engine->GetMessage(&message, 1), -1);
-        QCOMPARE(engine->CloseComPort(), 1); // harmless when closed
-        QCOMPARE(engine->DisconnectSocket(1), 1);
-    }
-
-    // A progress callback that answers 0 stops the transfer at once and the call fails; the
-    // caller's record and the radio keep what they had and the link stays usable.
-    void progressZeroStopsTransfer_data()
-    {
-        QTest::addColumn<bool>("writing");
-        QTest::newRow("read") << false;
-        QTest::newRow("write") << true;
-    }
-    void progressZeroStopsTransfer()
-    {
-        QFETCH(bool, writing);
-        QVERIFY(open("pipe"));
-        int calls = 0;
-        const ProgressCallback stopSecond = [&](int) { return ++calls < 2 ? 1 : 0; };
-        std::vector<std::uint8_t> record(record::kAleDbaseSize, 0xEE);
-        const int result =
-            writing
-                ? writeTarget(engine.get(), TransferTarget::Ale, record, 0, {}, stopSecond, 10, 0)
-                : readTarget(engine.get(), TransferTarget::Ale, record, 0, {}, stopSecond, 10);
-        QCOMPARE(result, 0);
-        QCOMPARE(calls, 2);
-        QVERIFY(record == std::vector<std::uint8_t>(record::kAleDbaseSize, 0xEE));
-        unsigned char word = 0;
-        QVERIFY(ReadProgramWord(engine.get(), &word));
-        QVERIFY(readTarget(engine.get(), TransferTarget::Ale, record, 0, {}, {}, 10));
-        convertByteOrder(TransferTarget::Ale, record);
-        QVERIFY(std::equal(record.begin(), record.end(), builtInDatabases().ale.begin()));
-    }
-
     // The wait for a reply that never comes (the radio answers something else) ends in time.
     void unansweredQueryFailsAfterReplyBound()
     {
@@ -404,8 +321,7 @@ private slots:
     {
         QVERIFY(open("pipe"));
         std::array<std::uint8_t, 13> record{1, 2, 3};
-        const std::uint32_t tx = 12345678;
-        std::memcpy(record.data() + 3, &tx, 4);
+        qToUnaligned(std::uint32_t(12345678), record.data() + 3);
         QVERIFY(ProgramChannelNumberN(engine.get(), reinterpret_cast<channel*>(record.data()), 3));
         QVERIFY(
             !ProgramChannelNumberN(engine.get(), reinterpret_cast<channel*>(record.data()), 201));
@@ -422,7 +338,6 @@ private slots:
         QTest::newRow("no virtual radio installed") << "virtual";
         QTest::newRow("missing device") << "/dev/koral-no-such-device";
         QTest::newRow("nobody listening") << "tcp:127.0.0.1:1";
-        QTest::newRow("malformed tcp") << "tcp:nohost";
     }
     void openFailures()
     {
@@ -435,101 +350,69 @@ private slots:
         QVERIFY(!engine->lastError().empty());
         QCOMPARE(engine->ConnectSocket(9600, 1), 0);
         QVERIFY(!send(ReportSquelchState));
+        CRadioMessage message;
+        QCOMPARE(engine->GetMessage(&message, 1), -1);
+        QCOMPARE(engine->CloseComPort(), 1); // harmless when closed
+        QCOMPARE(engine->DisconnectSocket(1), 1);
     }
 
     // The virtual radio against the real radio library: every answer the program relies on,
     // state kept between requests, events and faults.
     // The first exchange of a session: capabilities and the radio's current state, each asked
-    // with the library's own request and answered with the opcode the library waits for.
+    // with the library's own request and answered with the opcode the library waits for; a
+    // setting changed by one request (opcode, then payload) is what the next query reports.
     void answersQueries_data()
     {
-        columns<Query, int, Bytes>("query", "reply", "expected");
-        const auto row = [](const char* name, Query query, int reply, const Bytes& expected) {
-            QTest::newRow(name) << query << reply << expected;
+        columns<Bytes, Query, int, Bytes>("setting", "query", "reply", "expected");
+        const auto row = [](const char* name, const Bytes& setting, Query query, int reply,
+                            const Bytes& expected) {
+            QTest::newRow(name) << setting << query << reply << expected;
         };
-        row("support mode: members and options", ReportRadioSupportMode, op::SupportMode, {1});
-        row("CCIR mode: ALE radio, ALE on", ReportCcirMode, op::CcirMode, {0, 1});
-        row("ISB off", ReportIsbMode, op::IsbMode, {0});
-        row("operation mode ALE", ReportRadioOperationMode, op::OperationMode, {2});
-        row("ALE on", ReportAleON_OFF, op::AleOnOff, {1});
-        row("active channel 1, not scanning", ReportActiveChannel, op::ActiveChannel, {0, 1});
-        row("squelch off", ReportSquelchState, op::SquelchState, {0});
-        row("monitor off", ReportMonitorState, op::MonitorState, {0});
-        row("DSP: level 0, blanker on", ReportDspMenuParameters, op::DspParameters, {0, 0, 1, 0});
-        row("clarifier off", ReportClarifierPosition, op::ClarifierPosition, {0, 0});
+        row("support mode: members and options", {}, ReportRadioSupportMode, op::SupportMode, {1});
+        row("CCIR mode: ALE radio, ALE on", {}, ReportCcirMode, op::CcirMode, {0, 1});
+        row("operation mode ALE", {}, ReportRadioOperationMode, op::OperationMode, {2});
+        row("ALE on", {}, ReportAleON_OFF, op::AleOnOff, {1});
+        row("monitor off", {}, ReportMonitorState, op::MonitorState, {0});
+        row("DSP: level 0, blanker on", {}, ReportDspMenuParameters, op::DspParameters,
+            {0, 0, 1, 0});
+        row("squelch on", {op::SetSquelch, 0, 1}, ReportSquelchState, op::SquelchState, {2});
+        row("DSP: 255 leaves a value unchanged", {op::SetDspParameters, 0, 4, 255, 0, 255, 1},
+            ReportDspMenuParameters, op::DspParameters, {4, 0, 0, 0});
+        row("clarifier minus 20", {op::SetClarifier, 0, 2, 20}, ReportClarifierPosition,
+            op::ClarifierPosition, {2, 20});
+        row("unprogrammed channel 150 is refused, channel stays", {op::SetActiveChannel, 0, 150},
+            ReportActiveChannel, op::ActiveChannel, {0, 1});
+        row("group scan B", {op::SetScanMode, 1, 1, 1}, ReportRadioOperationMode, op::OperationMode,
+            {1});
+        row("ISB channel 38 is not ISB", {op::SetActiveChannel, 0, 38}, ReportIsbMode, op::IsbMode,
+            {0});
     }
     void answersQueries()
     {
         QVERIFY(open("pipe"));
-        auto [query, reply, expected] = fetch<Query, int, Bytes>("query", "reply", "expected");
-        CRadioMessage answer;
-        QVERIFY(engine->request(built(query), reply, &answer));
-        QCOMPARE(payload(answer), expected);
+        auto [setting, query, reply, expected] =
+            fetch<Bytes, Query, int, Bytes>("setting", "query", "reply", "expected");
+        QVERIFY(setting.empty() || send([&](CRadioMessage* m) {
+                    m->setOpcodeAndLength(setting[0], setting.size() - 1);
+                    std::copy(setting.begin() + 1, setting.end(), m->payload());
+                    return 1;
+                }));
+        QCOMPARE(ask(query, reply), expected);
     }
 
-    // A setting changed by one request is what the next query reports.
-    void keepsSettings_data()
-    {
-        columns<int, Bytes, int, int, Bytes>("setting", "settingPayload", "query", "reply",
-                                             "expected");
-        const auto row = [](const char* name, int setting, const Bytes& settingPayload, int query,
-                            int reply, const Bytes& expected) {
-            QTest::newRow(name) << setting << settingPayload << query << reply << expected;
-        };
-        row("squelch on", op::SetSquelch, {0, 1}, op::QuerySquelch, op::SquelchState, {2});
-        row("DSP: 255 leaves a value unchanged", op::SetDspParameters, {0, 4, 255, 0, 255, 1},
-            op::QueryDspParameters, op::DspParameters, {4, 0, 0, 0});
-        row("clarifier minus 20", op::SetClarifier, {0, 2, 20}, op::QueryClarifier,
-            op::ClarifierPosition, {2, 20});
-        row("channel 12", op::SetActiveChannel, {0, 12}, op::QueryActiveChannel, op::ActiveChannel,
-            {0, 12});
-        row("unprogrammed channel 150 is refused, channel stays", op::SetActiveChannel, {0, 150},
-            op::QueryActiveChannel, op::ActiveChannel, {0, 1});
-        row("group scan B", op::SetScanMode, {1, 1, 1}, op::QueryOperationMode, op::OperationMode,
-            {1});
-        row("ISB channel 38 is not ISB", op::SetActiveChannel, {0, 38}, op::QueryIsbMode,
-            op::IsbMode, {0});
-    }
-    void keepsSettings()
-    {
-        QVERIFY(open("pipe"));
-        auto [setting, settingPayload, query, reply, expected] = fetch<int, Bytes, int, int, Bytes>(
-            "setting", "settingPayload", "query", "reply", "expected");
-        QVERIFY(send([&](CRadioMessage* m) {
-            m->setOpcodeAndLength(setting, settingPayload.size());
-            std::copy(settingPayload.begin(), settingPayload.end(), m->payload());
-            return 1;
-        }));
-        QCOMPARE(payload(ask(query, reply)), expected);
-    }
-
-    // Changing the channel reports it (46) with its frequencies, and the current channel reads
-    // back with them in host order; the monitor reports 89. Program word and versions too.
+    // The current channel reads back with its frequencies in host order (the report of a
+    // change is repliesStayApartFromReports'); the monitor reports 89. The program word and
+    // versions are tst_koralctlradio's probe.
     void channelChangeIsReportedAndRead()
     {
         QVERIFY(open("pipe"));
         QVERIFY(send([](CRadioMessage* m) { return SetActiveChannel(m, 0, 7); }));
-        const CRadioMessage report = waitFor(op::ChannelReport);
-        QCOMPARE(Bytes(report.payload(), report.payload() + 2), (Bytes{0, 7}));
-        QCOMPARE(report.get32(9), 4125000u);
-        QCOMPARE(report.get32(13), 4125000u);
         std::array<std::uint8_t, 13> channel{};
         QVERIFY(
             ReadCurrentChannel(engine.get(), reinterpret_cast<koral::channel*>(channel.data())));
-        std::uint32_t tx = 0;
-        std::memcpy(&tx, channel.data() + 3, 4);
-        QCOMPARE(tx, 4125000u);
-
+        QCOMPARE(qFromUnaligned<std::uint32_t>(channel.data() + 3), 4125000u);
         QVERIFY(send([](CRadioMessage* m) { return SetMonitorOnOff(m, 0, 1); }));
         QCOMPARE(waitFor(op::MonitorState)[6], std::uint8_t(1));
-
-        unsigned char text[16] = {};
-        QVERIFY(ReadProgramWord(engine.get(), text));
-        QCOMPARE(text[0], 0x5A);
-        QVERIFY(ReadSoftwareVersion(engine.get(), text));
-        QCOMPARE(QByteArray(reinterpret_cast<char*>(text)), QByteArray("03.100"));
-        QVERIFY(ReadRadioSoftwareVersion(engine.get(), text));
-        QCOMPARE(QByteArray(reinterpret_cast<char*>(text)), QByteArray("03.8200"));
     }
 
     // An ALE radio keeps no CCIR database; in CCIR mode it has one, and no ALE scanning.
@@ -541,9 +424,9 @@ private slots:
         QVERIFY(!readTarget(engine.get(), TransferTarget::Ccir, ccir, 0, {}, {}, 10));
         run("mode ccir");
         run("support off");
-        QCOMPARE(payload(ask(op::QueryCcirMode, op::CcirMode)), (Bytes{1, 0}));
-        QCOMPARE(payload(ask(op::QueryOperationMode, op::OperationMode)), Bytes{3});
-        QCOMPARE(payload(ask(op::QuerySupportMode, op::SupportMode)), Bytes{0});
+        QCOMPARE(ask(ReportCcirMode, op::CcirMode), (Bytes{1, 0}));
+        QCOMPARE(ask(ReportRadioOperationMode, op::OperationMode), Bytes{3});
+        QCOMPARE(ask(ReportRadioSupportMode, op::SupportMode), Bytes{0});
         QVERIFY(readTarget(engine.get(), TransferTarget::Ccir, ccir, 0, {}, {}, 10));
         QCOMPARE(readU16(ccir, 0), std::uint16_t(4417));
         QVERIFY(!readTarget(engine.get(), TransferTarget::ExtraOptions, extra, 0, {}, {}, 10));
@@ -556,24 +439,27 @@ private slots:
         QVERIFY(send([](CRadioMessage* m) { return SetSquelchOnOff(m, 0, 1); }));
         QVERIFY(send([](CRadioMessage* m) { return SetClarifier(m, 0, 1, 50); }));
         QVERIFY(send([](CRadioMessage* m) { return PerformReset(m); }));
-        QCOMPARE(payload(ask(op::QuerySquelch, op::SquelchState)), Bytes{0});
-        QCOMPARE(payload(ask(op::QueryClarifier, op::ClarifierPosition)), (Bytes{0, 0}));
+        QCOMPARE(ask(ReportSquelchState, op::SquelchState), Bytes{0});
+        QCOMPARE(ask(ReportClarifierPosition, op::ClarifierPosition), (Bytes{0, 0}));
     }
 
-    // Memory programming takes effect only when programming stops.
+    // Memory programming takes effect only when programming stops; a new baud rate moves the
+    // radio's line to that rate.
     void memoryProgramming()
     {
         QVERIFY(open("pipe"));
-        std::array<std::uint8_t, 14> options{};
-        options[1] = 5; // priority channel 5, radio order
+        std::array<std::uint8_t, 14> options{0, 5, 50, 2, 5, 0, 5, 0, 0, 1, 1, 1, 2, 1};
+        command(SetBaud{kBaud}); // a paced line: only that follows the programmed rate
         QVERIFY(!WriteRADIOMemorySection(engine.get(), options.data(), 4288, 14));
         QVERIFY(StartRADIOProgramming(engine.get()));
         QVERIFY(WriteRADIOMemorySection(engine.get(), options.data(), 4288, 14));
         QVERIFY(StopRADIOProgramming(engine.get()));
-        std::vector<std::uint8_t> radio(RadioDatabases::kRadioSize);
-        QVERIFY(readTarget(engine.get(), TransferTarget::Radio, radio, 0, {}, {}, 10));
-        QCOMPARE(radio[4288 + 0], std::uint8_t(5)); // host order again
-        QCOMPARE(radio[4288 + 1], std::uint8_t(0));
+        QVERIFY(radio()->executeFromAnyThread(ShowStatus{}).contains("line 4800 baud"));
+        command(SetBaud{0}); // unpaced again, for a quick read-back
+        std::vector<std::uint8_t> bytes(RadioDatabases::kRadioSize);
+        QVERIFY(readTarget(engine.get(), TransferTarget::Radio, bytes, 0, {}, {}, 10));
+        QCOMPARE(bytes[4288 + 0], std::uint8_t(5)); // priority channel 5, host order again
+        QCOMPARE(bytes[4288 + 1], std::uint8_t(0));
     }
 
     void incomingCalls_data()
@@ -583,7 +469,6 @@ private slots:
             QTest::newRow(line) << QString(line) << opcode << QByteArray(address)
                                 << QByteArray(text);
         };
-        row("call station STN1 \"HELLO\"", op::IncomingStationCall, "STN1", "HELLO");
         row("call net HQ channel 12", op::IncomingNetCall, "HQ", "");
         row("call all SHIP7 \"QSY NOW\"", op::IncomingPriorityCall, "SHIP7", "QSY NOW");
     }
@@ -598,9 +483,8 @@ private slots:
         QCOMPARE(call[7], std::uint8_t(line.contains("channel 12") ? 12 : 1));
         QCOMPARE(call[9], std::uint8_t(text.isEmpty() ? 0 : 1));
         QCOMPARE(QByteArray(reinterpret_cast<const char*>(call.bytes.data() + 10)), address);
-        if (!text.isEmpty()) {
+        if (!text.isEmpty())
             QCOMPARE(QByteArray(reinterpret_cast<const char*>(call.bytes.data() + 26)), text);
-        }
     }
 
     // A station call to a known station shows progress, then the link and its channel.
@@ -636,19 +520,15 @@ private slots:
         const int steps = line.back().digitValue();
         run(line.toLatin1().constData());
         int seen = 0;
-        for (;;) {
-            const CRadioMessage message = nextOf({op::LinkStatusValue, progress, op::LinkResult});
-            if (message.GetOpcode() == op::LinkStatusValue) {
-                QCOMPARE(message[6], std::uint8_t(4)); // link-quality indicator on
-                QCOMPARE(progress, int(op::BiDirectionalProgress));
-            } else if (message.GetOpcode() == progress) {
-                ++seen;
-                QVERIFY(message[6] >= 1 && message[6] <= 200);
-            } else {
-                QCOMPARE(int(message[6]), endCode);
-                break;
-            }
+        CRadioMessage m;
+        while ((m = nextOf({op::LinkStatusValue, progress, op::LinkResult})).GetOpcode() ==
+                   progress ||
+               m.GetOpcode() == op::LinkStatusValue) {
+            // Progress counts up; only an exchange both ways turns the link-quality indicator on.
+            QVERIFY(m.GetOpcode() == progress ? ++seen && m[6] >= 1 && m[6] <= 200
+                                              : m[6] == 4 && progress == op::BiDirectionalProgress);
         }
+        QCOMPARE(int(m[6]), endCode);
         QCOMPARE(seen, steps);
     }
 
@@ -666,11 +546,9 @@ private slots:
             visited.insert(report[7]);
         }
         QVERIFY(visited.size() >= 2);
-        for (int channel : visited) {
-            QVERIFY2(channel >= 11 && channel <= 20, qPrintable(QString::number(channel)));
-        }
+        QVERIFY(*visited.begin() >= 11 && *visited.rbegin() <= 20); // group A
         QVERIFY(send([](CRadioMessage* m) { return SetRadioScanMode(m, 1, 0, 0); }));
-        QCOMPARE(payload(ask(op::QueryActiveChannel, op::ActiveChannel))[0], 0);
+        QCOMPARE(ask(ReportActiveChannel, op::ActiveChannel).at(0), 0); // not scanning
     }
 
     void rejectsCommandOnRequest()
@@ -722,9 +600,8 @@ private slots:
     void frontPanelKeys()
     {
         QVERIFY(open("pipe"));
-        for (int key : {14, 24, 15, 24, 11}) { // "1", release, "2", release, Enter
+        for (int key : {14, 24, 15, 24, 11}) // "1", release, "2", release, Enter
             QVERIFY(send([&](CRadioMessage* m) { return ReportControlHeadKeyboard(m, key); }));
-        }
         QCOMPARE(waitFor(op::ChannelReport)[7], std::uint8_t(12));
         for (std::uint8_t state : {0, 1}) {
             QVERIFY(send([](CRadioMessage* m) { return ReportControlHeadKeyboard(m, 7); }));
@@ -742,19 +619,18 @@ private slots:
             return QByteArray::number(report[6]) + ":" +
                    QByteArray(reinterpret_cast<const char*>(report.bytes.data() + 7));
         };
-        const auto ask = [this](int on) {
+        const auto report = [this](int on) {
             QVERIFY(send([on](CRadioMessage* m) {
                 return EnableDisableSpecialReport(m, 0, on, op::DisplayReport);
             }));
         };
-        ask(1);
-        QVERIFY(line().startsWith("0:CHAN"));
-        QVERIFY(line().startsWith("1:RX "));
-        QVERIFY(line().startsWith("2:SQL OFF"));
+        report(1);
+        for (const char* start : {"0:CHAN", "1:RX ", "2:SQL OFF"})
+            QVERIFY(line().startsWith(start));
         QVERIFY(send([](CRadioMessage* m) { return SetActiveChannel(m, 0, 12); }));
         QCOMPARE(line(), QByteArray("0:CHAN        CH 012"));
         QVERIFY(line().startsWith("1:RX 5.81500"));
-        ask(0);
+        report(0);
         QVERIFY(send([](CRadioMessage* m) { return SetRadioScanMode(m, 1, 1, 0); }));
         QVERIFY(send([](CRadioMessage* m) { return ReportControlHeadKeyboard(m, 23); }));
         // Nothing in between: the next line is the key's answer, the whole menu.
@@ -766,7 +642,7 @@ private slots:
     {
         QVERIFY(open("pipe"));
         run("fault answer-once");
-        QVERIFY(ask(op::QuerySquelch, op::SquelchState).GetOpcode() == op::SquelchState);
+        QCOMPARE(ask(ReportSquelchState, op::SquelchState), Bytes{0});
         engine->LockGetMessage();
         QVERIFY(!send([](CRadioMessage* m) { return ReportSquelchState(m); }));
     }
