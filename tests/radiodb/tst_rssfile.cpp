@@ -237,6 +237,10 @@ private slots:
         QVERIFY(std::filesystem::is_empty(path("busy.rss")));
         for (const auto& entry : std::filesystem::directory_iterator(m_dir.root()))
             QVERIFY(entry.path().filename().string().find(".tmp") == std::string::npos);
+        // Once the folder is gone, what is saved there reads back through the same file.
+        std::filesystem::remove(path("busy.rss"));
+        QCOMPARE(blocked.save(info, dbase{}, false), RssFile::kOk);
+        QCOMPARE(blocked.load(&info, nullptr, nullptr), RssFile::kOk);
     }
 
     void brokenFilesLoadSanitised_data()
