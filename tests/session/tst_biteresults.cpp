@@ -56,6 +56,8 @@ private slots:
         const std::vector<BiteRow> expected{
             {1, BiteResult::Passed}, {14, BiteResult::Failed}, {39, BiteResult::UnableToPerform}};
         QVERIFY(result.rows == expected);
+        // Every reported item has its name, the last one too; nothing past it has one.
+        QVERIFY(!biteItemName(39).empty() && biteItemName(40).empty());
     }
 
     void progressFromDots_data()
