@@ -1,8 +1,8 @@
 // The link suite against the virtual radio, written once and run over the in-process pipe
 // (the built-in port 1), a real pseudo-terminal and TCP; how the radio is served: a built-in
-// radio that outlives its port, pacing at the baud rate; the engine's own logic: waits that
-// end, what a stopped transfer leaves behind, the typed calls, ports that do not open; and
-// the virtual radio's answers, state, events and faults as the radio library sees them.
+// radio that outlives its port, a paced line that follows a programmed baud rate; the engine's
+// own logic: waits that end, what a stopped transfer leaves behind, ports that do not open;
+// and the virtual radio's answers, state, events and faults as the radio library sees them.
 
 #include "koralapi/KoralApi.h"
 #include "radiosim/BuiltInContents.h"
